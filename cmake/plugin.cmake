@@ -1,0 +1,26 @@
+# The plug-in: a VST3 module, and a Standalone application for development.
+juce_add_plugin(KestrelEQ
+    PLUGIN_NAME "Kestrel EQ"
+    PRODUCT_NAME KestrelEQ
+    COMPANY_NAME Quillon
+    BUNDLE_ID com.quillon.kestreleq
+    PLUGIN_MANUFACTURER_CODE Quil
+    PLUGIN_CODE KsEq
+    VERSION ${PROJECT_VERSION}
+    DESCRIPTION "Two-lane stereo equaliser"
+    FORMATS VST3 Standalone
+    VST3_CATEGORIES Fx EQ
+    VST3_AUTO_MANIFEST TRUE
+    IS_SYNTH FALSE
+    NEEDS_MIDI_INPUT FALSE
+    NEEDS_MIDI_OUTPUT FALSE
+    IS_MIDI_EFFECT FALSE
+    EDITOR_WANTS_KEYBOARD_FOCUS FALSE
+    COPY_PLUGIN_AFTER_BUILD FALSE)
+
+# juce_add_plugin links the framework's modules into the target, as sources to compile. They are compiled already.
+set_property(TARGET KestrelEQ PROPERTY LINK_LIBRARIES "")
+set_property(TARGET KestrelEQ PROPERTY INTERFACE_LINK_LIBRARIES "")
+target_sources(KestrelEQ PRIVATE editor/PluginEntry.cpp)
+target_link_libraries(KestrelEQ PUBLIC kestrel_engine kestrel_editor kestrel_framework)
+kestrel_warnings(KestrelEQ)

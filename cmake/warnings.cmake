@@ -1,0 +1,11 @@
+# Warnings for our own sources; they are errors. The framework's sources are built without (see framework.cmake).
+function(kestrel_warnings target)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /WX /permissive-)
+    else()
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Werror
+            -Wshadow -Wconversion -Wsign-conversion -Wdouble-promotion -Wold-style-cast -Wcast-align -Wcast-qual
+            -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wundef -Wnull-dereference -Wimplicit-fallthrough)
+    endif()
+endfunction()
