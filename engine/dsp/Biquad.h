@@ -1,0 +1,120 @@
+#pragma once
+
+#include "engine/dsp/BiquadDesigner.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <complex>
+#include <cstddef>
+#include <span>
+
+namespace kestreleq::dsp
+{
+
+/** Added to a filter's state so that a decaying tail never becomes denormal. A single-precision constant. */
+inline constexpr double antiDenormal = static_cast<double> (1e-25f);
+
+/** One second-order section in transposed direct form II. Coefficients as designed; state and recursion in double
+    precision, because single-precision state is wrong by -64 dB on the low bands. */
+class BiquadSection
+{
+public:
+    void setCoefficients (const BiquadCoefficients& newCoefficients) { coefficients = newCoefficients; }
+
+    /** Designs and takes the section; a design that fails leaves the coefficients as they were. */
+    void design (const SectionSettings& settings, double sampleRate)
+    {
+        if (const auto designed = designSection (settings, sampleRate))
+            coefficients = *designed;
+    }
+
+    void reset() { s1 = s2 = 0.0; }
+
+    /** One sample. A value that is not finite, in or out, clears the state and gives 0. */
+    double process (double x)
+    {
+        if (! (std::isfinite (x) && std::isfinite (s1) && std::isfinite (s2)))
+            return clear();
+
+        const auto& c = coefficients;
+        const auto y = c.b0 * x + s1;
+        const auto next1 = c.b1 * x - c.a1 * y + s2;
+        auto next2 = c.b2 * x - c.a2 * y;
+
+        if (x != 0.0 || next1 != 0.0 || next2 != 0.0)
+            next2 += antiDenormal;
+
+        if (! (std::isfinite (y) && std::isfinite (next1) && std::isfinite (next2)))
+            return clear();
+
+        s1 = next1;
+        s2 = next2;
+        return y;
+    }
+
+    /** The transfer function at a frequency in Hz. */
+    std::complex<double> response (double frequency, double sampleRate) const
+    {
+        return responseAt (coefficients, frequency, sampleRate);
+    }
+
+private:
+    double clear()
+    {
+        reset();
+        return 0.0;
+    }
+
+    BiquadCoefficients coefficients;
+    double s1 = 0.0;
+    double s2 = 0.0;
+};
+
+/** Up to four sections in series. */
+class BiquadCascade
+{
+public:
+    static constexpr std::size_t maxSections = 4;
+
+    /** Redesigns all sections, one for each of at most four settings, and clears their state. */
+    void design (std::span<const SectionSettings> settings, double sampleRate)
+    {
+        count = std::min (settings.size(), maxSections);
+
+        for (std::size_t i = 0; i < count; ++i)
+            sections[i].design (settings[i], sampleRate);
+
+        reset();
+    }
+
+    void reset()
+    {
+        for (auto& section : sections)
+            section.reset();
+    }
+
+    double process (double x)
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            x = sections[i].process (x);
+
+        return x;
+    }
+
+    std::complex<double> response (double frequency, double sampleRate) const
+    {
+        std::complex<double> product = 1.0;
+
+        for (std::size_t i = 0; i < count; ++i)
+            product *= sections[i].response (frequency, sampleRate);
+
+        return product;
+    }
+
+private:
+    std::array<BiquadSection, maxSections> sections;
+    std::size_t count = 0;
+};
+
+} // namespace kestreleq::dsp

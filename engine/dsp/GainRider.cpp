@@ -1,0 +1,108 @@
+#include "engine/dsp/GainRider.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace kestreleq::dsp
+{
+namespace
+{
+
+constexpr double leastGain = -80.0;
+constexpr double greatestGain = 24.0;
+constexpr double leastLevel = -100.0;
+constexpr double gateLevel = -80.0; // the gain holds still at and below this level
+
+double limitedOr (double fallback, double value, double least, double greatest)
+{
+    return std::isfinite (value) ? std::clamp (value, least, greatest) : fallback;
+}
+
+} // namespace
+
+void GainRider::prepare (double newSampleRate, int newNumChannels)
+{
+    sampleRate = std::isfinite (newSampleRate) && newSampleRate >= 8000.0 ? newSampleRate : 48000.0;
+    numChannels = std::clamp (newNumChannels, 1, 64);
+}
+
+void GainRider::setTarget (double decibels)
+{
+    target = limitedOr (-18.0, decibels, -60.0, 0.0);
+}
+
+void GainRider::setRate (double decibelsPerSecond)
+{
+    rate = limitedOr (6.0, decibelsPerSecond, 0.0, 60.0);
+}
+
+void GainRider::reset (double decibels)
+{
+    setGain (limitedOr (0.0, decibels, leastGain, greatestGain));
+}
+
+void GainRider::setGain (double decibels)
+{
+    if (decibels == gain)
+        return;
+
+    gain = decibels;
+    linear = std::pow (10.0, gain / 20.0);
+}
+
+double GainRider::levelOf (std::span<float* const> channels, int numSamples) const
+{
+    double sum = 0.0;
+    std::int64_t count = 0;
+
+    for (const auto* channel : channels)
+    {
+        for (int n = 0; n < numSamples; ++n)
+        {
+            const auto x = static_cast<double> (channel[n]);
+
+            if (std::isfinite (x))
+            {
+                sum += x * x;
+                ++count;
+            }
+        }
+    }
+
+    const auto rms = count > 0 ? std::sqrt (sum / static_cast<double> (count)) : 0.0;
+
+    return rms > 0.0 ? std::max (leastLevel, 20.0 * std::log10 (rms)) : leastLevel;
+}
+
+void GainRider::process (std::span<float* const> channels, int numSamples)
+{
+    channels = channels.first (std::min (channels.size(), static_cast<std::size_t> (numChannels)));
+
+    if (channels.empty() || numSamples < 1 ||
+        static_cast<std::int64_t> (channels.size()) * numSamples > std::numeric_limits<std::int32_t>::max())
+        return;
+
+    measuredLevel = levelOf (channels, numSamples);
+
+    if (! frozen && measuredLevel > gateLevel)
+    {
+        const auto desired = std::clamp (target - measuredLevel, leastGain, greatestGain);
+        const auto step = numSamples / sampleRate * rate;
+        setGain (std::clamp (gain + std::clamp (desired - gain, -step, step), leastGain, greatestGain));
+    }
+
+    const auto factor = static_cast<float> (linear);
+
+    for (auto* channel : channels)
+    {
+        for (int n = 0; n < numSamples; ++n)
+        {
+            const auto y = channel[n] * factor;
+            channel[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
+        }
+    }
+}
+
+} // namespace kestreleq::dsp
