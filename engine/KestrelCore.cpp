@@ -1,0 +1,135 @@
+#include "engine/KestrelCore.h"
+
+#include "engine/parameters/ParameterLayout.h"
+
+#include <algorithm>
+
+namespace kestreleq
+{
+namespace
+{
+
+constexpr double riderTarget = -18.0; // dB
+constexpr double riderRate = 6.0;     // dB per second
+
+} // namespace
+
+KestrelCore::KestrelCore (juce::AudioProcessor& processor)
+    : tree (processor, &undoManager, "Parameters", createParameterLayout()),
+      values (tree),
+      links (tree)
+{
+}
+
+void KestrelCore::setAllParameters (
+    const std::array<float, numParameters>& newValues, const juce::String& operationName)
+{
+    undoManager.beginNewTransaction (operationName);
+
+    for (std::size_t i = 0; i < numParameters; ++i)
+    {
+        auto& parameter = *tree.getParameter (parameterTable[i].id);
+        parameter.beginChangeGesture();
+        parameter.setValueNotifyingHost (newValues[i]);
+        parameter.endChangeGesture();
+    }
+}
+
+void KestrelCore::prepare (double sampleRate, int blockSize)
+{
+    engine.prepare (sampleRate);
+
+    for (auto* rider : { &inputRider, &outputRider })
+    {
+        rider->prepare (sampleRate, static_cast<int> (numLanes));
+        rider->setTarget (riderTarget);
+        rider->setRate (riderRate);
+        rider->reset();
+    }
+
+    monoScratch.resize (static_cast<std::size_t> (blockSize));
+    prepared = true;
+}
+
+void KestrelCore::readParameters()
+{
+    parameters.bypass = values.isOn (Parameter::bypass);
+    parameters.link = values.isOn (Parameter::link);
+    parameters.midSide = values.isOn (Parameter::msMode);
+    parameters.breakMode = values.isOn (Parameter::breakMode);
+    parameters.trim = values[Parameter::trim];
+    inputAutoGain = values.isOn (Parameter::inAutoGain);
+    outputAutoGain = values.isOn (Parameter::outAutoGain);
+
+    for (std::size_t i = 0; i < numLanes; ++i)
+    {
+        const auto source = parameters.link ? 0 : i;
+        auto& lane = parameters.lanes[i];
+
+        for (std::size_t band = 0; band < numBands; ++band)
+            lane.bands[band] = values[bandParameter (source, band)];
+
+        lane.airAmount = values[onLane (Parameter::airGain, source)];
+        lane.airStep = values[onLane (Parameter::airBand, source)];
+        lane.bypass = values.isOn (source == 0 ? Parameter::laneABypass : Parameter::laneBBypass);
+
+        // A rider takes the place of its stage, whose gains then stay at what they last were.
+        if (! inputAutoGain)
+            lane.inputGain =
+                values[source == 0 || values.isOn (Parameter::inGainLink) ? Parameter::inGain1 : Parameter::inGain2];
+
+        if (! outputAutoGain)
+            lane.outputGain =
+                values[source == 0 || values.isOn (Parameter::outGainLink) ? Parameter::outGain1 : Parameter::outGain2];
+    }
+}
+
+void KestrelCore::process (juce::AudioBuffer<float>& buffer)
+{
+    const auto numChannels = buffer.getNumChannels();
+    const auto numSamples = buffer.getNumSamples();
+
+    if (numChannels == 0 || numSamples == 0)
+        return;
+
+    if (! prepared)
+    {
+        buffer.clear();
+        return;
+    }
+
+    readParameters();
+    engine.setParameters (parameters);
+
+    auto* const left = buffer.getWritePointer (0);
+
+    if (numChannels > 1)
+    {
+        processStereo (left, buffer.getWritePointer (1), numSamples);
+        return;
+    }
+
+    const auto length = std::min (numSamples, static_cast<int> (monoScratch.size()));
+    std::fill (left + length, left + numSamples, 0.0f);
+    std::copy (left, left + length, monoScratch.begin());
+    processStereo (left, monoScratch.data(), length);
+}
+
+void KestrelCore::processStereo (float* left, float* right, int numSamples)
+{
+    float* const channels[] = { left, right };
+    const bool anyBypass = parameters.bypass || parameters.lanes[0].bypass || parameters.lanes[1].bypass;
+    const auto ride = [&] (dsp::GainRider& rider, bool active)
+    {
+        if (active && ! anyBypass)
+            rider.process (channels, numSamples);
+        else
+            rider.reset();
+    };
+
+    ride (inputRider, inputAutoGain);
+    engine.process (left, right, numSamples);
+    ride (outputRider, outputAutoGain);
+}
+
+} // namespace kestreleq

@@ -1,0 +1,127 @@
+#include "engine/KestrelProcessor.h"
+
+#include "engine/parameters/FactoryPrograms.h"
+
+#include <cmath>
+
+namespace kestreleq
+{
+
+KestrelProcessor::KestrelProcessor()
+    : AudioProcessor (BusesProperties()
+                          .withInput ("Input", juce::AudioChannelSet::stereo())
+                          .withOutput ("Output", juce::AudioChannelSet::stereo())),
+      core (*this),
+      bypassParameter (core.getTree().getParameter (infoOf (Parameter::bypass).id))
+{
+}
+
+bool KestrelProcessor::isBusesLayoutSupported (const BusesLayout& layouts) const
+{
+    const auto stereo = juce::AudioChannelSet::stereo();
+
+    return layouts.inputBuses.size() == 1 && layouts.outputBuses.size() == 1 &&
+        layouts.getMainInputChannelSet() == stereo && layouts.getMainOutputChannelSet() == stereo;
+}
+
+void KestrelProcessor::prepareToPlay (double sampleRate, int maximumBlockSize)
+{
+    if (! std::isfinite (sampleRate) || sampleRate <= 0.0 || maximumBlockSize <= 0)
+        return;
+
+    core.prepare (sampleRate, maximumBlockSize);
+    loadMeasurer.reset (sampleRate, maximumBlockSize);
+}
+
+void KestrelProcessor::processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi)
+{
+    const juce::ScopedNoDenormals noDenormals;
+    midi.clear();
+
+    const auto start = juce::Time::getHighResolutionTicks();
+    const auto& values = core.getValues();
+    const bool link = values.isOn (Parameter::link);
+    const bool midSide = values.isOn (Parameter::msMode);
+
+    measure (buffer, inputLevels, link, midSide);
+    core.process (buffer);
+    measure (buffer, outputLevels, link, midSide);
+    measureCorrelation (buffer);
+
+    registerRenderTime (juce::Time::getHighResolutionTicks() - start, buffer.getNumSamples());
+}
+
+void KestrelProcessor::measure (
+    const juce::AudioBuffer<float>& buffer, LevelPair& levels, bool link, bool midSide) const
+{
+    if (buffer.getNumChannels() == 0 || buffer.getNumSamples() == 0)
+        return;
+
+    const auto* left = buffer.getReadPointer (0);
+    const auto* right = buffer.getReadPointer (buffer.getNumChannels() > 1 ? 1 : 0);
+
+    levels.store (dsp::measureLevels (left, right, buffer.getNumSamples(), link, midSide));
+}
+
+void KestrelProcessor::measureCorrelation (const juce::AudioBuffer<float>& buffer)
+{
+    if (buffer.getNumChannels() > 1 && buffer.getNumSamples() > 0)
+        correlation.store (
+            dsp::measureCorrelation (buffer.getReadPointer (0), buffer.getReadPointer (1), buffer.getNumSamples()),
+            std::memory_order_relaxed);
+}
+
+void KestrelProcessor::registerRenderTime (juce::int64 ticks, int numSamples)
+{
+    int notBusy = 0;
+
+    // An empty block has no time to be measured against.
+    if (numSamples == 0 || ! loadMeasurerBusy.compare_exchange_strong (notBusy, 1))
+        return;
+
+    loadMeasurer.registerRenderTime (juce::Time::highResolutionTicksToSeconds (ticks) * 1000.0, numSamples);
+    loadMeasurerBusy = 0;
+}
+
+void KestrelProcessor::LevelPair::store (const std::array<float, numLanes>& newLevels)
+{
+    for (std::size_t i = 0; i < numLanes; ++i)
+        levels[i].store (newLevels[i], std::memory_order_relaxed);
+}
+
+std::array<float, numLanes> KestrelProcessor::LevelPair::load() const
+{
+    return { levels[0].load (std::memory_order_relaxed), levels[1].load (std::memory_order_relaxed) };
+}
+
+quillon::ui::strips::FooterTelemetry KestrelProcessor::getFooterTelemetry() const
+{
+    return { .cpuPercent = static_cast<float> (getRenderLoad() * 100.0),
+        .latencySamples = getLatencySamples(),
+        .oversamplingFactor = 1,
+        .sampleRate = getSampleRate() };
+}
+
+int KestrelProcessor::getNumPrograms()
+{
+    return static_cast<int> (factoryPrograms.size());
+}
+
+const juce::String KestrelProcessor::getProgramName (int index)
+{
+    return juce::isPositiveAndBelow (index, getNumPrograms()) ? factoryPrograms[static_cast<std::size_t> (index)].name
+                                                              : "";
+}
+
+void KestrelProcessor::setCurrentProgram (int index)
+{
+    if (! juce::isPositiveAndBelow (index, getNumPrograms()))
+        return;
+
+    currentProgram = index;
+    core.setAllParameters (
+        valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
+    updateHostDisplay (ChangeDetails{}.withProgramChanged (true));
+}
+
+} // namespace kestreleq

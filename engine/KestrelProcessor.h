@@ -1,0 +1,107 @@
+#pragma once
+
+#include "engine/KestrelCore.h"
+#include "engine/dsp/LevelMeasure.h"
+#include "ui/strips/FooterTelemetrySource.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <array>
+#include <atomic>
+
+namespace kestreleq
+{
+
+/** The plug-in's audio processor: measures what goes in and out, and leaves the audio to the core. */
+class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::strips::FooterTelemetrySource
+{
+public:
+    KestrelProcessor();
+
+    KestrelCore& getCore() { return core; }
+
+    // What the last block measured; any thread.
+
+    /** RMS levels in dB, at least -120: of both channels with link on, else of mid and side, or of left and right. */
+    std::array<float, numLanes> getInputLevels() const { return inputLevels.load(); }
+
+    std::array<float, numLanes> getOutputLevels() const { return outputLevels.load(); }
+
+    /** Of the output's channels, -1 to 1. */
+    float getCorrelation() const { return correlation.load (std::memory_order_relaxed); }
+
+    /** The part of the available time that processing takes, 0 to 1, smoothed. */
+    double getRenderLoad() const { return loadMeasurer.getLoadAsProportion(); }
+
+    quillon::ui::strips::FooterTelemetry getFooterTelemetry() const override;
+
+    // juce::AudioProcessor
+
+    /** Ignored unless the sample rate is finite and above 0 and the block size above 0. */
+    void prepareToPlay (double sampleRate, int maximumBlockSize) override;
+
+    void releaseResources() override {}
+
+    /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
+    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override;
+    using AudioProcessor::processBlock;
+
+    bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
+
+    juce::AudioProcessorParameter* getBypassParameter() const override { return bypassParameter; }
+
+    const juce::String getName() const override { return "Kestrel EQ"; }
+
+    bool acceptsMidi() const override { return false; }
+
+    bool producesMidi() const override { return false; }
+
+    double getTailLengthSeconds() const override { return 0.5; } // the low bands ring
+
+    int getNumPrograms() override;
+
+    int getCurrentProgram() override { return currentProgram; }
+
+    /** Sets every parameter to the program's value, each as a host gesture. An unknown index is ignored. */
+    void setCurrentProgram (int index) override;
+    const juce::String getProgramName (int index) override;
+
+    void changeProgramName (int, const juce::String&) override {}
+
+    /** Defined beside the editor, which this side knows nothing of. */
+    juce::AudioProcessorEditor* createEditor() override;
+
+    bool hasEditor() const override { return true; }
+
+    void getStateInformation (juce::MemoryBlock&) override {}
+
+    void setStateInformation (const void*, int) override {}
+
+private:
+    /** Two floats that the audio thread writes and anyone reads. */
+    struct LevelPair
+    {
+        std::array<std::atomic<float>, numLanes> levels{ dsp::silenceLevel, dsp::silenceLevel };
+
+        void store (const std::array<float, numLanes>& newLevels);
+        std::array<float, numLanes> load() const;
+    };
+
+    void measure (const juce::AudioBuffer<float>& buffer, LevelPair& levels, bool link, bool midSide) const;
+    void measureCorrelation (const juce::AudioBuffer<float>& buffer);
+    void registerRenderTime (juce::int64 ticks, int numSamples);
+
+    KestrelCore core;
+    juce::AudioProcessorParameter* const bypassParameter;
+    std::atomic<int> currentProgram{ 0 };
+
+    LevelPair inputLevels;
+    LevelPair outputLevels;
+    std::atomic<float> correlation{ 0.0f };
+    juce::AudioProcessLoadMeasurer loadMeasurer;
+    std::atomic<int> loadMeasurerBusy{ 0 };
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (KestrelProcessor)
+};
+
+} // namespace kestreleq

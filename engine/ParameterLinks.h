@@ -1,0 +1,98 @@
+#pragma once
+
+#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterValues.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <array>
+#include <atomic>
+#include <optional>
+#include <utility>
+
+namespace kestreleq
+{
+
+/** The pairs that a link switch holds together: lane A's parameter and lane B's. */
+inline constexpr std::array<std::pair<Parameter, Parameter>, 10> linkedPairs{ {
+    { Parameter::sub, Parameter::subR },
+    { Parameter::hz40, Parameter::hz40R },
+    { Parameter::hz160, Parameter::hz160R },
+    { Parameter::hz650, Parameter::hz650R },
+    { Parameter::hz2500, Parameter::hz2500R },
+    { Parameter::airGain, Parameter::airGainR },
+    { Parameter::airBand, Parameter::airBandR },
+    { Parameter::inGain1, Parameter::inGain2 },
+    { Parameter::outGain1, Parameter::outGain2 },
+    { Parameter::laneABypass, Parameter::laneBBypass },
+} };
+
+/** The other member of a parameter's pair, if it has one. */
+constexpr std::optional<Parameter> partnerOf (Parameter parameter)
+{
+    for (const auto& [first, second] : linkedPairs)
+    {
+        if (parameter == first)
+            return second;
+
+        if (parameter == second)
+            return first;
+    }
+
+    return {};
+}
+
+/** Copies a change of one lane's parameter to the other lane while they are linked, and lane A's values to lane B when
+    a link is switched on. Runs on whichever thread changes a parameter; copies reach the host as gestures. */
+class ParameterLinks
+{
+public:
+    /** Listens to every linked parameter and link switch of the tree, which must outlive this object. */
+    explicit ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch);
+    ~ParameterLinks();
+
+    /** While one of these lives, no change is copied: for restoring values that belong together as they are. */
+    class ScopedPause
+    {
+    public:
+        explicit ScopedPause (ParameterLinks& links)
+            : flag (links.paused),
+              previous (flag.exchange (true))
+        {
+        }
+
+        ~ScopedPause() { flag = previous; }
+
+        ScopedPause (const ScopedPause&) = delete;
+        ScopedPause& operator= (const ScopedPause&) = delete;
+
+    private:
+        std::atomic<bool>& flag;
+        bool previous;
+    };
+
+private:
+    static constexpr std::array<Parameter, 3> switches{ Parameter::link, Parameter::inGainLink,
+        Parameter::outGainLink };
+
+    /** One per parameter, so that a notification needs no search by name. */
+    struct Watcher final : juce::AudioProcessorValueTreeState::Listener
+    {
+        void parameterChanged (const juce::String&, float value) override { owner->changed (parameter, value); }
+
+        ParameterLinks* owner = nullptr;
+        Parameter parameter{};
+    };
+
+    void changed (Parameter parameter, float value);
+    bool followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter, float value);
+    void copyTo (Parameter target, float value);
+
+    juce::AudioProcessorValueTreeState& tree;
+    ParameterValues values;
+    std::array<juce::RangedAudioParameter*, numParameters> parameters{};
+    std::array<Watcher, 2 * linkedPairs.size() + switches.size()> watchers;
+    std::atomic<bool> paused{ false };
+};
+
+} // namespace kestreleq
