@@ -27,6 +27,8 @@ public:
 
     const ParameterValues& getValues() const { return values; }
 
+    ParameterLinks& getLinks() { return links; }
+
     /** Sets every parameter, in host order and each as a host gesture, as one named operation of the undo history.
         Message thread. */
     void setAllParameters (const std::array<float, numParameters>& newValues, const juce::String& operationName);

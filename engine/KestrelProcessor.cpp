@@ -121,7 +121,7 @@ void KestrelProcessor::setCurrentProgram (int index)
     currentProgram = index;
     core.setAllParameters (
         valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
-    updateHostDisplay (ChangeDetails{}.withProgramChanged (true));
+    updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
 }
 
 } // namespace kestreleq

@@ -81,7 +81,7 @@ private:
     /** Two floats that the audio thread writes and anyone reads. */
     struct LevelPair
     {
-        std::array<std::atomic<float>, numLanes> levels{ dsp::silenceLevel, dsp::silenceLevel };
+        std::array<std::atomic<float>, numLanes> levels { dsp::silenceLevel, dsp::silenceLevel };
 
         void store (const std::array<float, numLanes>& newLevels);
         std::array<float, numLanes> load() const;
@@ -93,13 +93,13 @@ private:
 
     KestrelCore core;
     juce::AudioProcessorParameter* const bypassParameter;
-    std::atomic<int> currentProgram{ 0 };
+    std::atomic<int> currentProgram { 0 };
 
     LevelPair inputLevels;
     LevelPair outputLevels;
-    std::atomic<float> correlation{ 0.0f };
+    std::atomic<float> correlation { 0.0f };
     juce::AudioProcessLoadMeasurer loadMeasurer;
-    std::atomic<int> loadMeasurerBusy{ 0 };
+    std::atomic<int> loadMeasurerBusy { 0 };
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (KestrelProcessor)
 };

@@ -14,7 +14,7 @@ namespace kestreleq
 {
 
 /** The pairs that a link switch holds together: lane A's parameter and lane B's. */
-inline constexpr std::array<std::pair<Parameter, Parameter>, 10> linkedPairs{ {
+inline constexpr std::array<std::pair<Parameter, Parameter>, 10> linkedPairs { {
     { Parameter::sub, Parameter::subR },
     { Parameter::hz40, Parameter::hz40R },
     { Parameter::hz160, Parameter::hz160R },
@@ -72,7 +72,7 @@ public:
     };
 
 private:
-    static constexpr std::array<Parameter, 3> switches{ Parameter::link, Parameter::inGainLink,
+    static constexpr std::array<Parameter, 3> switches { Parameter::link, Parameter::inGainLink,
         Parameter::outGainLink };
 
     /** One per parameter, so that a notification needs no search by name. */
@@ -81,7 +81,7 @@ private:
         void parameterChanged (const juce::String&, float value) override { owner->changed (parameter, value); }
 
         ParameterLinks* owner = nullptr;
-        Parameter parameter{};
+        Parameter parameter {};
     };
 
     void changed (Parameter parameter, float value);
@@ -90,9 +90,9 @@ private:
 
     juce::AudioProcessorValueTreeState& tree;
     ParameterValues values;
-    std::array<juce::RangedAudioParameter*, numParameters> parameters{};
+    std::array<juce::RangedAudioParameter*, numParameters> parameters {};
     std::array<Watcher, 2 * linkedPairs.size() + switches.size()> watchers;
-    std::atomic<bool> paused{ false };
+    std::atomic<bool> paused { false };
 };
 
 } // namespace kestreleq

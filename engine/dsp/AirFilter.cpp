@@ -20,11 +20,11 @@ struct AirPoint
 };
 
 /** Points at these amounts, linear in between. */
-constexpr std::array<double, 4> amounts{ 0.0, 0.25, 0.5, 1.0 };
+constexpr std::array<double, 4> amounts { 0.0, 0.25, 0.5, 1.0 };
 
 using AirRow = std::array<AirPoint, amounts.size()>;
 
-constexpr std::array<AirRow, AirFilter::numIndices> airTable{ {
+constexpr std::array<AirRow, AirFilter::numIndices> airTable { {
     { { { 0.0, 0.0, 48000.0, 0.0 }, { 0.0, 0.0, 48000.0, 0.0 }, { 0.0, 0.0, 48000.0, 0.0 },
         { 0.0, 0.0, 48000.0, 0.0 } } },
     { { { 0.0, 0.85, 11359.0, 0.85 }, { -0.25, 1.67, 11359.0, 1.62 }, { 0.26, 4.33, 11359.0, 3.45 },

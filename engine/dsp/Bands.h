@@ -42,7 +42,7 @@ constexpr SectionSettings lowPass (double frequency, double q)
 
 /** The five bands: SUB, 40, 160, 650 and 2.5K. Upper halves of the weight maps boost strongly, lower halves cut
     slightly; the last band's shelf starts far below its name. Both belong to the sound. */
-inline constexpr std::array<BandRow, numBands> bandTable{ {
+inline constexpr std::array<BandRow, numBands> bandTable { {
     { { FilterType::lowShelf, 36.06, 0.3826, 21.4092 }, { -0.0821, -0.0736, 0.0, 0.347, 1.16 }, 0.15f, 0.02f, -1.2,
         { highPass (5.0, 0.5), lowPass (120.0, 0.5) }, 2 },
     { { FilterType::peaking, 38.48, 0.2455, 15.1051 }, { -0.070057, -0.06272, 0.0, 0.34, 1.1 }, 0.12f, 0.02f, -1.3,
@@ -56,6 +56,6 @@ inline constexpr std::array<BandRow, numBands> bandTable{ {
 } };
 
 /** What every lane that is not bypassed carries at its output. */
-inline constexpr SectionSettings outputFilterSettings{ FilterType::peaking, 8000.0, 0.4, 0.5 };
+inline constexpr SectionSettings outputFilterSettings { FilterType::peaking, 8000.0, 0.4, 0.5 };
 
 } // namespace kestreleq::dsp

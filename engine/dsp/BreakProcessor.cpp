@@ -13,7 +13,7 @@ constexpr double airMixDecibels = -33.0;
 constexpr double airGateSeconds = 0.02;
 constexpr float airGateThreshold = 0.1f;
 
-constexpr std::array<SectionSettings, 3> airBreakFilter{ { highPass (5.0, 0.707),
+constexpr std::array<SectionSettings, 3> airBreakFilter { { highPass (5.0, 0.707),
     { FilterType::highShelf, 8000.0, 0.707, 3.0 }, lowPass (18000.0, 0.707) } };
 
 double coefficient (float value)
@@ -34,10 +34,10 @@ double bandMix (std::size_t band)
 } // namespace
 
 BreakProcessor::BreakProcessor()
-    : bandChains{ { { bandShaper (0), {}, bandMix (0) }, { bandShaper (1), {}, bandMix (1) },
+    : bandChains { { { bandShaper (0), {}, bandMix (0) }, { bandShaper (1), {}, bandMix (1) },
           { bandShaper (2), {}, bandMix (2) }, { bandShaper (3), {}, bandMix (3) },
           { bandShaper (4), {}, bandMix (4) } } },
-      airChain{ { coefficient (0.08f), 0.0, coefficient (0.02f) }, {}, std::pow (10.0, airMixDecibels / 20.0) }
+      airChain { { coefficient (0.08f), 0.0, coefficient (0.02f) }, {}, std::pow (10.0, airMixDecibels / 20.0) }
 {
 }
 

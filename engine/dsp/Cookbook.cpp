@@ -62,7 +62,7 @@ BiquadCoefficients cookbookSection (FilterType type, double frequency, double sa
             return shelf (a, c, alpha, -1.0);
     }
 
-    return {};
+    return cookbookSection (FilterType::lowPass, frequency, sampleRate, q, gain); // a number that names no type
 }
 
 std::complex<double> responseAt (const BiquadCoefficients& section, double frequency, double sampleRate)

@@ -10,7 +10,7 @@ namespace kestreleq::dsp
 /** What one lane is set to; every value 0 to 1. */
 struct LaneParameters
 {
-    std::array<float, numBands> bands{ 0.5f, 0.5f, 0.5f, 0.5f, 0.5f };
+    std::array<float, numBands> bands { 0.5f, 0.5f, 0.5f, 0.5f, 0.5f };
     float airAmount = 0.5f;
     float airStep = 0.5f;
     float inputGain = 0.5f;  // -9 to +9 dB

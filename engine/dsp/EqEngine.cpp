@@ -1,5 +1,6 @@
 #include "engine/dsp/EqEngine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -11,42 +12,27 @@ namespace
 constexpr double stageGainSpan = 18.0; // dB from value 0 to value 1
 constexpr double trimGainSpan = 24.0;
 
-float linearGain (float value, double span)
+double linearGain (float value, double span)
 {
     if (! std::isfinite (value))
-        return 1.0f;
+        return 1.0;
 
-    return static_cast<float> (std::pow (10.0, (static_cast<double> (value) - 0.5) * span / 20.0));
+    return std::pow (10.0, (static_cast<double> (value) - 0.5) * span / 20.0);
 }
 
-void multiply (float* samples, int numSamples, float gain)
-{
-    for (int n = 0; n < numSamples; ++n)
-        samples[n] *= gain;
-}
-
-/** A gain that lets nothing through which is not finite. */
-void multiplyFinite (float* samples, int numSamples, float gain)
-{
-    for (int n = 0; n < numSamples; ++n)
-    {
-        const auto y = samples[n] * gain;
-        samples[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
-    }
-}
-
-void encodeMidSide (float* left, float* right, int numSamples)
+/** Mid and side of left and right, in their place. */
+void encodeMidSide (double* left, double* right, int numSamples)
 {
     for (int n = 0; n < numSamples; ++n)
     {
         const auto l = left[n];
         const auto r = right[n];
-        left[n] = (l + r) * 0.5f;
-        right[n] = (l - r) * 0.5f;
+        left[n] = (l + r) * 0.5;
+        right[n] = (l - r) * 0.5;
     }
 }
 
-void decodeMidSide (float* mid, float* side, int numSamples)
+void decodeMidSide (double* mid, double* side, int numSamples)
 {
     for (int n = 0; n < numSamples; ++n)
     {
@@ -54,6 +40,16 @@ void decodeMidSide (float* mid, float* side, int numSamples)
         const auto s = side[n];
         mid[n] = m + s;
         side[n] = m - s;
+    }
+}
+
+/** Rounds to single precision and lets nothing through that is not finite there. */
+void store (const double* source, float* destination, int numSamples)
+{
+    for (int n = 0; n < numSamples; ++n)
+    {
+        const auto y = static_cast<float> (source[n]);
+        destination[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
     }
 }
 
@@ -129,16 +125,27 @@ void EqEngine::setParameters (const EngineParameters& next)
     parameters = next;
 }
 
+void EqEngine::Lane::processInput (double* samples, int numSamples, bool breakMode)
+{
+    for (int n = 0; n < numSamples; ++n)
+        samples[n] *= inputGain;
+
+    if (breakMode)
+        toneBank.process (samples, numSamples, breakProcessor);
+    else
+        toneBank.process (samples, numSamples);
+}
+
+void EqEngine::Lane::processOutput (double* samples, int numSamples, double trimGain)
+{
+    for (int n = 0; n < numSamples; ++n)
+        samples[n] = outputFilter.process (samples[n]) * outputGain * trimGain;
+}
+
 void EqEngine::process (float* left, float* right, int numSamples)
 {
     if (! prepared || numSamples < 1 || parameters.bypass)
         return;
-
-    const std::array<float*, numLanes> channels{ left, right };
-    const bool encode = parameters.midSide && ! parameters.link;
-
-    if (encode)
-        encodeMidSide (left, right, numSamples);
 
     if (resetPending)
     {
@@ -148,35 +155,39 @@ void EqEngine::process (float* left, float* right, int numSamples)
         resetPending = false;
     }
 
+    for (int start = 0; start < numSamples; start += chunkSize)
+        processChunk ({ left + start, right + start }, std::min (chunkSize, numSamples - start));
+}
+
+void EqEngine::processChunk (const std::array<float*, numLanes>& channels, int numSamples)
+{
+    const bool encode = parameters.midSide && ! parameters.link;
+    std::array<std::array<double, chunkSize>, numLanes> buffers;
+    auto* const first = buffers[0].data();
+    auto* const second = buffers[1].data();
+
     for (std::size_t i = 0; i < numLanes; ++i)
-    {
-        if (parameters.lanes[i].bypass)
-            continue;
-
-        auto& lane = lanes[i];
-        multiply (channels[i], numSamples, lane.inputGain);
-
-        if (parameters.breakMode)
-            lane.toneBank.process (channels[i], numSamples, lane.breakProcessor);
-        else
-            lane.toneBank.process (channels[i], numSamples);
-    }
+        std::copy (channels[i], channels[i] + numSamples, buffers[i].begin());
 
     if (encode)
-        decodeMidSide (left, right, numSamples);
+        encodeMidSide (first, second, numSamples);
+
+    for (std::size_t i = 0; i < numLanes; ++i)
+        if (! parameters.lanes[i].bypass)
+            lanes[i].processInput (buffers[i].data(), numSamples, parameters.breakMode);
+
+    if (encode)
+        decodeMidSide (first, second, numSamples);
 
     for (std::size_t i = 0; i < numLanes; ++i)
     {
-        if (parameters.lanes[i].bypass)
-            continue;
+        const bool bypassed = parameters.lanes[i].bypass;
 
-        auto& lane = lanes[i];
+        if (! bypassed)
+            lanes[i].processOutput (buffers[i].data(), numSamples, trimGain);
 
-        for (int n = 0; n < numSamples; ++n)
-            channels[i][n] = static_cast<float> (lane.outputFilter.process (static_cast<double> (channels[i][n])));
-
-        multiply (channels[i], numSamples, lane.outputGain);
-        multiplyFinite (channels[i], numSamples, trimGain);
+        if (! bypassed || encode)
+            store (buffers[i].data(), channels[i], numSamples);
     }
 }
 

@@ -25,8 +25,8 @@ public:
     /** Takes the settings for the blocks that follow. Only what differs from the last settings is computed. */
     void setParameters (const EngineParameters& next);
 
-    /** Processes numSamples of both channels in place. Does nothing before prepare. The output is always finite, except
-        in lanes that are bypassed, which stay untouched. */
+    /** Processes numSamples of both channels in place. Does nothing before prepare. A lane that is
+        bypassed stays untouched, apart from the mid/side transform; all other output is finite. */
     void process (float* left, float* right, int numSamples);
 
     /** A lane's tone bank, to ask for its response. */
@@ -38,17 +38,29 @@ private:
         ToneBank toneBank;
         BreakProcessor breakProcessor;
         BiquadSection outputFilter;
-        float inputGain = 1.0f;
-        float outputGain = 1.0f;
+        double inputGain = 1.0;
+        double outputGain = 1.0;
 
         void prepare (double sampleRate);
         void apply (const LaneParameters& next);
         void reset();
+
+        /** Input gain and tone bank. */
+        void processInput (double* samples, int numSamples, bool breakMode);
+
+        /** Output filter, output gain and trim. */
+        void processOutput (double* samples, int numSamples, double trimGain);
     };
+
+    // Samples stay in double precision from end to end: the break stage's waveshapers turn one rounding before them
+    // into an error of -57 dB where a slow signal turns round. A chunk is what fits on the stack and in the cache.
+    static constexpr int chunkSize = 64;
+
+    void processChunk (const std::array<float*, numLanes>& channels, int numSamples);
 
     EngineParameters parameters;
     std::array<Lane, numLanes> lanes;
-    float trimGain = 1.0f;
+    double trimGain = 1.0;
     bool resetPending = false;
     bool prepared = false;
 };

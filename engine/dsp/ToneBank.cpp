@@ -32,11 +32,11 @@ void ToneBank::setBandValue (std::size_t band, float value)
 }
 
 template <typename AddResidue>
-void ToneBank::processWith (float* samples, int numSamples, AddResidue&& addResidue)
+void ToneBank::processWith (double* samples, int numSamples, AddResidue&& addResidue)
 {
     for (int n = 0; n < numSamples; ++n)
     {
-        const auto x = static_cast<double> (samples[n]);
+        const auto x = samples[n];
         std::array<double, numBands> weighted;
         auto sum = x;
 
@@ -47,16 +47,16 @@ void ToneBank::processWith (float* samples, int numSamples, AddResidue&& addResi
         }
 
         const auto airDifference = air.process (x) - x;
-        samples[n] = static_cast<float> (addResidue (sum + airDifference, weighted, airDifference));
+        samples[n] = addResidue (sum + airDifference, weighted, airDifference);
     }
 }
 
-void ToneBank::process (float* samples, int numSamples)
+void ToneBank::process (double* samples, int numSamples)
 {
     processWith (samples, numSamples, [] (double clean, const auto&, double) { return clean; });
 }
 
-void ToneBank::process (float* samples, int numSamples, BreakProcessor& breakProcessor)
+void ToneBank::process (double* samples, int numSamples, BreakProcessor& breakProcessor)
 {
     breakProcessor.setDrive (weights, air.getAmount());
 

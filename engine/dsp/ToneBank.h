@@ -31,20 +31,20 @@ public:
     const std::array<float, numBands>& getWeights() const { return weights; }
 
     /** Processes samples in place. */
-    void process (float* samples, int numSamples);
+    void process (double* samples, int numSamples);
 
     /** The same with the break stage's residue added; its drive is set from the present weights and air amount. */
-    void process (float* samples, int numSamples, BreakProcessor& breakProcessor);
+    void process (double* samples, int numSamples, BreakProcessor& breakProcessor);
 
     /** The transfer function, without the break stage, at a frequency in Hz. */
     std::complex<double> response (double frequency) const;
 
 private:
     template <typename AddResidue>
-    void processWith (float* samples, int numSamples, AddResidue&& addResidue);
+    void processWith (double* samples, int numSamples, AddResidue&& addResidue);
 
     std::array<BiquadCascade, numBands> bands;
-    std::array<float, numBands> weights{};
+    std::array<float, numBands> weights {};
     AirFilter air;
     double sampleRate = 0.0;
 };

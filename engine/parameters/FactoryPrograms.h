@@ -20,7 +20,7 @@ struct FactoryProgram
     float breakMode;
 };
 
-inline constexpr std::array<FactoryProgram, 6> factoryPrograms{ {
+inline constexpr std::array<FactoryProgram, 6> factoryPrograms { {
     { "Flat", "All bands centered, no EQ", { 0.5f, 0.5f, 0.5f, 0.5f, 0.5f }, 0.0f, 0.5f, 0.5f, 0.0f },
     { "Vocal Presence", "Mid-forward, gentle air lift", { 0.5f, 0.5f, 0.45f, 0.6f, 0.65f }, 0.3f, 0.5f, 0.48f, 0.0f },
     { "Bass Boost", "Sub and 40Hz lift, slight high trim", { 0.7f, 0.65f, 0.55f, 0.5f, 0.45f }, 0.0f, 0.5f, 0.45f,
@@ -36,7 +36,7 @@ inline constexpr std::array<FactoryProgram, 6> factoryPrograms{ {
 /** The value of every parameter under a program, in the order of parameterTable. */
 constexpr std::array<float, numParameters> valuesOf (const FactoryProgram& program)
 {
-    std::array<float, numParameters> values{};
+    std::array<float, numParameters> values {};
 
     for (std::size_t i = 0; i < numParameters; ++i)
         values[i] = parameterTable[i].defaultValue;

@@ -66,7 +66,7 @@ enum class Parameter : std::size_t
 };
 
 /** The one table of parameters, in host order. */
-inline constexpr std::array<ParameterInfo, 29> parameterTable{ {
+inline constexpr std::array<ParameterInfo, 29> parameterTable { {
     { "sub", "SUB", false, 0.5f, TextKind::bandGain },
     { "40hz", "40", false, 0.5f, TextKind::bandGain },
     { "160hz", "160", false, 0.5f, TextKind::bandGain },

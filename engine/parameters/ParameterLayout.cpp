@@ -25,7 +25,7 @@ public:
 
 std::unique_ptr<juce::AudioParameterFloat> createParameter (const ParameterInfo& info)
 {
-    const juce::ParameterID id{ info.id, 1 };
+    const juce::ParameterID id { info.id, 1 };
     const auto& conversion = textConversion (info.text);
     const auto attributes = juce::AudioParameterFloatAttributes()
                                 .withStringFromValueFunction (conversion.toText)
@@ -33,10 +33,10 @@ std::unique_ptr<juce::AudioParameterFloat> createParameter (const ParameterInfo&
 
     if (info.stepped)
         return std::make_unique<SteppedParameter> (
-            id, info.name, juce::NormalisableRange<float>{ 0.0f, 1.0f, 1.0f, 1.0f }, info.defaultValue, attributes);
+            id, info.name, juce::NormalisableRange<float> { 0.0f, 1.0f, 1.0f, 1.0f }, info.defaultValue, attributes);
 
     return std::make_unique<juce::AudioParameterFloat> (
-        id, info.name, juce::NormalisableRange<float>{ 0.0f, 1.0f, 0.0f, 1.0f }, info.defaultValue, attributes);
+        id, info.name, juce::NormalisableRange<float> { 0.0f, 1.0f, 0.0f, 1.0f }, info.defaultValue, attributes);
 }
 
 } // namespace

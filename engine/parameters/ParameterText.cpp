@@ -56,7 +56,7 @@ struct AirStep
 
 const std::array<AirStep, 5>& airSteps()
 {
-    static const std::array<AirStep, 5> steps{ {
+    static const std::array<AirStep, 5> steps { {
         { "2.5K", { "2.5K", "2500", "2500HZ" }, 2.5 },
         { "5K", { "5K", "5000", "5000HZ" }, 5.0 },
         { "10K", { "10K", "10000", "10000HZ" }, 10.0 },
@@ -123,7 +123,7 @@ const TextConversion& textConversion (TextKind kind)
     using String = juce::String;
 
     // Rows in the order of TextKind.
-    static constexpr std::array<TextConversion, 8> conversions{ {
+    static constexpr std::array<TextConversion, 8> conversions { {
         { [] (float v, int) { return gainText (v, bandGainSpan, ""); },
             [] (const String& text) { return gainValue (text, bandGainSpan); } },
         { [] (float v, int)
