@@ -1,0 +1,104 @@
+#include "engine/dsp/GainRider.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+/** Two channels of a steady level in dB, block after block. */
+struct RiderRig
+{
+    explicit RiderRig (int blockLength = 480)
+        : length (blockLength)
+    {
+        rider.prepare (48000.0, 2);
+    }
+
+    void run (double seconds, double level)
+    {
+        const auto amplitude = static_cast<float> (std::pow (10.0, level / 20.0));
+
+        for (int n = 0; n < static_cast<int> (std::lround (seconds * 48000.0)); n += length)
+        {
+            std::vector<float> left (static_cast<std::size_t> (length), amplitude), right (left);
+            float* const channels[] = { left.data(), right.data() };
+            rider.process (channels, length);
+            last = left.back();
+        }
+    }
+
+    int length;
+    dsp::GainRider rider;
+    float last = 0.0f;
+};
+
+TEST (GainRider, MovesAtItsRateAndStopsAtTheTarget)
+{
+    for (const int length : { 48, 480, 4800 })
+    {
+        RiderRig rig (length);
+        rig.run (1.0, -30.0);
+        EXPECT_NEAR (rig.rider.getGain(), 6.0, 1e-6);
+        rig.run (1.0, -30.0);
+        EXPECT_NEAR (rig.rider.getGain(), 12.0, 1e-5);
+        rig.run (1.0, -30.0);
+        EXPECT_NEAR (rig.rider.getGain(), 12.0, 1e-5);
+        EXPECT_NEAR (20.0 * std::log10 (rig.last), -18.0, 1e-4);
+        rig.run (2.0, -6.0);
+        EXPECT_NEAR (rig.rider.getGain(), 0.0, 1e-4);
+    }
+}
+
+TEST (GainRider, StaysInItsRangeAndHoldsOnNearSilence)
+{
+    RiderRig rig;
+    rig.run (10.0, -70.0);
+    EXPECT_NEAR (rig.rider.getGain(), 24.0, 1e-9);
+    rig.run (10.0, -81.0);
+    EXPECT_NEAR (rig.rider.getGain(), 24.0, 1e-9);
+
+    rig.rider.reset (-500.0);
+    EXPECT_EQ (rig.rider.getGain(), -80.0);
+    rig.rider.reset (std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ (rig.rider.getGain(), 0.0);
+
+    rig.rider.setFrozen (true);
+    rig.run (1.0, -30.0);
+    EXPECT_EQ (rig.rider.getGain(), 0.0);
+}
+
+TEST (GainRider, TakesItsSettingsWithinLimits)
+{
+    RiderRig rig;
+    rig.rider.setTarget (+10.0); // 0
+    rig.rider.setRate (1000.0);  // 60
+    rig.run (0.1, -18.0);
+    EXPECT_NEAR (rig.rider.getGain(), 6.0, 1e-6);
+    rig.run (1.0, -18.0);
+    EXPECT_NEAR (rig.rider.getGain(), 18.0, 1e-5);
+    EXPECT_NEAR (rig.rider.getMeasuredLevel(), -18.0, 1e-5);
+}
+
+TEST (GainRider, LeavesOutWhatIsNotFinite)
+{
+    RiderRig rig;
+    const auto bad = std::numeric_limits<float>::quiet_NaN();
+    const auto infinite = std::numeric_limits<float>::infinity();
+    std::vector<float> left { 0.125f, bad, 0.125f, infinite }, right (4, 0.125f);
+    float* const channels[] = { left.data(), right.data() };
+    rig.rider.process (channels, 4);
+
+    EXPECT_NEAR (rig.rider.getMeasuredLevel(), 20.0 * std::log10 (0.125), 1e-9);
+    EXPECT_EQ (left[1], 0.0f);
+    EXPECT_EQ (left[3], 0.0f);
+    EXPECT_GT (left[0], 0.12f);
+}
+
+} // namespace
+} // namespace kestreleq::test

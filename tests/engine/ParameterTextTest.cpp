@@ -1,0 +1,114 @@
+#include "tests/support/ProcessorRig.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+struct Case
+{
+    const char* id;
+    const char* text;
+    float value;
+};
+
+TEST (ParameterText, ShowsValuesInTheirUnits)
+{
+    ProcessorRig rig;
+    const auto nan = std::numeric_limits<float>::quiet_NaN();
+
+    for (const auto& [id, text, value] : std::vector<Case> {
+             { "sub", "+2.5", 0.75f },
+             { "sub", "0.0", 0.5f },
+             { "40hz", "0.0", 0.5049f },
+             { "40hz", "0.0", 0.4951f },
+             { "40hz", "+0.1", 0.506f },
+             { "2500hzR", "-5.0", 0.0f },
+             { "2500hzR", "+5.0", 7.0f },
+             { "2500hzR", "-5.0", nan },
+             { "inGain1", "0.0 dB", 0.5f },
+             { "outGain2", "-9.0 dB", 0.0f },
+             { "trim", "-12.0 dB", 0.0f },
+             { "trim", "+12.0 dB", 1.0f },
+             { "airGain", "0.3", 0.3f },
+             { "airGainR", "1.0", 1.0f },
+             { "airBand", "5K", 0.3f },
+             { "airBand", "5K", 0.125f },
+             { "airBandR", "40K", 0.9f },
+             { "bypass", "Bypassed", 1.0f },
+             { "laneBBypass", "Active", 0.0f },
+             { "breakMode", "Break", 1.0f },
+             { "breakMode", "Clean", 0.0f },
+             { "link", "On", 1.0f },
+             { "msMode", "Off", 0.0f },
+         })
+        EXPECT_EQ (rig.parameter (id).getText (value, 100).toStdString(), text) << id << " " << value;
+
+    // The host's limit on the length is not ours.
+    EXPECT_EQ (rig.parameter ("bypass").getText (1.0f, 3).toStdString(), "Bypassed");
+}
+
+TEST (ParameterText, ReadsWhatPeopleType)
+{
+    ProcessorRig rig;
+
+    for (const auto& [id, text, value] : std::vector<Case> {
+             { "sub", "+2.5", 0.75f },
+             { "sub", " -5 dB ", 0.0f },
+             { "sub", "99", 1.0f },
+             { "inGain1", "3 dB", 3.0f / 18.0f + 0.5f },
+             { "inGain2", "20", 1.0f },
+             { "outGain1", "loud", 0.5f },
+             { "outGain1", "nan", 0.5f },
+             { "outGain1", "", 0.5f },
+             { "trim", "-6dB", 0.25f },
+             { "airGain", "0.4", 0.4f },
+             { "airGain", "-3", 0.0f },
+             { "airBand", "10 kHz", 0.5f },
+             { "airBand", "10 khz", 0.5f },
+             { "airBand", "2.5k", 0.0f },
+             { "airBand", "5000", 0.25f },
+             { "airBand", "20000 Hz", 0.75f },
+             { "airBand", "7000", 1.0f },
+             { "airBand", "3", 0.25f },
+             { "airBand", "1", 1.0f },
+             { "airBand", "0.3", 0.3f },
+             { "airBand", "12", 0.75f },
+             { "bypass", " OFF ", 1.0f },
+             { "laneABypass", "bypass", 1.0f },
+             { "laneABypass", "on", 0.0f },
+             { "breakMode", "ON", 1.0f },
+             { "breakMode", "yes", 0.0f },
+             { "breakMode", "off", 0.0f },
+             { "link", "true", 1.0f },
+             { "link", "1", 1.0f },
+             { "link", "1.0", 0.0f },
+         })
+        EXPECT_FLOAT_EQ (rig.parameter (id).getValueForText (text), value) << id << " '" << text << "'";
+}
+
+TEST (ParameterText, ComesBackFromItsOwnText)
+{
+    ProcessorRig rig;
+
+    for (auto* parameter : rig.processor.getParameters())
+    {
+        const auto steps = parameter->isDiscrete() ? 1 : 4;
+
+        for (int i = 0; i <= steps; ++i)
+        {
+            const auto value = static_cast<float> (i) / static_cast<float> (steps);
+            const auto text = parameter->getText (value, 0);
+            EXPECT_EQ (parameter->getText (parameter->getValueForText (text), 0), text) << parameter->getName (100);
+        }
+    }
+}
+
+} // namespace
+} // namespace kestreleq::test

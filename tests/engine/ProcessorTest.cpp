@@ -1,0 +1,195 @@
+#include "tests/support/ProcessorRig.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using Layout = juce::AudioProcessor::BusesLayout;
+
+TEST (Processor, AcceptsOneStereoBusEachWayAndNothingElse)
+{
+    ProcessorRig rig;
+    const auto accepts = [&] (std::vector<juce::AudioChannelSet> in, std::vector<juce::AudioChannelSet> out)
+    {
+        Layout layout;
+        for (const auto& set : in)
+            layout.inputBuses.add (set);
+        for (const auto& set : out)
+            layout.outputBuses.add (set);
+        return rig.processor.isBusesLayoutSupported (layout);
+    };
+    const auto mono = juce::AudioChannelSet::mono();
+    const auto stereo = juce::AudioChannelSet::stereo();
+
+    EXPECT_TRUE (accepts ({ stereo }, { stereo }));
+    EXPECT_FALSE (accepts ({ mono }, { mono }));
+    EXPECT_FALSE (accepts ({ mono }, { stereo }));
+    EXPECT_FALSE (accepts ({ stereo, stereo }, { stereo }));
+    EXPECT_FALSE (accepts ({ stereo }, { stereo, mono }));
+    EXPECT_FALSE (accepts ({}, { stereo }));
+    EXPECT_FALSE (accepts ({ juce::AudioChannelSet::create5point1() }, { juce::AudioChannelSet::create5point1() }));
+
+    EXPECT_EQ (rig.processor.getBus (true, 0)->getName(), "Input");
+    EXPECT_EQ (rig.processor.getBus (false, 0)->getName(), "Output");
+}
+
+/** The levels of a left sine of 0.5 and a right one of `right` (1 kHz, whole periods), flat apart from the lift. */
+struct LevelRig : ProcessorRig
+{
+    void run (float right)
+    {
+        signal = { sine (1000.0, 48000.0, 4800, 0.5), sine (1000.0, 48000.0, 4800, static_cast<double> (right)) };
+        process (signal, 4800);
+    }
+
+    Stereo signal;
+};
+
+double decibels (double amplitude)
+{
+    return 20.0 * std::log10 (amplitude / std::numbers::sqrt2);
+}
+
+TEST (Processor, MeasuresLevelsByMode)
+{
+    LevelRig rig;
+    rig.run (0.25f);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.375), 1e-3);
+    EXPECT_EQ (rig.processor.getInputLevels()[0], rig.processor.getInputLevels()[1]);
+    EXPECT_NEAR (rig.processor.getOutputLevels()[0], rmsDb (rig.signal[0]) - decibels (0.5) + decibels (0.375), 1e-2);
+
+    rig.set ("link", 0.0f);
+    rig.run (0.25f);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.5), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.25), 1e-3);
+    EXPECT_NEAR (rig.processor.getCorrelation(), 1.0f, 1e-6f);
+
+    rig.set ("msMode", 1.0f);
+    rig.run (0.25f);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.375), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.125), 1e-3);
+
+    rig.run (-0.5f);
+    EXPECT_EQ (rig.processor.getInputLevels()[0], -120.0f);
+    EXPECT_NEAR (rig.processor.getCorrelation(), -1.0f, 1e-6f);
+
+    LevelRig oneSided;
+    oneSided.run (0.0f);
+    EXPECT_EQ (oneSided.processor.getCorrelation(), 0.0f);
+
+    // What is not finite, and what is quieter than silence counts, reads as silence.
+    rig.signal = { std::vector<float> (64, std::numeric_limits<float>::infinity()), std::vector<float> (64, 1e-9f) };
+    rig.set ("msMode", 0.0f);
+    rig.process (rig.signal);
+    EXPECT_EQ (rig.processor.getInputLevels()[0], -120.0f);
+    EXPECT_EQ (rig.processor.getInputLevels()[1], -120.0f);
+}
+
+TEST (Processor, SilencesBlocksBeforeItIsPrepared)
+{
+    KestrelProcessor processor;
+    juce::MidiBuffer midi;
+    juce::AudioBuffer<float> buffer (2, 64);
+
+    for (const auto& [rate, size] : { std::pair { 0.0, 64 }, std::pair { -1.0, 64 }, std::pair { 48000.0, 0 },
+             std::pair { std::numeric_limits<double>::quiet_NaN(), 64 },
+             std::pair { std::numeric_limits<double>::infinity(), 64 } })
+    {
+        processor.prepareToPlay (rate, size);
+        juce::FloatVectorOperations::fill (buffer.getWritePointer (0), 0.5f, 64);
+        processor.processBlock (buffer, midi);
+        EXPECT_EQ (buffer.getMagnitude (0, 64), 0.0f);
+        EXPECT_TRUE (buffer.hasBeenCleared());
+    }
+
+    processor.prepareToPlay (48000.0, 64);
+    processor.processBlock (buffer, midi);
+    EXPECT_FALSE (buffer.hasBeenCleared());
+}
+
+TEST (Processor, TakesMonoThroughBothLanes)
+{
+    const auto noise = whiteNoise (11, 512, 0.25);
+    ProcessorRig mono (48000.0, 256), stereo (48000.0, 256);
+
+    for (auto* rig : { &mono, &stereo })
+    {
+        rig->set ("sub", 0.9f);
+        rig->set ("breakMode", 1.0f);
+        rig->set ("inAutoGain", 1.0f);
+        rig->set ("outAutoGain", 1.0f);
+    }
+
+    Stereo expected { noise, noise };
+    stereo.process (expected, 256);
+
+    auto actual = noise;
+    for (const int start : { 0, 256 })
+    {
+        float* channel[] = { actual.data() + start };
+        juce::AudioBuffer<float> buffer (channel, 1, 256);
+        mono.processor.processBlock (buffer, mono.midi);
+    }
+    EXPECT_EQ (actual, expected[0]);
+
+    // Beyond the prepared size there is no second channel: silence.
+    std::vector<float> tooLong (300, 0.25f);
+    float* channel[] = { tooLong.data() };
+    juce::AudioBuffer<float> buffer (channel, 1, 300);
+    mono.processor.processBlock (buffer, mono.midi);
+    EXPECT_NE (tooLong[255], 0.0f);
+    for (std::size_t n = 256; n < 300; ++n)
+        EXPECT_EQ (tooLong[n], 0.0f);
+}
+
+TEST (Processor, KeepsRidersAtRestUnderAnyBypass)
+{
+    for (const auto* bypass : { "bypass", "laneABypass" })
+    {
+        ProcessorRig rig;
+        rig.set ("inAutoGain", 1.0f);
+        rig.set ("outAutoGain", 1.0f);
+        Stereo loud { sine (1000.0, 48000.0, 96000, 0.9), sine (1000.0, 48000.0, 96000, 0.9) };
+        rig.process (loud);
+        EXPECT_LT (rmsDb (std::span (loud[0]).last (4800)), -14.0);
+
+        rig.set (bypass, 1.0f);
+        const auto noise = whiteNoise (5, 4800, 0.5);
+        Stereo through { noise, noise };
+        rig.process (through);
+        EXPECT_EQ (through[0], noise);
+        EXPECT_EQ (through[1], noise); // linked: lane B follows lane A's bypass
+
+        rig.set (bypass, 0.0f);
+        Stereo again { sine (1000.0, 48000.0, 480, 0.9), sine (1000.0, 48000.0, 480, 0.9) };
+        rig.process (again);
+        EXPECT_NEAR (rmsDb (again[0]), decibels (0.9), 0.3);
+    }
+}
+
+TEST (Processor, TellsTheFooterWhatItKnows)
+{
+    ProcessorRig rig (96000.0, 128);
+    rig.processor.setRateAndBufferSizeDetails (96000.0, 128);
+    Stereo noise { whiteNoise (1, 9600), whiteNoise (2, 9600) };
+    rig.process (noise, 128);
+    juce::AudioBuffer<float> empty (2, 0);
+    rig.processor.processBlock (empty, rig.midi);
+
+    const auto telemetry = rig.processor.getFooterTelemetry();
+    EXPECT_GT (telemetry.cpuPercent, 0.0f);
+    EXPECT_LE (telemetry.cpuPercent, 100.0f);
+    EXPECT_EQ (telemetry.latencySamples, 0);
+    EXPECT_EQ (telemetry.oversamplingFactor, 1);
+    EXPECT_EQ (telemetry.sampleRate, 96000.0);
+}
+
+} // namespace
+} // namespace kestreleq::test

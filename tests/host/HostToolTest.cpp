@@ -1,0 +1,159 @@
+#include "tests/support/HostTool.h"
+#include "engine/parameters/ParameterIds.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+const juce::String module = KESTREL_MODULE_PATH;
+
+TEST (HostTool, TellsWhatTheModuleIs)
+{
+    const auto run = runHost ({ "info", module, "--json" }, HostStream::output);
+    ASSERT_EQ (run.exitCode, 0);
+    const auto info = juce::JSON::parse (run.text);
+    EXPECT_EQ (info["name"], "Kestrel EQ");
+    EXPECT_EQ (info["vendor"], "Quillon");
+    EXPECT_EQ (info["version"], "1.1.0");
+    EXPECT_EQ (static_cast<int> (info["latencySamples"]), 0);
+
+    for (const auto& [list, name] : { std::pair { "inputs", "Input" }, std::pair { "outputs", "Output" } })
+    {
+        ASSERT_EQ (info[list].size(), 1);
+        EXPECT_EQ (info[list][0]["name"], name);
+        EXPECT_EQ (static_cast<int> (info[list][0]["channels"]), 2);
+    }
+
+    const auto parameters = info["parameters"];
+    ASSERT_EQ (parameters.size(), static_cast<int> (numParameters));
+    const juce::StringArray defaultTexts { "0.0", "0.0", "0.0", "0.0", "0.0", "0.0", "2.5K", "0.0", "0.0", "0.0", "0.0",
+        "0.0", "0.0", "2.5K", "0.0 dB", "Active", "Clean", "On", "Off", "Off", "Off", "On", "0.0 dB", "0.0 dB", "On",
+        "0.0 dB", "0.0 dB", "Active", "Active" };
+
+    for (int i = 0; i < parameters.size(); ++i)
+    {
+        const auto& expected = parameterTable[static_cast<std::size_t> (i)];
+        EXPECT_EQ (static_cast<int> (parameters[i]["index"]), i);
+        EXPECT_EQ (parameters[i]["id"], expected.id);
+        EXPECT_EQ (parameters[i]["name"], expected.name);
+        EXPECT_EQ (static_cast<float> (parameters[i]["default"]), expected.defaultValue);
+        EXPECT_EQ (parameters[i]["defaultText"].toString(), defaultTexts[i]);
+        EXPECT_EQ (static_cast<bool> (parameters[i]["stepped"]), expected.stepped);
+    }
+
+    const auto bench = runHost ({ "bench", module, "--seconds", "0.2", "--block", "64", "--json" }, HostStream::output);
+    EXPECT_EQ (bench.exitCode, 0);
+    EXPECT_GT (static_cast<double> (juce::JSON::parse (bench.text)["nsPerStereoSample"]), 0.0);
+}
+
+TEST (HostTool, RendersEveryKindOfWavAndTheSameEachTime)
+{
+    const TemporaryFolder work;
+    const auto left = whiteNoise (1, 1001, 0.5), right = whiteNoise (2, 1001, 0.5);
+
+    for (const int bits : { 16, 24, 32 })
+    {
+        for (const int channels : { 1, 2 })
+        {
+            const auto rate = bits == 24 ? 44100.0 : 96000.0;
+            const std::vector<std::vector<float>> both { left, right };
+            writeWav (work.path ("in.wav"), { both.begin(), both.begin() + channels }, rate, bits);
+            const auto render = [&] (const juce::String& out, const juce::String& block)
+            {
+                return runHost (
+                    { "render", module, work.path ("in.wav"), work.path (out), "--set", "bypass=1", "--block", block },
+                    HostStream::errors);
+            };
+            ASSERT_EQ (render ("a.wav", "512").exitCode, 0);
+            ASSERT_EQ (render ("b.wav", "7").exitCode, 0);
+            const auto out = readWav (work.path ("a.wav"));
+            EXPECT_TRUE (out.isFloat && out.bits == 32 && out.sampleRate == rate && out.channels.size() == 2);
+            EXPECT_LT (differenceDb (out.channels[0], left), bits == 16 ? -80.0 : -130.0);
+            EXPECT_LT (differenceDb (out.channels[1], channels == 1 ? left : right), bits == 16 ? -80.0 : -130.0);
+            EXPECT_TRUE (juce::File (work.path ("a.wav")).hasIdenticalContentTo (work.path ("b.wav")));
+        }
+    }
+}
+
+TEST (HostTool, KeepsTheOrderOfWhatIsSet)
+{
+    const TemporaryFolder work;
+    const auto steady = std::vector<float> (4800, 0.1f);
+    writeWav (work.path ("in.wav"), { steady, steady }, 48000.0, 32);
+    const auto render = [&] (const juce::StringArray& options)
+    {
+        juce::StringArray arguments { "render", module, work.path ("in.wav"), work.path ("out.wav"), "--block", "480" };
+        arguments.addArray (options);
+        EXPECT_EQ (runHost (arguments, HostStream::errors).exitCode, 0);
+        return readWav (work.path ("out.wav")).channels;
+    };
+
+    // Linked, so the last of the two holds for both lanes; unlinked at the end, so that each lane shows its own.
+    const auto high = render ({ "--set", "inGain1=0.2", "--set", "inGain2=0.8", "--set", "link=0" });
+    const auto low = render ({ "--set", "inGain2=0.8", "--set", "inGain1=0.2", "--set", "link=0" });
+    const auto ratio = 20.0 * std::log10 (high[0].back() / low[0].back());
+    EXPECT_NEAR (ratio, 0.6 * 18.0, 1e-3);
+    EXPECT_EQ (high[0], high[1]);
+
+    // At 0.03 s the fourth block starts; 0.031 s waits for the fifth. Same time: the order given.
+    const auto timed = render ({ "--at", "0.03:trim=0", "--at", "0.03:trim=1", "--at", "0.031:bypass=1" });
+    EXPECT_NEAR (timed[0][1439], 0.1f, 1e-3f);
+    EXPECT_NEAR (timed[0][1440], 0.1f * 3.98f, 1e-2f);
+    EXPECT_NEAR (timed[0][1919], 0.1f * 3.98f, 1e-2f);
+    EXPECT_EQ (timed[0][1920], 0.1f);
+}
+
+TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
+{
+    const TemporaryFolder work;
+    const juce::File good (work.path ("good.wav"));
+    writeWav (good, { whiteNoise (1, 1000, 0.5), whiteNoise (2, 1000, 0.5) }, 48000.0, 16);
+    writeWav (work.path ("three.wav"), { { 0.1f }, { 0.2f }, { 0.3f } }, 48000.0, 16);
+    juce::File (work.path ("empty.wav")).create();
+    juce::File (work.path ("text.wav")).replaceWithText ("nothing that one could listen to");
+    juce::MemoryBlock bytes;
+    good.loadFileAsData (bytes);
+    juce::File (work.path ("truncated.wav")).replaceWithData (bytes.getData(), bytes.getSize() - 100);
+    juce::File (work.path ("header.wav")).replaceWithData (bytes.getData(), 30);
+    const auto filesBefore = work.folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories);
+
+    const auto in = good.getFullPathName();
+    const auto out = work.path ("out.wav");
+    const auto expectRefusal = [&] (const juce::StringArray& arguments, int exitCode, const juce::String& named)
+    {
+        const auto run = runHost (arguments, HostStream::errors);
+        SCOPED_TRACE (arguments.joinIntoString (" ") + "\n" + run.text);
+        EXPECT_EQ (run.exitCode, exitCode);
+        EXPECT_TRUE (run.text.contains (named));
+        EXPECT_TRUE (exitCode != 1 || run.text.indexOfChar ('\n') == run.text.length() - 1);
+        EXPECT_EQ (work.folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories), filesBefore);
+    };
+
+    for (const auto* name : { "missing.wav", "three.wav", "empty.wav", "text.wav", "truncated.wav", "header.wav" })
+        expectRefusal ({ "render", module, work.path (name), out }, 1, name);
+
+    for (const auto* setting : { "nope=0.5", "sub=1.5", "sub=-0.1", "sub=nan", "sub=loud" })
+        expectRefusal ({ "render", module, in, out, "--set", setting }, 1,
+            juce::String (setting).upToFirstOccurrenceOf ("=", false, false));
+
+    expectRefusal ({ "render", module, in, out, "--at", "0.1:nope=0" }, 1, "nope");
+    expectRefusal ({ "render", module, in, out, "--program", "6" }, 1, "6");
+    expectRefusal ({ "render", in, in, out }, 1, "good.wav");
+    expectRefusal ({ "info", work.path ("none.vst3") }, 1, "none.vst3");
+    expectRefusal ({ "render", module, in, work.path ("no/such/folder.wav") }, 1, "folder.wav");
+
+    for (const auto& wrong : std::vector<juce::StringArray> { {}, { "sing" }, { "info" }, { "render", module, in },
+             { "render", module, in, out, "--block", "0" }, { "render", module, in, out, "--block", "x" },
+             { "render", module, in, out, "--what" }, { "render", module, in, out, "--set", "sub" },
+             { "bench", module, "--rate", "1" } })
+        expectRefusal (wrong, 2, "usage");
+
+    EXPECT_EQ (runHost ({ "--help" }, HostStream::output).exitCode, 0);
+}
+
+} // namespace
+} // namespace kestreleq::test

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "engine/KestrelProcessor.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <vector>
+
+namespace kestreleq::test
+{
+
+/** Left and right. */
+using Stereo = std::array<std::vector<float>, 2>;
+
+/** A processor as a host holds it: prepared, set by parameter ID, fed block by block. */
+struct ProcessorRig
+{
+    explicit ProcessorRig (double sampleRate = 48000.0, int blockSize = 512)
+    {
+        processor.prepareToPlay (sampleRate, blockSize);
+    }
+
+    juce::RangedAudioParameter& parameter (const char* id) { return *processor.getCore().getTree().getParameter (id); }
+
+    void set (const char* id, float value) { parameter (id).setValueNotifyingHost (value); }
+
+    float get (const char* id) { return parameter (id).getValue(); }
+
+    /** In place, in blocks whose sizes come from the list, over and over. */
+    void process (Stereo& signal, std::span<const int> blockSizes)
+    {
+        const auto total = static_cast<int> (signal[0].size());
+        std::size_t next = 0;
+
+        for (int start = 0; start < total;)
+        {
+            const auto length = std::min (blockSizes[next++ % blockSizes.size()], total - start);
+            float* channels[] = { signal[0].data() + start, signal[1].data() + start };
+            juce::AudioBuffer<float> buffer (channels, 2, length);
+            processor.processBlock (buffer, midi);
+            start += length;
+        }
+    }
+
+    void process (Stereo& signal, int blockSize = 512) { process (signal, std::span { &blockSize, 1 }); }
+
+    KestrelProcessor processor;
+    juce::MidiBuffer midi;
+};
+
+} // namespace kestreleq::test

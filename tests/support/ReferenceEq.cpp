@@ -1,0 +1,658 @@
+#include "tests/support/ReferenceEq.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <utility>
+
+namespace kestreleq::test
+{
+namespace
+{
+using Real = long double;
+using Complex = std::complex<Real>;
+constexpr auto pi = std::numbers::pi_v<Real>;
+
+// clang-format off
+constexpr std::array<ReferenceParameters::Entry, 29> parameterEntries { {
+    { "sub", 0.5f, false }, { "40hz", 0.5f, false }, { "160hz", 0.5f, false }, { "650hz", 0.5f, false },
+    { "2500hz", 0.5f, false }, { "airGain", 0.0f, false }, { "airBand", 0.0f, false },
+    { "subR", 0.5f, false }, { "40hzR", 0.5f, false }, { "160hzR", 0.5f, false }, { "650hzR", 0.5f, false },
+    { "2500hzR", 0.5f, false }, { "airGainR", 0.0f, false }, { "airBandR", 0.0f, false },
+    { "trim", 0.5f, false }, { "bypass", 0.0f, true }, { "breakMode", 0.0f, true }, { "link", 1.0f, true },
+    { "msMode", 0.0f, true }, { "inAutoGain", 0.0f, true }, { "outAutoGain", 0.0f, true },
+    { "inGainLink", 1.0f, true }, { "inGain1", 0.5f, false }, { "inGain2", 0.5f, false },
+    { "outGainLink", 1.0f, true }, { "outGain1", 0.5f, false }, { "outGain2", 0.5f, false },
+    { "laneABypass", 0.0f, true }, { "laneBBypass", 0.0f, true },
+} };
+
+constexpr std::array<std::pair<std::string_view, std::string_view>, 10> linkedPairs { {
+    { "sub", "subR" }, { "40hz", "40hzR" }, { "160hz", "160hzR" }, { "650hz", "650hzR" }, { "2500hz", "2500hzR" },
+    { "airGain", "airGainR" }, { "airBand", "airBandR" }, { "inGain1", "inGain2" }, { "outGain1", "outGain2" },
+    { "laneABypass", "laneBBypass" },
+} };
+
+// clang-format on
+/** The seven controls of both lanes, then trim and break mode; whatever a program leaves out stands at its default. */
+constexpr float programs[6][9] {
+    { 0.5f, 0.5f, 0.5f, 0.5f, 0.5f, 0.0f, 0.5f, 0.5f, 0.0f },
+    { 0.5f, 0.5f, 0.45f, 0.6f, 0.65f, 0.3f, 0.5f, 0.48f, 0.0f },
+    { 0.7f, 0.65f, 0.55f, 0.5f, 0.45f, 0.0f, 0.5f, 0.45f, 0.0f },
+    { 0.5f, 0.5f, 0.5f, 0.5f, 0.6f, 0.5f, 0.75f, 0.47f, 0.0f },
+    { 0.65f, 0.6f, 0.45f, 0.4f, 0.6f, 0.4f, 0.5f, 0.45f, 0.0f },
+    { 0.55f, 0.55f, 0.6f, 0.55f, 0.4f, 0.0f, 0.25f, 0.42f, 1.0f },
+};
+
+std::size_t indexOf (std::string_view id)
+{
+    const auto found = std::find_if (
+        parameterEntries.begin(), parameterEntries.end(), [id] (const auto& entry) { return entry.id == id; });
+
+    if (found == parameterEntries.end())
+        throw std::out_of_range ("no parameter '" + std::string (id) + "'");
+
+    return static_cast<std::size_t> (found - parameterEntries.begin());
+}
+
+Real fromDb (Real decibels)
+{
+    return std::pow (10.0L, decibels / 20.0L);
+}
+
+Real stageGain (float value, Real rangeDb)
+{
+    return fromDb ((value - 0.5L) * rangeDb);
+}
+
+// clang-format off
+enum class Shape { lowPass, highPass, peaking, lowShelf, highShelf };
+
+// clang-format on
+struct Filter
+{
+    Shape shape;
+    Real frequency, q, gainDb = 0.0L;
+};
+
+constexpr Filter bandFilters[] { { Shape::lowShelf, 36.06L, 0.3826L, 21.4092L },
+    { Shape::peaking, 38.48L, 0.2455L, 15.1051L }, { Shape::peaking, 154.28L, 0.2196L, 16.482L },
+    { Shape::peaking, 600.57L, 0.255L, 15.264L }, { Shape::highShelf, 407.71L, 0.4515L, 19.2381L } };
+
+constexpr Filter outputFilter { Shape::peaking, 8000.0L, 0.4L, 0.5L };
+
+/** Every section but the air's has this deliberately low frequency ceiling. */
+Filter withCeiling (Filter filter, double fs)
+{
+    filter.frequency = std::clamp (filter.frequency, 1.0L, std::min (20000.0L, fs * 0.45L * 0.5L));
+    return filter;
+}
+
+/** n[2] s^2 + n[1] s + n[0] over the same of d. */
+struct Prototype
+{
+    Real n[3], d[3];
+};
+
+/** Audio EQ Cookbook (R. Bristow-Johnson), the analogue transfer functions at the frequency 1. */
+Prototype prototype (const Filter& filter)
+{
+    const auto A = std::pow (10.0L, filter.gainDb / 40.0L);
+    const auto p = 1.0L / filter.q;
+    const auto r = std::sqrt (A) * p;
+
+    // clang-format off
+    switch (filter.shape)
+    {
+        case Shape::lowPass: return { { 1, 0, 0 }, { 1, p, 1 } };
+        case Shape::highPass: return { { 0, 0, 1 }, { 1, p, 1 } };
+        case Shape::peaking: return { { 1, A * p, 1 }, { 1, p / A, 1 } };
+        case Shape::lowShelf: return { { A * A, A * r, A }, { 1, r, A } };
+        case Shape::highShelf: return { { A, A * r, A * A }, { A, r, 1 } };
+    }
+    // clang-format on
+    return { { 1, 0, 0 }, { 1, 0, 0 } };
+}
+
+/** The prototype at s = j tan (pi f / fs) / tan (pi f0 / fs), which is the bilinear map. */
+Complex response (const Filter& filter, double frequency, double fs)
+{
+    const auto [n, d] = prototype (filter);
+    const Complex s { 0.0L, std::tan (pi * frequency / fs) / std::tan (pi * filter.frequency / fs) };
+    return (n[0] + s * (n[1] + s * n[2])) / (d[0] + s * (d[1] + s * d[2]));
+}
+
+struct Coefficients
+{
+    Real b0 = 1, b1 = 0, b2 = 0, a1 = 0, a2 = 0;
+};
+
+Coefficients designed (const Filter& filter, double fs)
+{
+    const auto [n, d] = prototype (filter);
+    const auto k = std::tan (pi * filter.frequency / fs);
+    const auto a0 = d[2] + k * (d[1] + k * d[0]);
+    return { (n[2] + k * (n[1] + k * n[0])) / a0, 2 * (k * k * n[0] - n[2]) / a0, (n[2] - k * (n[1] - k * n[0])) / a0,
+        2 * (k * k * d[0] - d[2]) / a0, (d[2] - k * (d[1] - k * d[0])) / a0 };
+}
+
+/** Rounded to single precision, unless that moves a pole onto or outside the unit circle. */
+Coefficients rounded (const Coefficients& exact)
+{
+    const auto round = [] (Real value) { return static_cast<Real> (static_cast<float> (value)); };
+    const Coefficients r { round (exact.b0), round (exact.b1), round (exact.b2), round (exact.a1), round (exact.a2) };
+    const auto stable = std::abs (r.a2) < 1 && 1 + r.a1 + r.a2 > 0 && 1 - r.a1 + r.a2 > 0;
+    return stable ? r : exact;
+}
+
+struct Section
+{
+    Coefficients k;
+    Real s1 = 0.0L, s2 = 0.0L;
+
+    void clear() { s1 = s2 = 0.0L; }
+
+    Real step (Real x)
+    {
+        const auto y = k.b0 * x + s1;
+        auto next1 = k.b1 * x - k.a1 * y + s2;
+        auto next2 = k.b2 * x - k.a2 * y;
+
+        if (! std::isfinite (x + s1 + s2 + y + next1 + next2))
+        {
+            clear();
+            return 0.0L;
+        }
+
+        if (x != 0.0L || next1 != 0.0L || next2 != 0.0L)
+            next2 += 1.0e-25L; // keeps the decay out of the denormal range
+
+        s1 = next1;
+        s2 = next2;
+        return y;
+    }
+};
+
+Section section (const Filter& filter, double fs)
+{
+    return { rounded (designed (withCeiling (filter, fs), fs)) };
+}
+
+Real runAll (std::span<Section> sections, Real x)
+{
+    for (auto& section : sections)
+        x = section.step (x);
+
+    return x;
+}
+
+void clearAll (std::span<Section> sections)
+{
+    std::for_each (sections.begin(), sections.end(), [] (auto& s) { s.clear(); });
+}
+
+struct AirRow
+{
+    Real preGainDb, shapeA, frequency, shapeB;
+};
+
+/** Rows at the amounts 0, 0.25, 0.5 and 1, for the indices 1 to 4; index 0 has no air. */
+// clang-format off
+constexpr AirRow airTable[4][4] {
+    { { 0, 0.85, 11359, 0.85 }, { -0.25, 1.67, 11359, 1.62 }, { 0.26, 4.33, 11359, 3.45 }, { 4.75, 15.89, 11359, 13.4 } },
+    { { 0, 0.85, 22518, 0.85 }, { 0.04, 1.15, 22518, 1.23 }, { 0.45, 3.4, 22518, 4.5 }, { 5.51, 14.16, 22518, 14.71 } },
+    { { 0, 0.8, 25960, 0.8 }, { -0.12, 1.12, 25960, 0.98 }, { 0.46, 3.25, 25960, 2.58 }, { 5.84, 13.07, 25960, 12.22 } },
+    { { 0, 0.7, 29696, 0.7 }, { -0.25, 1.28, 29696, 3.2 }, { 0.28, 2.48, 29696, 0.86 }, { 5.51, 10.29, 29696, 11.18 } },
+};
+
+// clang-format on
+int airIndexOf (float value)
+{
+    return static_cast<int> (std::round (value * 4.0f));
+}
+
+AirRow airRow (int index, Real amount)
+{
+    constexpr Real amounts[] { 0.0L, 0.25L, 0.5L, 1.0L };
+    const auto i = amount < 0.25L ? 0 : amount < 0.5L ? 1 : 2;
+    const auto t = std::min (1.0L, (amount - amounts[i]) / (amounts[i + 1] - amounts[i]));
+    const auto &a = airTable[index - 1][i], &b = airTable[index - 1][i + 1];
+    return { std::lerp (a.preGainDb, b.preGainDb, t), std::lerp (a.shapeA, b.shapeA, t), a.frequency,
+        std::lerp (a.shapeB, b.shapeB, t) };
+}
+
+/** The peak grows from flat with shape A; shape B narrows it, and the tangent ratio keeps its lower skirt the same at
+    every sample rate. */
+Filter airFilter (int index, Real amount, double fs)
+{
+    const auto row = airRow (index, amount);
+    const auto frequency = std::min (row.frequency, 0.9L * fs / 2.0L);
+    const auto uncramped = pi * row.frequency / fs / std::tan (pi * frequency / fs);
+    const auto q = std::clamp (uncramped / std::sqrt (row.shapeB), 0.01L, 100.0L);
+    return { Shape::peaking, frequency, q, row.shapeA - airTable[index - 1][0].shapeA };
+}
+
+struct Air
+{
+    bool active = false;
+    Real preGain = 1.0L;
+    Section section;
+
+    void set (int index, Real amount, double fs)
+    {
+        active = index > 0 && amount > 0.0L;
+
+        if (! active)
+            return section.clear();
+
+        preGain = fromDb (airRow (index, amount).preGainDb);
+        section.k = designed (airFilter (index, amount, fs), fs);
+    }
+
+    /** What the air adds: the filtered sample minus the sample. */
+    Real difference (Real x)
+    {
+        const auto y = x * preGain;
+        return ! active ? 0.0L : (std::isfinite (y) ? section.step (y) : y) - x;
+    }
+};
+
+/** x + a x^2 + b x^3 + c x^4 with second-order antiderivative anti-aliasing; gives what it adds to its input. */
+struct Shaper
+{
+    float a, b, c;
+    Real x1 = 0.0L, x2 = 0.0L, dPrevious = 0.0L;
+
+    Real residue (Real x)
+    {
+        constexpr auto nearby = 1.0e-5L;
+        const auto far1 = std::abs (x - x1) >= nearby;
+        const auto d = far1 ? (second (x) - second (x1)) / (x - x1) : first (x);
+        const auto y = std::abs (x - x2) >= nearby ? 2.0L * (d - dPrevious) / (x - x2)
+            : far1                                 ? (first (x) - first (x1)) / (x - x1)
+                                                   : x + x * x * (a + x * (b + x * c));
+        dPrevious = d;
+        x2 = std::exchange (x1, x);
+        return y - x;
+    }
+
+    void clear() { x1 = x2 = dPrevious = 0.0L; }
+
+    Real first (Real x) const { return x * x * (0.5L + x * (a / 3.0L + x * (b / 4.0L + x * c / 5.0L))); }
+
+    Real second (Real x) const { return x * x * x * (1.0L / 6.0L + x * (a / 12.0L + x * (b / 20.0L + x * c / 30.0L))); }
+};
+
+Real cubed (Real drive)
+{
+    const auto limited = std::clamp (drive, 0.0L, 1.0L);
+    return limited * limited * limited;
+}
+
+struct Break
+{
+    Shaper shapers[5] { { 0.15f, 0.02f, 0 }, { 0.12f, 0.02f, 0 }, { 0.08f, 0.015f, 0 }, { 0.05f, 0.01f, 0 },
+        { 0.03f, 0.005f, 0 } };
+    Shaper airShaper { 0.08f, 0, 0.02f };
+    Section filters[5][2]; ///< the last band has only one, its second passes through
+    Section airFilters[3];
+    Real gateStep, gate = 0.0L;
+
+    explicit Break (double fs)
+        : gateStep (1.0L / (0.02L * fs))
+    {
+        constexpr Real frequencies[5][2] { { 5, 120 }, { 40, 200 }, { 80, 500 }, { 300, 2000 }, { 1000, 0 } };
+        constexpr Real qs[] { 0.5L, 0.4L, 0.4L, 0.5L, 0.5L };
+
+        for (auto i = 0; i < 5; ++i)
+        {
+            filters[i][0] = section ({ Shape::highPass, frequencies[i][0], qs[i] }, fs);
+            filters[i][1] = i == 4 ? Section() : section ({ Shape::lowPass, frequencies[i][1], qs[i] }, fs);
+        }
+
+        airFilters[0] = section ({ Shape::highPass, 5, 0.707L }, fs);
+        airFilters[1] = section ({ Shape::highShelf, 8000, 0.707L, 3 }, fs);
+        airFilters[2] = section ({ Shape::lowPass, 18000, 0.707L }, fs);
+    }
+
+    Real step (const Real (&weighted)[5], const Real (&drives)[5], Real airPart, float airAmount)
+    {
+        constexpr Real mix[] { 0.06309573444802L, 0.05011872336273L, 0.03981071705535L, 0.03162277660168L,
+            0.03162277660168L };
+        Real sum = 0.0L;
+
+        for (auto i = 0; i < 5; ++i)
+            sum += mix[i] * runAll (filters[i], shapers[i].residue (cubed (drives[i]) * weighted[i]));
+
+        gate = std::clamp (gate + (airAmount > 0.1f ? gateStep : -gateStep), 0.0L, 1.0L);
+
+        if (gate > 0.0L)
+            sum += gate * 0.02238721138568L * runAll (airFilters, airShaper.residue (cubed (airAmount) * airPart));
+
+        return sum;
+    }
+
+    void clear()
+    {
+        for (auto& shaper : shapers)
+            shaper.clear();
+
+        for (auto& pair : filters)
+            clearAll (pair);
+
+        airShaper.clear();
+        clearAll (airFilters);
+        gate = 0.0L;
+    }
+};
+
+struct Lane
+{
+    double fs;
+    Section bands[5];
+    Section output;
+    Air air;
+    Break breaker;
+    Real weights[5] {};
+    float airAmount = 0.0f;
+    Real inputGain = 1.0L, outputGain = 1.0L;
+    bool bypassed = false;
+
+    explicit Lane (double sampleRate)
+        : fs (sampleRate),
+          output (section (outputFilter, fs)),
+          breaker (fs)
+    {
+        for (auto i = 0; i < 5; ++i)
+            bands[i] = section (bandFilters[i], fs);
+    }
+
+    void set (const ReferenceParameters& parameters, int lane)
+    {
+        for (auto i = 0; i < 5; ++i)
+            weights[i] = bandWeight (i, parameters.laneValue (lane, i));
+
+        airAmount = parameters.laneValue (lane, 5);
+        air.set (airIndexOf (parameters.laneValue (lane, 6)), airAmount, fs);
+    }
+
+    Real tone (Real x, bool breaking)
+    {
+        Real weighted[5];
+        auto sum = x;
+
+        for (auto i = 0; i < 5; ++i)
+            sum += weighted[i] = weights[i] * bands[i].step (x);
+
+        const auto airPart = air.difference (x);
+        sum += airPart;
+        return breaking ? sum + breaker.step (weighted, weights, airPart, airAmount) : sum;
+    }
+
+    void clear()
+    {
+        clearAll (bands);
+        air.section.clear();
+        output.clear();
+        breaker.clear();
+    }
+};
+
+struct Rider
+{
+    double fs;
+    Real gainDb = 0.0L;
+
+    void run (double* left, double* right, int n)
+    {
+        Real sum = 0.0L;
+        auto counted = 0;
+
+        for (const auto* channel : { left, right })
+            for (auto i = 0; i < n; ++i)
+                if (std::isfinite (channel[i]))
+                {
+                    sum += static_cast<Real> (channel[i]) * channel[i];
+                    ++counted;
+                }
+
+        const auto level = sum > 0.0L ? 10.0L * std::log10 (sum / counted) : -100.0L;
+
+        if (level > -80.0L)
+        {
+            const auto desired = std::clamp (-18.0L - level, -80.0L, 24.0L);
+            const auto reach = 6.0L * n / (fs >= 8000.0 ? fs : 48000.0);
+            gainDb = std::clamp (desired, gainDb - reach, gainDb + reach);
+        }
+
+        // This gain and its products are single precision by definition.
+        const auto linear = static_cast<float> (fromDb (gainDb));
+
+        for (auto* channel : { left, right })
+            for (auto i = 0; i < n; ++i)
+            {
+                const auto product = static_cast<float> (channel[i]) * linear;
+                channel[i] = static_cast<double> (std::isfinite (product) ? product : 0.0f);
+            }
+    }
+};
+} // namespace
+
+std::span<const ReferenceParameters::Entry> ReferenceParameters::entries()
+{
+    return parameterEntries;
+}
+
+ReferenceParameters::ReferenceParameters()
+{
+    std::transform (parameterEntries.begin(), parameterEntries.end(), values.begin(),
+        [] (const auto& entry) { return entry.initial; });
+}
+
+float ReferenceParameters::get (std::string_view id) const
+{
+    return values[indexOf (id)];
+}
+
+float ReferenceParameters::laneValue (int lane, int control) const
+{
+    return values.at (static_cast<std::size_t> (control + (isOn ("link") ? 0 : lane * controlsPerLane)));
+}
+
+void ReferenceParameters::store (std::string_view id, float value)
+{
+    const auto index = indexOf (id);
+    const auto clamped = std::clamp (value, 0.0f, 1.0f);
+    values[index] = parameterEntries[index].stepped ? std::floor (clamped + 0.5f) : clamped;
+}
+
+void ReferenceParameters::set (std::string_view id, float value)
+{
+    store (id, value);
+
+    // A copy only stores: it is never answered by further copies.
+    for (const auto& [linkId, first, second] :
+        { std::array { "inGainLink", "inGain1", "inGain2" }, std::array { "outGainLink", "outGain1", "outGain2" } })
+    {
+        if (id == linkId && isOn (id))
+            return copy (first, second);
+
+        if (isOn (linkId) && (id == first || id == second))
+            return copy (id, id == first ? second : first);
+    }
+
+    if (! isOn ("link"))
+        return;
+
+    for (const auto& [first, second] : linkedPairs)
+    {
+        if (id == "link" || id == first)
+            copy (first, second);
+        else if (id == second)
+            copy (second, first);
+    }
+}
+
+void ReferenceParameters::selectProgram (int index)
+{
+    for (std::size_t i = 0; i < parameterEntries.size(); ++i)
+    {
+        const auto& [id, initial, stepped] = parameterEntries[i];
+        const auto& program = programs[index];
+        set (id, i < 14 ? program[i % 7] : id == "trim" ? program[7] : id == "breakMode" ? program[8] : initial);
+    }
+}
+
+struct ReferenceEq::State
+{
+    explicit State (double fs)
+        : lanes { Lane (fs), Lane (fs) },
+          inputRider { fs },
+          outputRider { fs }
+    {
+    }
+
+    void take (const ReferenceParameters& p);
+    void runEngine (double* left, double* right, int n);
+
+    Lane lanes[2];
+    Rider inputRider, outputRider;
+    Real trim = 1.0L;
+    bool bypass = false, breaking = false, midSide = false, resetPending = false;
+};
+
+void ReferenceEq::State::take (const ReferenceParameters& p)
+{
+    const auto link = p.isOn ("link");
+    resetPending = resetPending || (bypass && ! p.isOn ("bypass"));
+    bypass = p.isOn ("bypass");
+    midSide = p.isOn ("msMode") && ! link;
+
+    lanes[0].bypassed = p.isOn ("laneABypass");
+    lanes[1].bypassed = link ? lanes[0].bypassed : p.isOn ("laneBBypass");
+    trim = stageGain (p.get ("trim"), 24.0L);
+
+    for (const auto lane : { 0, 1 })
+    {
+        const auto gain = [&] (const char* linkId, const char* first, const char* own)
+        { return stageGain (p.get (lane == 0 || link || p.isOn (linkId) ? first : own), 18.0L); };
+
+        // While a rider sets the level, the stage keeps the gain that it last had.
+        if (! p.isOn ("inAutoGain"))
+            lanes[lane].inputGain = gain ("inGainLink", "inGain1", "inGain2");
+
+        if (! p.isOn ("outAutoGain"))
+            lanes[lane].outputGain = gain ("outGainLink", "outGain1", "outGain2");
+
+        if (breaking && ! p.isOn ("breakMode"))
+            lanes[lane].breaker.clear();
+
+        lanes[lane].set (p, lane);
+    }
+
+    breaking = p.isOn ("breakMode");
+}
+
+void ReferenceEq::State::runEngine (double* left, double* right, int n)
+{
+    if (bypass)
+        return;
+
+    if (std::exchange (resetPending, false))
+        for (auto& lane : lanes)
+            lane.clear();
+
+    for (auto i = 0; i < n; ++i)
+    {
+        Real x[] { left[i], right[i] };
+
+        if (midSide)
+            std::tie (x[0], x[1]) = std::pair ((x[0] + x[1]) * 0.5L, (x[0] - x[1]) * 0.5L);
+
+        for (const auto k : { 0, 1 })
+            if (! lanes[k].bypassed)
+                x[k] = lanes[k].tone (x[k] * lanes[k].inputGain, breaking);
+
+        if (midSide)
+            std::tie (x[0], x[1]) = std::pair (x[0] + x[1], x[0] - x[1]);
+
+        for (const auto k : { 0, 1 })
+            if (! lanes[k].bypassed)
+                x[k] = lanes[k].output.step (x[k]) * lanes[k].outputGain * trim;
+
+        left[i] = static_cast<double> (x[0]);
+        right[i] = static_cast<double> (x[1]);
+    }
+}
+
+ReferenceEq::ReferenceEq (double sampleRate)
+    : state (std::make_unique<State> (sampleRate))
+{
+}
+
+ReferenceEq::~ReferenceEq() = default;
+
+void ReferenceEq::process (const ReferenceParameters& parameters, double* left, double* right, int n)
+{
+    if (n < 1)
+        return;
+
+    state->take (parameters);
+    const auto ridersRest = state->bypass || state->lanes[0].bypassed || state->lanes[1].bypassed;
+    const auto ride = [&] (Rider& rider, bool active)
+    {
+        if (active && ! ridersRest)
+            rider.run (left, right, n);
+        else
+            rider.gainDb = 0.0L;
+    };
+
+    ride (state->inputRider, parameters.isOn ("inAutoGain"));
+    state->runEngine (left, right, n);
+    ride (state->outputRider, parameters.isOn ("outAutoGain"));
+}
+
+long double bandWeight (int band, double value)
+{
+    constexpr Real weights[5][5] {
+        { -0.0821L, -0.0736L, 0.0L, 0.347L, 1.16L },
+        { -0.070057L, -0.06272L, 0.0L, 0.34L, 1.1L },
+        { -0.05527L, -0.050211L, 0.0L, 0.34L, 1.08L },
+        { -0.059971L, -0.053811L, 0.0L, 0.32L, 1.05L },
+        { -0.0555L, -0.0489L, 0.0L, 0.315L, 1.079L },
+    };
+    const auto position = std::clamp (value, 0.0, 1.0) * 4.0L;
+    const auto i = std::min (3, static_cast<int> (position));
+    return std::lerp (weights[band][i], weights[band][i + 1], position - i);
+}
+
+Complex bandResponse (int band, double frequency, double sampleRate)
+{
+    return response (withCeiling (bandFilters[band], sampleRate), frequency, sampleRate);
+}
+
+Complex airResponse (float amount, float airBand, double frequency, double sampleRate)
+{
+    const auto index = airIndexOf (airBand);
+
+    if (index == 0 || amount <= 0.0f)
+        return 1.0L;
+
+    return fromDb (airRow (index, amount).preGainDb) *
+        response (airFilter (index, amount, sampleRate), frequency, sampleRate);
+}
+
+double expectedMagnitude (const ReferenceParameters& parameters, int lane, double frequency, double sampleRate)
+{
+    const auto value = [&] (int control) { return parameters.laneValue (lane, control); };
+    auto sum = airResponse (value (5), value (6), frequency, sampleRate);
+
+    for (auto band = 0; band < 5; ++band)
+        sum += bandWeight (band, value (band)) * bandResponse (band, frequency, sampleRate);
+
+    return static_cast<double> (
+        std::abs (sum * response (withCeiling (outputFilter, sampleRate), frequency, sampleRate)));
+}
+} // namespace kestreleq::test
