@@ -34,9 +34,6 @@ public:
     /** One sample. A value that is not finite, in or out, clears the state and gives 0. */
     double process (double x)
     {
-        if (! (std::isfinite (x) && std::isfinite (s1) && std::isfinite (s2)))
-            return clear();
-
         const auto& c = coefficients;
         const auto y = c.b0 * x + s1;
         const auto next1 = c.b1 * x - c.a1 * y + s2;
@@ -45,6 +42,7 @@ public:
         if (x != 0.0 || next1 != 0.0 || next2 != 0.0)
             next2 += antiDenormal;
 
+        // An input or a state that is not finite always shows in one of these.
         if (! (std::isfinite (y) && std::isfinite (next1) && std::isfinite (next2)))
             return clear();
 
