@@ -12,6 +12,12 @@ namespace
 constexpr double riderTarget = -18.0; // dB
 constexpr double riderRate = 6.0;     // dB per second
 
+constexpr std::size_t inputSlot = 0;
+constexpr std::size_t outputSlot = 1;
+constexpr std::size_t spectrumFrame = 4096;
+constexpr std::size_t spectrumHop = 1024;
+constexpr std::size_t spectrumPoints = 512;
+
 } // namespace
 
 KestrelCore::KestrelCore (juce::AudioProcessor& processor)
@@ -47,7 +53,14 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
         rider->reset();
     }
 
+    for (auto& analyser : analysers)
+    {
+        analyser.prepare (sampleRate, spectrumFrame, spectrumHop, spectrumPoints);
+        analyser.setOn (false); // until an editor asks
+    }
+
     monoScratch.resize (static_cast<std::size_t> (blockSize));
+    mixScratch.resize (static_cast<std::size_t> (blockSize));
     prepared = true;
 }
 
@@ -127,9 +140,49 @@ void KestrelCore::processStereo (float* left, float* right, int numSamples)
             rider.reset();
     };
 
+    feedAnalysers (inputSlot, left, right, numSamples);
     ride (inputRider, inputAutoGain);
     engine.process (left, right, numSamples);
     ride (outputRider, outputAutoGain);
+    feedAnalysers (outputSlot, left, right, numSamples);
+}
+
+void KestrelCore::feedAnalysers (std::size_t slot, const float* left, const float* right, int numSamples)
+{
+    if (parameters.link)
+    {
+        pushMix (0, slot, left, right, 1.0f, numSamples);
+    }
+    else if (parameters.midSide)
+    {
+        pushMix (0, slot, left, right, 1.0f, numSamples);
+        pushMix (1, slot, left, right, -1.0f, numSamples);
+    }
+    else
+    {
+        analysers[0].push (slot, left, numSamples);
+        analysers[1].push (slot, right, numSamples);
+    }
+}
+
+/** Pushes (left + sign * right) / 2, in pieces where the block is longer than was prepared for. */
+void KestrelCore::pushMix (
+    std::size_t lane, std::size_t slot, const float* left, const float* right, float sign, int numSamples)
+{
+    if (! analysers[lane].isOn())
+        return;
+
+    const auto pieceSize = static_cast<int> (mixScratch.size());
+
+    for (int start = 0; start < numSamples; start += pieceSize)
+    {
+        const auto length = std::min (pieceSize, numSamples - start);
+
+        for (int n = 0; n < length; ++n)
+            mixScratch[static_cast<std::size_t> (n)] = (left[start + n] + sign * right[start + n]) * 0.5f;
+
+        analysers[lane].push (slot, mixScratch.data(), length);
+    }
 }
 
 } // namespace kestreleq

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/ParameterLinks.h"
+#include "engine/analysis/SpectrumAnalyser.h"
 #include "engine/dsp/EqEngine.h"
 #include "engine/dsp/GainRider.h"
 #include "engine/parameters/ParameterValues.h"
@@ -13,8 +14,8 @@
 namespace kestreleq
 {
 
-/** The state of the plug-in and its audio path: the parameter tree with its undo history, the engine, and the two gain
-    riders around it. */
+/** The state of the plug-in and its audio path: the parameter tree with its undo history, the engine, the two gain
+    riders around it, and the spectrum analysers. */
 class KestrelCore
 {
 public:
@@ -28,6 +29,9 @@ public:
     const ParameterValues& getValues() const { return values; }
 
     ParameterLinks& getLinks() { return links; }
+
+    /** The spectra of lane 0 (left, mid, or the mean of both with link on) or 1 (right or side). */
+    analysis::SpectrumAnalyser& getAnalyser (std::size_t lane) { return analysers[lane]; }
 
     /** Sets every parameter, in host order and each as a host gesture, as one named operation of the undo history.
         Message thread. */
@@ -43,6 +47,9 @@ public:
 private:
     void readParameters();
     void processStereo (float* left, float* right, int numSamples);
+    void feedAnalysers (std::size_t slot, const float* left, const float* right, int numSamples);
+    void pushMix (
+        std::size_t lane, std::size_t slot, const float* left, const float* right, float sign, int numSamples);
 
     // In this order: what is watched and recorded outlives what watches and records.
     juce::UndoManager undoManager;
@@ -56,7 +63,9 @@ private:
     dsp::EqEngine engine;
     dsp::GainRider inputRider;
     dsp::GainRider outputRider;
+    std::array<analysis::SpectrumAnalyser, numLanes> analysers;
     std::vector<float> monoScratch; // the second channel of a mono block
+    std::vector<float> mixScratch;  // what the analysers are fed, where that is no channel
     bool prepared = false;
 
     ParameterLinks links;

@@ -1,6 +1,7 @@
 #include "engine/KestrelProcessor.h"
 
 #include "engine/parameters/FactoryPrograms.h"
+#include "ui/settings/SettingsScopeManager.h"
 
 #include <cmath>
 
@@ -14,6 +15,7 @@ KestrelProcessor::KestrelProcessor()
       core (*this),
       bypassParameter (core.getTree().getParameter (infoOf (Parameter::bypass).id))
 {
+    quillon::ui::settings::SettingsScopeManager::setContextFromAnyThread ("KestrelEQ");
 }
 
 bool KestrelProcessor::isBusesLayoutSupported (const BusesLayout& layouts) const

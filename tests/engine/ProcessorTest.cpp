@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 
 namespace kestreleq::test
 {
@@ -171,6 +173,50 @@ TEST (Processor, KeepsRidersAtRestUnderAnyBypass)
         Stereo again { sine (1000.0, 48000.0, 480, 0.9), sine (1000.0, 48000.0, 480, 0.9) };
         rig.process (again);
         EXPECT_NEAR (rmsDb (again[0]), decibels (0.9), 0.3);
+    }
+}
+
+TEST (Processor, FeedsTheAnalysersByMode)
+{
+    // Left and right are sines of different bins, so that each mix has its own picture.
+    const auto peakPoint = [] (ProcessorRig& rig, std::size_t lane, std::size_t slot)
+    {
+        std::vector<float> curve (512);
+        for (int i = 0; i < 200; ++i)
+            rig.processor.getCore().getAnalyser (lane).readCurve (slot, curve);
+        const auto highest = std::max_element (curve.begin(), curve.end());
+        return std::pair { static_cast<int> (highest - curve.begin()), *highest };
+    };
+    const auto run = [&] (float link, float midSide)
+    {
+        auto rig = std::make_unique<ProcessorRig> (48000.0, 100);
+        rig->set ("link", link);
+        rig->set ("msMode", midSide);
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+            rig->processor.getCore().getAnalyser (lane).setOn (true);
+        Stereo signal { sine (1500.0, 48000.0, 16000, 0.5), sine (6000.0, 48000.0, 16000, 0.25) };
+        rig->process (signal, 700); // longer than prepared
+        return rig;
+    };
+    const auto point = [] (double frequency)
+    { return static_cast<int> (512.0 * std::log (frequency / 20.0) / std::log (1200.0)); };
+    const auto low = point (1500.0), high = point (6000.0);
+
+    for (const std::size_t slot : { 0u, 1u })
+    {
+        auto rig = run (0.0f, 0.0f);
+        EXPECT_NEAR (peakPoint (*rig, 0, slot).first, low, 2);
+        EXPECT_NEAR (peakPoint (*rig, 0, slot).second, -6.0f, 0.5f);
+        EXPECT_NEAR (peakPoint (*rig, 1, slot).first, high, 2);
+
+        rig = run (0.0f, 1.0f);
+        EXPECT_NEAR (peakPoint (*rig, 0, slot).second, -12.0f, 0.5f);
+        EXPECT_NEAR (peakPoint (*rig, 1, slot).second, -12.0f, 0.5f);
+        EXPECT_NEAR (peakPoint (*rig, 1, slot).first, low, 2);
+
+        rig = run (1.0f, 1.0f);
+        EXPECT_NEAR (peakPoint (*rig, 0, slot).second, -12.0f, 0.5f);
+        EXPECT_EQ (peakPoint (*rig, 1, slot).second, -120.0f);
     }
 }
 

@@ -1,0 +1,321 @@
+#include "engine/analysis/SpectrumAnalyser.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <random>
+#include <tuple>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace analysis;
+
+constexpr auto twoPi = 2.0 * std::numbers::pi;
+constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
+constexpr auto infinity = std::numeric_limits<float>::infinity();
+
+std::vector<float> curveOf (SpectrumAnalyser& analyser, std::size_t slot)
+{
+    std::vector<float> curve (512, 1.0f);
+    analyser.readCurve (slot, curve);
+    return curve;
+}
+
+std::vector<float> curveAfter (SpectrumAnalyser& analyser, std::size_t numSamples, double amplitude = 1.0)
+{
+    const auto count = static_cast<int> (numSamples);
+    analyser.push (0, whiteNoise (2, count, amplitude).data(), count);
+    return curveOf (analyser, 0);
+}
+
+const std::vector<float> silentCurve (512, -120.0f);
+
+TEST (SpectrumEstimator, AgreesWithADirectTransform)
+{
+    constexpr int length = 256;
+
+    for (const auto window : { Window::blackmanHarris, Window::hann, Window::rectangular })
+    {
+        SpectrumEstimator estimator;
+        estimator.prepare (48000.0, length);
+        estimator.setWindow (window);
+        auto frame = whiteNoise (3, length, 0.3);
+        frame[40] = nan;
+        frame[41] = -infinity;
+        estimator.analyse (frame);
+        frame[40] = frame[41] = 0.0f;
+        auto windowSum = 0.0;
+
+        for (int n = 0; n < length; ++n)
+        {
+            const auto x = twoPi * n / length;
+            const auto hann = std::pow (std::sin (x / 2), 2);
+            const auto harris =
+                0.35875 - 0.48829 * std::cos (x) + 0.14128 * std::cos (2 * x) - 0.01168 * std::cos (3 * x);
+            const auto w = window == Window::rectangular ? 1.0 : window == Window::hann ? hann : harris;
+            windowSum += w;
+            frame[static_cast<std::size_t> (n)] *= static_cast<float> (w);
+        }
+
+        for (int k = 0; k <= length / 2; ++k)
+        {
+            const auto oneSided = k % (length / 2) == 0 ? 0.5 : 1.0;
+            const auto amplitude = oneSided * binAmplitude (frame, k, length) * length / windowSum;
+            EXPECT_NEAR (estimator.spectrum()[static_cast<std::size_t> (k)], 20.0 * std::log10 (amplitude), 2e-3);
+        }
+    }
+}
+
+TEST (SpectrumEstimator, ReadsSinesPinkNoiseAndSilence)
+{
+    for (const int length : { 4096, 65536 })
+    {
+        SpectrumEstimator estimator;
+        estimator.prepare (48000.0, static_cast<std::size_t> (length));
+        const auto level = [&] (double bin, double amplitude)
+        {
+            estimator.analyse (sine (bin, length, length, amplitude));
+            return estimator.spectrum()[100];
+        };
+        EXPECT_NEAR (level (100.0, 0.001), -60.0, 1e-3);
+        EXPECT_NEAR (level (100.5, 0.5), -6.02 - 1.42, 0.01); // halfway between bins: Harris 1978, table 1
+        EXPECT_EQ (level (100.0, 10.0), 0.0f);
+        EXPECT_EQ (level (100.0, 0.0), -120.0f);
+
+        // Noise that repeats with the frame, with amplitude 0.1 / sqrt (k) in bin k.
+        std::vector<float> pink (static_cast<std::size_t> (length));
+        const auto phases = whiteNoise (5, 200, twoPi);
+
+        for (int k = 1; k < 200; ++k)
+            for (int n = 0; n < length; ++n)
+                pink[static_cast<std::size_t> (n)] += static_cast<float> (
+                    0.1 / std::sqrt (k) * std::cos (twoPi * k * n / length + phases[static_cast<std::size_t> (k)]));
+
+        estimator.setWindow (Window::rectangular);
+        estimator.analyse (pink);
+
+        for (int k = 1; k < 200; ++k)
+            EXPECT_NEAR (estimator.spectrum()[static_cast<std::size_t> (k)], -20.0 - 10.0 * std::log10 (k), 1e-3);
+    }
+}
+
+TEST (SpectrumEstimator, AveragesAndHoldsPeaksFrameByFrame)
+{
+    constexpr std::size_t length = 256, bin = 32;
+    constexpr double framesPerSecond = 48000.0 / length;
+
+    // Averaging time, hold time and decay as set, then as they count.
+    const double cases[][6] = { { 30, 20, 100, 30, 20, 100 }, { 0, 0, 50, 0, 0, 50 }, { nan, -5, nan, 50, 0, 20 },
+        { -1, infinity, 900, 0, 1000, 900 }, { 10, 1e9, 900, 10, 5000, 900 } };
+
+    for (const auto& [setAveraging, setHold, setDecay, averaging, hold, decay] : cases)
+    {
+        SpectrumEstimator estimator;
+        estimator.prepare (48000.0, length);
+        estimator.setAveragingTime (setAveraging);
+        estimator.setPeakHoldTime (setHold);
+        estimator.setPeakDecay (setDecay);
+        EXPECT_EQ (estimator.needsEveryFrame(), averaging > 0.0 || hold > 0.0);
+        auto averaged = -120.0, held = -120.0;
+        auto framesHeld = 0;
+        std::mt19937 random (7);
+
+        for (int i = 0; i < 2000; ++i)
+        {
+            const auto level = i % 1000 == 1 ? -3.0 : -10.0 - static_cast<double> (random() % 60);
+            estimator.analyse (sine (bin, length, length, std::pow (10.0, level / 20.0)));
+            const auto a = averaging > 0.0 ? std::exp (-1.0 / (framesPerSecond * averaging / 1000.0)) : 0.0;
+            averaged = (1.0 - a) * level + a * averaged;
+            framesHeld = level > held ? 0 : framesHeld + 1;
+
+            if (level > held || hold == 0.0)
+                held = level;
+            else if (framesHeld >= hold / 1000.0 * framesPerSecond)
+                held = std::max (level, held - decay / framesPerSecond);
+
+            ASSERT_NEAR (estimator.averagedSpectrum()[bin], averaged, 2e-3) << i;
+            ASSERT_NEAR (estimator.peakSpectrum()[bin], held, 2e-3) << i;
+        }
+    }
+}
+
+/** One slot with every frame of the whole stream analysed and every formula written out. */
+struct SlotModel
+{
+    void push (std::span<const float> samples)
+    {
+        const auto count = std::min (samples.size(), 4 * length - 1 - (stream.size() - drained));
+        stream.insert (stream.end(), samples.begin(), samples.begin() + static_cast<std::ptrdiff_t> (count));
+    }
+
+    void update (bool shown)
+    {
+        auto analysed = false;
+
+        for (drained = stream.size(); frameEnd <= drained; frameEnd += hop)
+        {
+            estimator.analyse (std::span (stream).subspan (frameEnd - length, length));
+            analysed = true;
+        }
+
+        hasData = hasData || (shown && analysed);
+
+        for (std::size_t i = 0; i < display.size(); ++i)
+        {
+            if (shown && analysed)
+                latest[i] = levelAt (static_cast<double> (i));
+
+            const auto target = ! shown ? -120.0 : hasData ? latest[i] : display[i];
+            display[i] += (target - display[i]) * (target > display[i] ? 0.35 : 0.08);
+            display[i] = std::abs (display[i] + 120.0) <= 0.01 ? -120.0 : display[i];
+        }
+    }
+
+    double levelAt (double i) const
+    {
+        const auto bins = static_cast<double> (length / 2 + 1), points = static_cast<double> (latest.size());
+        const auto binAt = [&] (double point)
+        { return 20.0 * std::pow (rate * 0.5 / 20.0, point / points) * static_cast<double> (length) / rate; };
+        const auto bin = [&] (double k) { return estimator.spectrum().begin() + static_cast<std::ptrdiff_t> (k); };
+        const auto low = std::clamp (std::floor (binAt (i)), 0.0, bins - 1.0);
+        const auto high = std::clamp (std::ceil (binAt (i + 1.0)), low + 1.0, bins);
+
+        if (high - low >= 3.0)
+            return *std::max_element (bin (low), bin (high));
+
+        const auto b = binAt (i + 0.5);
+        return std::lerp (*bin (b), *bin (std::min (b + 1.0, bins - 1.0)), b - std::floor (b));
+    }
+
+    double rate;
+    std::size_t length, hop, frameEnd = length;
+    std::vector<double> display, latest = display;
+    SpectrumEstimator estimator {};
+    std::vector<float> stream {};
+    std::size_t drained = 0;
+    bool hasData = false;
+};
+
+TEST (SpectrumAnalyser, AgreesWithAModelThatAnalysesEveryFrame)
+{
+    std::mt19937 random (11);
+
+    for (const auto& [rate, length, hop, points] :
+        { std::tuple { 48000.0, 4096u, 1024u, 512u }, { 44100.0, 256u, 100u, 64u }, { 96000.0, 512u, 512u, 300u },
+            { 40.5, 256u, 1u, 64u }, { 1e9, 2048u, 2047u, 512u } })
+    {
+        SpectrumAnalyser analyser;
+        analyser.setOn (true);
+        ASSERT_TRUE (analyser.prepare (rate, length, hop, points));
+        SlotModel model { .rate = rate, .length = length, .hop = hop, .display = std::vector (points, -120.0) };
+        model.estimator.prepare (rate, length);
+        auto on = true;
+
+        for (int round = 0; round < 60; ++round)
+        {
+            // Several blocks or none, from crumbs to more than the ring can hold.
+            for (auto block = static_cast<std::uint32_t> (random() % 4); block > 0; --block)
+            {
+                const auto count = static_cast<int> (random() % (length * (block == 3 ? 6 : 1)));
+                const auto noise = whiteNoise (block, count, 1e-3 * static_cast<double> (1 + random() % 500));
+                analyser.push (1, noise.data(), count);
+
+                if (on)
+                    model.push (noise);
+            }
+
+            on = on != (random() % 6 == 0);
+            analyser.setSlotOn (1, on);
+            const auto curve = curveOf (analyser, 1);
+            EXPECT_EQ (analyser.slotMask(), on ? 3u : 1u);
+            model.update (on);
+
+            for (std::size_t i = 0; i < points; ++i)
+                ASSERT_NEAR (curve[i], model.display[i], 5e-3) << "round " << round << ", point " << i;
+        }
+    }
+}
+
+TEST (SpectrumAnalyser, ShowsASineAtItsFrequencyAndLetsItFade)
+{
+    SpectrumAnalyser analyser;
+    analyser.setOn (true);
+    ASSERT_TRUE (analyser.prepare (44100.0, 0, 0, 512));
+    std::vector<float> curve;
+    const auto show = [&] (double amplitude, int numUpdates)
+    {
+        analyser.push (1, sine (3000.0, 44100.0, 8192, amplitude).data(), 8192);
+
+        while (numUpdates-- > 0)
+            curve = curveOf (analyser, 1);
+    };
+    show (1.0, 60);
+    const auto top = std::max_element (curve.begin(), curve.end());
+    EXPECT_NEAR (*top, 0.0, 1.0);
+    EXPECT_NEAR (static_cast<double> (top - curve.begin()), 512.0 * std::log (150.0) / std::log (1102.5), 1.0);
+    EXPECT_EQ (curveOf (analyser, 0), silentCurve);
+    show (0.0, 111); // 120 dB * 0.92^n passes 0.01 dB at n = 112.6
+    EXPECT_NE (curve, silentCurve);
+    show (0.0, 2);
+    EXPECT_EQ (curve, silentCurve);
+}
+
+TEST (SpectrumAnalyser, PreparesAtOddSizes)
+{
+    // Frame length, hop and points as asked for, then as they count.
+    const std::size_t cases[][6] = { { 3000, 0, 512, 4096, 1024, 512 }, { 100, 0, 0, 256, 64, 64 },
+        { 0, 9999, 5000, 4096, 4096, 2048 }, { 70000, 20000, 65, 65536, 20000, 65 } };
+
+    for (const auto& [askedLength, askedHop, askedPoints, length, hop, points] : cases)
+    {
+        SpectrumAnalyser analyser;
+        analyser.setOn (true);
+        ASSERT_TRUE (analyser.prepare (48000.0, askedLength, askedHop, askedPoints));
+        EXPECT_EQ (analyser.numPoints(), points);
+
+        // The first frame ends with sample N, the next one a hop later.
+        EXPECT_EQ (curveAfter (analyser, length - 1, 0.0), silentCurve);
+        EXPECT_FALSE (analyser.hasData (0));
+        EXPECT_EQ (curveAfter (analyser, 1, 0.0), silentCurve);
+        EXPECT_TRUE (analyser.hasData (0));
+        EXPECT_EQ (curveAfter (analyser, hop - 1), silentCurve);
+        EXPECT_NE (curveAfter (analyser, 1), silentCurve);
+    }
+}
+
+TEST (SpectrumAnalyser, IgnoresSamplesWhileUnpreparedOrOff)
+{
+    SpectrumAnalyser analyser;
+
+    for (const double rate : { 40.0, 0.0, -48000.0, double { nan }, double { infinity } })
+    {
+        analyser.setOn (true);
+        EXPECT_FALSE (analyser.prepare (rate, 4096, 1024, 512));
+        EXPECT_EQ (analyser.numPoints(), 0u);
+        EXPECT_EQ (curveAfter (analyser, 4096), silentCurve);
+        ASSERT_TRUE (analyser.prepare (48000.0, 4096, 1024, 512));
+        EXPECT_EQ (curveAfter (analyser, 4095), silentCurve);
+        EXPECT_FALSE (analyser.hasData (0));
+        analyser.clear();
+        EXPECT_EQ (curveAfter (analyser, 4095), silentCurve);
+        analyser.setOn (false);
+        EXPECT_EQ (curveAfter (analyser, 4096), silentCurve);
+        analyser.setOn (true);
+        EXPECT_EQ (curveAfter (analyser, 4095), silentCurve);
+        const auto shown = curveAfter (analyser, 1);
+        EXPECT_NE (shown, silentCurve);
+        analyser.setOn (false);
+        EXPECT_EQ (curveAfter (analyser, 4096), shown);
+        EXPECT_EQ (curveOf (analyser, 2), silentCurve);
+    }
+}
+
+} // namespace
+} // namespace kestreleq::test

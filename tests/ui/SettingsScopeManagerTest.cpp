@@ -1,0 +1,310 @@
+#include "ui/settings/SettingsScopeManager.h"
+
+#include "tests/support/MessagePump.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <latch>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+using quillon::ui::settings::SettingsScopeManager;
+
+constexpr auto peerVariable = "KESTREL_SCOPE_PEER";
+constexpr int soon = 10000;  // ms; for what has to happen, however busy the machine is
+constexpr int settled = 700; // ms; over a period of the watch and the delay of a save
+
+SettingsScopeManager::Options optionsIn (const juce::File& folder)
+{
+    SettingsScopeManager::Options options;
+    options.applicationName = "Scope";
+    options.filenameSuffix = ".scope";
+    options.folderName = folder.getFullPathName();
+    options.osxLibrarySubFolder = "Application Support";
+    options.millisecondsBeforeSaving = -1;
+    return options;
+}
+
+/** A folder for the scope file, and a manager that is made at the first request and goes with the test. */
+class SettingsScopeManagerTest : public testing::Test
+{
+protected:
+    SettingsScopeManagerTest()
+    {
+        deleteManager(); // of processors in other tests
+        SettingsScopeManager::setDefaultFileOptions (options);
+    }
+
+    ~SettingsScopeManagerTest() override
+    {
+        deleteManager();
+        SettingsScopeManager::clearDefaultFileOptions();
+        folder.deleteRecursively();
+    }
+
+    static SettingsScopeManager& manager() { return SettingsScopeManager::getInstance(); }
+
+    static void deleteManager() { delete SettingsScopeManager::getInstanceWithoutCreating(); }
+
+    static bool flagBecomes (bool flag)
+    {
+        return pumpMessagesUntil ([=] { return manager().isPerPluginScope() == flag; }, soon);
+    }
+
+    /** As another process does it. */
+    void write (int value) const
+    {
+        juce::PropertiesFile other (options);
+        other.setValue ("settings_scope", value);
+        ASSERT_TRUE (other.save());
+    }
+
+    /** -1: no readable file with the key. */
+    int stored() const { return juce::PropertiesFile (options).getIntValue ("settings_scope", -1); }
+
+    const juce::File folder = juce::File::createTempFile ("scope");
+    const SettingsScopeManager::Options options = optionsIn (folder);
+    const juce::File file = options.getDefaultFile();
+};
+
+TEST_F (SettingsScopeManagerTest, ReadsTheScopeOfTheFileInForce)
+{
+    EXPECT_FALSE (manager().isPerPluginScope());
+
+    for (const auto value : { 1, 2, 1, 0 })
+    {
+        write (value);
+        manager().setFileOptions (options);
+        EXPECT_EQ (manager().isPerPluginScope(), value == 1);
+    }
+
+    write (1);
+    SettingsScopeManager::setDefaultFileOptions (optionsIn (folder.getChildFile ("late"))); // ignored: there is one
+    deleteManager();
+    EXPECT_TRUE (manager().isPerPluginScope());
+    manager().setFileOptions (optionsIn (folder.getChildFile ("none")));
+    EXPECT_TRUE (manager().isPerPluginScope());
+}
+
+TEST_F (SettingsScopeManagerTest, NamesThePlacesOfAClient)
+{
+    SettingsScopeManager::Options client;
+    client.applicationName = "App";
+    client.folderName = "Folder";
+    const auto places = [&]
+    {
+        juce::StringArray names { manager().resolvePreferredOptions (client).applicationName };
+        for (const auto& place : manager().resolveOptions (client))
+            names.add (place.folderName + "/" + place.applicationName);
+
+        return names.joinIntoString (" ");
+    };
+
+    EXPECT_EQ (places(), "App Folder/App");
+    manager().setPerPluginScope (true);
+    EXPECT_EQ (places(), "App Folder/App");
+    manager().setContext ("KestrelEQ");
+    EXPECT_EQ (places(), "App-KestrelEQ Folder/App-KestrelEQ");
+    manager().setPerPluginScope (false);
+    EXPECT_EQ (places(), "App Folder/App Folder/App-KestrelEQ");
+}
+
+TEST_F (SettingsScopeManagerTest, NotifiesOfChangesOnly)
+{
+    int calls = 0;
+    EXPECT_EQ (manager().addListener ({}), 0);
+    EXPECT_EQ (manager().addListener ([&] { ++calls; }), 1);
+    EXPECT_EQ (manager().addListener ([&] { calls += 10; }), 2);
+
+    manager().setContext ("A");
+    manager().setContext ("A");
+    EXPECT_EQ (calls, 11);
+    manager().setPerPluginScope (true);
+    manager().setPerPluginScope (true);
+    EXPECT_EQ (calls, 22);
+
+    for (const auto id : { 0, 99, 1 })
+        manager().removeListener (id);
+
+    manager().setContext ("B");
+    EXPECT_EQ (calls, 32);
+    EXPECT_EQ (manager().addListener ([] {}), 3);
+}
+
+TEST_F (SettingsScopeManagerTest, RepeatsThePassForListenersThatChangeThings)
+{
+    juce::String calls;
+    int depth = 0, second = 0;
+    manager().addListener (
+        [&]
+        {
+            EXPECT_EQ (++depth, 1);
+            calls << "a";
+            manager().setContext ("from inside");
+            manager().removeListener (second);
+            manager().addListener ([&] { calls << "c"; });
+            --depth;
+        });
+    second = manager().addListener ([&] { calls << "b"; });
+    manager().setContext ("from outside");
+    EXPECT_EQ (calls, "abac"); // the listeners of a pass are those of its beginning
+    deleteManager();
+
+    int passes = 0;
+    manager().addListener ([&] { manager().setContext (juce::String (++passes)); });
+
+    for (const auto expected : { 11, 22 })
+    {
+        manager().setContext ("endless");
+        EXPECT_EQ (passes, expected);
+    }
+}
+
+TEST_F (SettingsScopeManagerTest, SavesHalfASecondAfterTheLastChange)
+{
+    manager();
+    pumpMessages (settled);
+    EXPECT_FALSE (folder.exists()); // nothing is written before the first change
+
+    auto lastChange = 0.0;
+
+    for (const auto flag : { true, false, true })
+    {
+        pumpMessages (200);
+        manager().setPerPluginScope (flag);
+        lastChange = juce::Time::getMillisecondCounterHiRes();
+    }
+
+    ASSERT_TRUE (pumpMessagesUntil ([&] { return file.existsAsFile(); }, soon));
+    // The framework's timers may be 100 ms early.
+    EXPECT_GE (juce::Time::getMillisecondCounterHiRes() - lastChange, 350.0);
+    EXPECT_EQ (stored(), 1);
+
+    file.deleteFile();
+    manager().setPerPluginScope (true);
+    pumpMessages (settled);
+    EXPECT_FALSE (file.existsAsFile()); // no change, no save
+}
+
+TEST_F (SettingsScopeManagerTest, FollowsTheFile)
+{
+    int calls = 0;
+    manager().addListener ([&] { ++calls; });
+    write (1);
+    EXPECT_TRUE (flagBecomes (true));
+    EXPECT_EQ (calls, 1);
+
+    write (0); // within the same second, most likely
+    EXPECT_TRUE (flagBecomes (false));
+    write (1);
+    EXPECT_TRUE (flagBecomes (true));
+    EXPECT_EQ (calls, 3);
+
+    file.setLastModificationTime (juce::Time::getCurrentTime() + juce::RelativeTime (5.0));
+    pumpMessages (settled);
+    file.replaceWithText ("<PROPERTIES><VALUE name=\"settings_scope\" va");
+    pumpMessages (settled);
+    file.deleteFile();
+    pumpMessages (settled);
+    EXPECT_TRUE (manager().isPerPluginScope());
+    EXPECT_EQ (calls, 3); // neither a touched nor a corrupt nor a vanished file is a change
+
+    write (0);
+    EXPECT_TRUE (flagBecomes (false));
+    EXPECT_EQ (calls, 4);
+}
+
+TEST_F (SettingsScopeManagerTest, LeavesTheFlagWhereNothingCanBeWritten)
+{
+    ASSERT_TRUE (folder.replaceWithText ("no folder")); // root may write into read-only ones
+    manager().setPerPluginScope (true);
+    pumpMessages (settled);
+    EXPECT_TRUE (manager().isPerPluginScope());
+
+    // The write that failed must not be made up for over the change of another process.
+    folder.deleteFile();
+    write (0);
+    EXPECT_TRUE (flagBecomes (false));
+    EXPECT_EQ (stored(), 0);
+}
+
+TEST_F (SettingsScopeManagerTest, IsMadeOnceAndGivenItsContextFromAnyThread)
+{
+    std::latch start (8);
+    std::array<SettingsScopeManager*, 8> seen {};
+    std::vector<std::jthread> threads;
+
+    for (auto& entry : seen)
+        threads.emplace_back (
+            [&]
+            {
+                start.arrive_and_wait();
+                SettingsScopeManager::setContextFromAnyThread ("KestrelEQ");
+                entry = SettingsScopeManager::getInstanceWithoutCreating();
+            });
+
+    threads.clear();
+    EXPECT_TRUE (std::ranges::all_of (seen, [] (auto* each) { return each == &manager(); }));
+
+    const auto hasContext = [] { return manager().resolveOptions ({}).size() == 2; };
+    EXPECT_FALSE (hasContext());
+    EXPECT_TRUE (pumpMessagesUntil (hasContext, soon));
+    write (1);
+    EXPECT_TRUE (flagBecomes (true)); // the watch that another thread started runs here
+
+    // A context that arrives after the manager's end makes no new one.
+    std::thread ([] { SettingsScopeManager::setContextFromAnyThread ("Late"); }).join();
+    deleteManager();
+    pumpMessages (100);
+    EXPECT_EQ (SettingsScopeManager::getInstanceWithoutCreating(), nullptr);
+}
+
+/** Two processes on the real file, in a home of their own: this test runs itself once more. Each changes the scope, and
+    the other has to see it within about a second. */
+TEST_F (SettingsScopeManagerTest, AgreesWithAnotherProcess)
+{
+    if (juce::SystemStats::getEnvironmentVariable (peerVariable, {}).isNotEmpty())
+    {
+        manager().resetFileOptions();
+        manager().setPerPluginScope (true);
+        pumpMessages (settled);
+        EXPECT_TRUE (flagBecomes (false));
+        return;
+    }
+
+    const auto home = juce::SystemStats::getEnvironmentVariable ("HOME", {});
+    ::setenv ("HOME", folder.getFullPathName().toRawUTF8(), 1);
+    ::setenv (peerVariable, "1", 1);
+
+    int calls = 0;
+    manager().resetFileOptions();
+    manager().addListener ([&] { ++calls; });
+    juce::ChildProcess peer;
+    EXPECT_TRUE (peer.start (
+        juce::StringArray { juce::File::getSpecialLocation (juce::File::currentExecutableFile).getFullPathName(),
+            "--gtest_filter=SettingsScopeManagerTest.AgreesWithAnotherProcess" }));
+
+    const auto usual = folder.getChildFile (".quillondsp/QuillonDSP.quillondsp-scope");
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return usual.existsAsFile(); }, soon));
+    const auto written = juce::Time::getMillisecondCounterHiRes();
+    EXPECT_TRUE (flagBecomes (true));
+    EXPECT_LT (juce::Time::getMillisecondCounterHiRes() - written, 1500.0);
+    EXPECT_EQ (calls, 1);
+
+    pumpMessages (settled);
+    manager().setPerPluginScope (false);
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return ! peer.isRunning(); }, 2 * soon));
+    EXPECT_EQ (peer.getExitCode(), 0u) << peer.readAllProcessOutput();
+
+    ::unsetenv (peerVariable);
+    ::setenv ("HOME", home.toRawUTF8(), 1);
+}
+
+} // namespace
+} // namespace kestreleq::test
