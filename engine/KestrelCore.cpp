@@ -9,6 +9,9 @@ namespace kestreleq
 namespace
 {
 
+const juce::Identifier idProperty ("id");
+const juce::Identifier valueProperty ("value");
+
 constexpr double riderTarget = -18.0; // dB
 constexpr double riderRate = 6.0;     // dB per second
 
@@ -27,10 +30,46 @@ KestrelCore::KestrelCore (juce::AudioProcessor& processor)
 {
 }
 
+juce::ValueTree KestrelCore::copyState()
+{
+    const std::scoped_lock lock (historyLock);
+    auto copy = tree.copyState();
+
+    // The tree leaves out changes in a value's last bit.
+    for (std::size_t i = 0; i < numParameters; ++i)
+        copy.getChildWithProperty (idProperty, parameterTable[i].id)
+            .setProperty (valueProperty, tree.getRawParameterValue (parameterTable[i].id)->load(), nullptr);
+
+    return copy;
+}
+
+void KestrelCore::replaceState (const juce::ValueTree& newState)
+{
+    const ParameterLinks::ScopedPause restoring (links);
+    const std::scoped_lock lock (historyLock);
+    tree.replaceState (newState.createCopy());
+
+    for (const auto& info : parameterTable)
+    {
+        const float value =
+            newState.getChildWithProperty (idProperty, info.id).getProperty (valueProperty, info.defaultValue);
+        auto& parameter = *tree.getParameter (info.id);
+
+        // The tree leaves a value alone that differs in its last bit only.
+        if (parameter.getValue() != value)
+            parameter.setValueNotifyingHost (value);
+
+        tree.getRawParameterValue (info.id)->store (value);
+    }
+}
+
 void KestrelCore::setAllParameters (
     const std::array<float, numParameters>& newValues, const juce::String& operationName)
 {
-    undoManager.beginNewTransaction (operationName);
+    {
+        const std::scoped_lock lock (historyLock);
+        undoManager.beginNewTransaction (operationName);
+    }
 
     for (std::size_t i = 0; i < numParameters; ++i)
     {

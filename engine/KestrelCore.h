@@ -9,6 +9,7 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <array>
+#include <mutex>
 #include <vector>
 
 namespace kestreleq
@@ -33,6 +34,13 @@ public:
     /** The spectra of lane 0 (left, mid, or the mean of both with link on) or 1 (right or side). */
     analysis::SpectrumAnalyser& getAnalyser (std::size_t lane) { return analysers[lane]; }
 
+    /** A copy of the parameter tree with the values that the audio thread reads now. Any thread. */
+    juce::ValueTree copyState();
+
+    /** Takes the values of a whole tree as they are, links or not; what it lacks takes its default. Forgets the undo
+        history. Any thread. */
+    void replaceState (const juce::ValueTree& newState);
+
     /** Sets every parameter, in host order and each as a host gesture, as one named operation of the undo history.
         Message thread. */
     void setAllParameters (const std::array<float, numParameters>& newValues, const juce::String& operationName);
@@ -50,6 +58,8 @@ private:
     void feedAnalysers (std::size_t slot, const float* left, const float* right, int numSamples);
     void pushMix (
         std::size_t lane, std::size_t slot, const float* left, const float* right, float sign, int numSamples);
+
+    std::mutex historyLock; // around every use of the undo history, taken before the tree's own lock
 
     // In this order: what is watched and recorded outlives what watches and records.
     juce::UndoManager undoManager;

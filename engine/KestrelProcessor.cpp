@@ -1,5 +1,6 @@
 #include "engine/KestrelProcessor.h"
 
+#include "engine/PluginState.h"
 #include "engine/parameters/FactoryPrograms.h"
 #include "ui/settings/SettingsScopeManager.h"
 
@@ -123,7 +124,26 @@ void KestrelProcessor::setCurrentProgram (int index)
     currentProgram = index;
     core.setAllParameters (
         valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
+    ++stateChangeCounter;
     updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
+}
+
+void KestrelProcessor::getStateInformation (juce::MemoryBlock& destination)
+{
+    writeState ({ core.copyState(), currentProgram, editorScaleStep }, destination);
+}
+
+void KestrelProcessor::setStateInformation (const void* data, int size)
+{
+    const auto state = readState (data, size);
+
+    if (! state)
+        return;
+
+    core.replaceState (state->parameters);
+    currentProgram = state->program;
+    editorScaleStep = state->editorScaleStep;
+    ++stateChangeCounter;
 }
 
 } // namespace kestreleq

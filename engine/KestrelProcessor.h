@@ -6,8 +6,10 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <cstdint>
 
 namespace kestreleq
 {
@@ -60,7 +62,7 @@ public:
 
     int getNumPrograms() override;
 
-    int getCurrentProgram() override { return currentProgram; }
+    int getCurrentProgram() override { return std::max (0, currentProgram.load()); }
 
     /** Sets every parameter to the program's value, each as a host gesture. An unknown index is ignored. */
     void setCurrentProgram (int index) override;
@@ -73,9 +75,19 @@ public:
 
     bool hasEditor() const override { return true; }
 
-    void getStateInformation (juce::MemoryBlock&) override {}
+    /** Any thread. */
+    void getStateInformation (juce::MemoryBlock& destination) override;
 
-    void setStateInformation (const void*, int) override {}
+    /** Any thread. What is no state of ours changes nothing. */
+    void setStateInformation (const void* data, int size) override;
+
+    /** Advances whenever much has changed at once: a restored state, a program. Any thread. */
+    std::uint32_t getStateChangeCounter() const { return stateChangeCounter.load (std::memory_order_acquire); }
+
+    /** The editor's size as a step of its own; -1 for its default size. Saved with the state. */
+    int getEditorScaleStep() const { return editorScaleStep; }
+
+    void setEditorScaleStep (int newStep) { editorScaleStep = newStep; }
 
 private:
     /** Two floats that the audio thread writes and anyone reads. */
@@ -94,6 +106,8 @@ private:
     KestrelCore core;
     juce::AudioProcessorParameter* const bypassParameter;
     std::atomic<int> currentProgram { 0 };
+    std::atomic<int> editorScaleStep { -1 };
+    std::atomic<std::uint32_t> stateChangeCounter { 0 };
 
     LevelPair inputLevels;
     LevelPair outputLevels;

@@ -107,6 +107,34 @@ TEST (HostTool, KeepsTheOrderOfWhatIsSet)
     EXPECT_EQ (timed[0][1920], 0.1f);
 }
 
+TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
+{
+    const TemporaryFolder work;
+    writeWav (work.path ("in.wav"), { whiteNoise (1, 48000, 0.5), whiteNoise (2, 48000, 0.5) }, 48000.0, 32);
+    const auto render = [&] (const juce::String& name, const juce::StringArray& options)
+    {
+        juce::StringArray arguments { "render", module, work.path ("in.wav"), work.path (name + ".wav"), "--save-state",
+            work.path (name + ".state") };
+        arguments.addArray (options);
+        const auto run = runHost (arguments, HostStream::errors);
+        EXPECT_EQ (run.exitCode, 0) << run.text;
+    };
+    const auto same = [&] (const char* extension)
+    { return juce::File (work.path ("a") + extension).hasIdenticalContentTo (work.path ("b") + extension); };
+
+    render ("a",
+        { "--program", "5", "--set", "link=0", "--set", "subR=0.9", "--set", "msMode=1", "--set", "airGainR=0.37" });
+    render ("b", { "--state", work.path ("a.state") });
+    EXPECT_TRUE (same (".wav"));
+    EXPECT_TRUE (same (".state"));
+
+    const auto missing = runHost (
+        { "render", module, work.path ("in.wav"), work.path ("c.wav"), "--state", "none.state" }, HostStream::errors);
+    EXPECT_EQ (missing.exitCode, 1);
+    EXPECT_TRUE (missing.text.contains ("none.state"));
+    EXPECT_FALSE (juce::File (work.path ("c.wav")).exists());
+}
+
 TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
 {
     const TemporaryFolder work;

@@ -88,6 +88,10 @@ RenderOptions parseRender (Arguments arguments)
             options.sets.push_back (parseAssignment (next()));
         else if (option == "--at")
             options.timed.push_back (parseTimedAssignment (next()));
+        else if (option == "--state")
+            options.state = next();
+        else if (option == "--save-state")
+            options.saveState = next();
         else
             return false;
 
@@ -158,12 +162,14 @@ std::string_view usageText()
     return R"(usage: kestrel-host info   MODULE [--json]
        kestrel-host render MODULE IN.wav OUT.wav [--block N] [--program N]
                            [--set ID=VALUE]... [--at SECONDS:ID=VALUE]...
+                           [--state FILE] [--save-state FILE]
        kestrel-host bench  MODULE [--rate R] [--block N] [--seconds S] [--set ID=VALUE]... [--json]
        kestrel-host --help
 
 MODULE is a built VST3 module, ID a parameter ID of the plug-in ('info' lists them), VALUE 0 to 1.
 --program selects a factory program, counted from 0; --set then acts in the order given, before the first block;
---at acts at the first block that starts at or after its time. A block has 1 to 65536 samples (512 unless told
+--at acts at the first block that starts at or after its time. --state restores a saved state before all of these,
+--save-state saves the state at the end. A block has 1 to 65536 samples (512 unless told
 otherwise), a rate 8000 to 768000 Hz, a bench 0.01 to 3600 seconds of audio.
 )";
 }

@@ -36,6 +36,8 @@ struct RenderOptions
     std::optional<int> program;
     std::vector<Assignment> sets;
     std::vector<TimedAssignment> timed;
+    std::optional<std::string> state;     // file to restore before anything else
+    std::optional<std::string> saveState; // file for the state at the end
 };
 
 struct BenchOptions

@@ -94,6 +94,30 @@ void HostedModule::selectProgram (int program)
     deliverChanges();
 }
 
+// The framework's host keeps the states of component and controller as base64 text in its own XML.
+void HostedModule::restoreState (const juce::MemoryBlock& componentState)
+{
+    juce::XmlElement both ("VST3PluginState");
+    both.createNewChildElement ("IComponent")->addTextElement (componentState.toBase64Encoding());
+    juce::MemoryBlock wrapped;
+    juce::AudioProcessor::copyXmlToBinary (both, wrapped);
+    pluginInstance->setStateInformation (wrapped.getData(), static_cast<int> (wrapped.getSize()));
+    deliverChanges();
+}
+
+juce::MemoryBlock HostedModule::saveState()
+{
+    juce::MemoryBlock wrapped, componentState;
+    pluginInstance->getStateInformation (wrapped);
+    const auto both = juce::AudioProcessor::getXmlFromBinary (wrapped.getData(), static_cast<int> (wrapped.getSize()));
+    const auto* component = both == nullptr ? nullptr : both->getChildByName ("IComponent");
+
+    if (component == nullptr || ! componentState.fromBase64Encoding (component->getAllSubText()))
+        throw Failure (pluginDescription.name.toStdString() + " gave no state");
+
+    return componentState;
+}
+
 void HostedModule::set (const Assignment& assignment)
 {
     find (assignment.id).hosted->setValue (assignment.value);

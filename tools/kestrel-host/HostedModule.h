@@ -39,6 +39,12 @@ public:
     /** Sets stereo in and stereo out and prepares. Rate in Hz, block in samples. Throws Failure. */
     void prepareStereo (double sampleRate, int maximumBlock);
 
+    /** Restores the component's own state, after preparing. */
+    void restoreState (const juce::MemoryBlock& componentState);
+
+    /** The component's own state. Throws Failure if it has none. */
+    juce::MemoryBlock saveState();
+
     /** Selects a factory program, counted from 0, after preparing. Throws Failure if there is none of this number. */
     void selectProgram (int program);
 

@@ -1,5 +1,7 @@
 #include "tools/kestrel-host/Commands.h"
+#include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-host/HostedModule.h"
+#include "tools/kestrel-host/Paths.h"
 #include "tools/kestrel-host/Progress.h"
 #include "tools/kestrel-host/WavReader.h"
 #include "tools/kestrel-host/WavWriter.h"
@@ -25,6 +27,24 @@ std::vector<TimedAssignment> inOrderOfTime (std::vector<TimedAssignment> timed)
     const auto isEarlier = [] (const TimedAssignment& a, const TimedAssignment& b) { return a.seconds < b.seconds; };
     std::stable_sort (timed.begin(), timed.end(), isEarlier);
     return timed;
+}
+
+juce::MemoryBlock readStateFile (const std::string& path)
+{
+    juce::MemoryBlock content;
+
+    if (! fileAt (path).loadFileAsData (content) || content.isEmpty())
+        throw Failure ("cannot read a state from '" + path + "'");
+
+    return content;
+}
+
+void writeStateFile (const std::string& path, const juce::MemoryBlock& state)
+{
+    const auto file = fileAt (path);
+
+    if (file.isDirectory() || ! file.replaceWithData (state.getData(), state.getSize()))
+        throw Failure ("cannot write the state to '" + path + "'");
 }
 
 void renderAll (HostedModule& module, WavReader& input, WavWriter& output, int maximumBlock,
@@ -67,6 +87,9 @@ void run (const RenderOptions& options)
     // The module is not told that this is faster than real time: the file holds what a listener would have heard.
     module.prepareStereo (input.sampleRate(), options.block);
 
+    if (options.state)
+        module.restoreState (readStateFile (*options.state));
+
     if (options.program)
         module.selectProgram (*options.program);
 
@@ -74,6 +97,10 @@ void run (const RenderOptions& options)
         module.set (set);
 
     renderAll (module, input, output, options.block, inOrderOfTime (options.timed));
+
+    if (options.saveState)
+        writeStateFile (*options.saveState, module.saveState());
+
     output.finish();
 }
 

@@ -1,0 +1,198 @@
+#include "engine/PluginState.h"
+
+#include "engine/parameters/FactoryPrograms.h"
+#include "engine/parameters/ParameterIds.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestreleq
+{
+namespace
+{
+
+const juce::Identifier treeType ("Parameters");
+const juce::Identifier parameterType ("PARAM");
+const juce::Identifier idProperty ("id");
+const juce::Identifier valueProperty ("value");
+const juce::Identifier programProperty ("currentProgram");
+const juce::Identifier scaleStepProperty ("editorScaleStep");
+
+constexpr std::size_t greatestTextSize = 1024 * 1024;
+constexpr int greatestDepth = 8;
+
+// The framework's wrapper: a magic number and the text's length before the text, a zero after it.
+constexpr int wrapperHeader = 8;
+
+const ParameterInfo* findParameter (const juce::String& id)
+{
+    const auto* found = std::find_if (
+        parameterTable.begin(), parameterTable.end(), [&id] (const ParameterInfo& info) { return id == info.id; });
+
+    return found == parameterTable.end() ? nullptr : found;
+}
+
+/** The nearest value that the parameter can hold; 0 for what is no finite number. */
+float legalValue (const ParameterInfo& info, const juce::var& stored)
+{
+    const auto value = static_cast<double> (stored);
+    const auto limited = std::isfinite (value) ? static_cast<float> (juce::jlimit (0.0, 1.0, value)) : 0.0f;
+
+    return info.stepped ? std::round (limited) : limited;
+}
+
+/** A tree of nothing but known parameters with legal values; of two children of one ID the later counts. */
+juce::ValueTree cleaned (const juce::ValueTree& stored)
+{
+    juce::ValueTree clean (treeType);
+
+    for (const auto& child : stored)
+    {
+        const auto id = child.getProperty (idProperty).toString();
+        const auto* info = child.hasType (parameterType) ? findParameter (id) : nullptr;
+
+        if (info == nullptr || ! child.hasProperty (valueProperty))
+            continue;
+
+        auto target = clean.getChildWithProperty (idProperty, id);
+
+        if (! target.isValid())
+        {
+            target = juce::ValueTree (parameterType, { { idProperty, id } });
+            clean.appendChild (target, nullptr);
+        }
+
+        target.setProperty (valueProperty, legalValue (*info, child[valueProperty]), nullptr);
+    }
+
+    return clean;
+}
+
+std::optional<PluginState> fromXml (const juce::XmlElement* xml)
+{
+    if (xml == nullptr)
+        return {};
+
+    const auto tree = juce::ValueTree::fromXml (*xml);
+
+    if (! tree.hasType (treeType))
+        return {};
+
+    const int program = tree[programProperty];
+    return PluginState { cleaned (tree), program < static_cast<int> (factoryPrograms.size()) ? program : 0,
+        tree.getProperty (scaleStepProperty, -1) };
+}
+
+/** Follows the tags of XML text and tells how deep they go. There must be nothing but elements and text. */
+class DepthScanner
+{
+public:
+    explicit DepthScanner (std::string_view textToScan)
+        : text (textToScan)
+    {
+    }
+
+    int deepest()
+    {
+        int depth = 0, greatest = 0;
+
+        while ((position = text.find ('<', position)) != std::string_view::npos)
+        {
+            ++position;
+            const bool closes = position < text.size() && text[position] == '/';
+            const bool isEmpty = skipTag() == '/';
+
+            if (closes)
+            {
+                --depth;
+                continue;
+            }
+
+            greatest = std::max (greatest, depth + 1);
+            depth += isEmpty ? 0 : 1;
+        }
+
+        return greatest;
+    }
+
+private:
+    /** To the tag's end, past quoted text; returns the character before it. */
+    char skipTag()
+    {
+        char quote = '\0', previous = '\0';
+
+        for (; position < text.size(); ++position)
+        {
+            const auto c = text[position];
+
+            if (quote == '\0' && c == '>')
+                return previous;
+
+            if (quote == '\0' && (c == '"' || c == '\''))
+                quote = c;
+            else if (c == quote)
+                quote = '\0';
+
+            previous = c;
+        }
+
+        return previous;
+    }
+
+    std::string_view text;
+    std::size_t position = 0;
+};
+
+} // namespace
+
+bool isHarmlessXml (std::string_view text)
+{
+    if (text.size() > greatestTextSize ||
+        ! juce::CharPointer_UTF8::isValidString (text.data(), static_cast<int> (text.size())))
+        return false;
+
+    if (text.starts_with ("<?"))
+        text.remove_prefix (std::min (text.find ("?>"), text.size()));
+
+    return text.find ("<!") == std::string_view::npos && text.find ("<?") == std::string_view::npos &&
+        DepthScanner (text).deepest() <= greatestDepth;
+}
+
+void writeState (const PluginState& state, juce::MemoryBlock& destination)
+{
+    auto tree = state.parameters.createCopy();
+    tree.setProperty (programProperty, state.program, nullptr);
+    tree.setProperty (scaleStepProperty, state.editorScaleStep, nullptr);
+
+    if (const auto xml = tree.createXml())
+        juce::AudioProcessor::copyXmlToBinary (*xml, destination);
+}
+
+std::optional<PluginState> readState (const void* data, int size)
+{
+    if (data == nullptr || size <= wrapperHeader)
+        return {};
+
+    std::string_view text (
+        static_cast<const char*> (data) + wrapperHeader, static_cast<std::size_t> (size - wrapperHeader));
+
+    // What stands after the text's zero is not read.
+    text = text.substr (0, text.find ('\0'));
+
+    if (! isHarmlessXml (text))
+        return {};
+
+    return fromXml (juce::AudioProcessor::getXmlFromBinary (data, size).get());
+}
+
+std::optional<PluginState> readStateText (const juce::String& text)
+{
+    const auto trimmed = text.trim();
+
+    if (! isHarmlessXml (trimmed.toRawUTF8()))
+        return {};
+
+    return fromXml (juce::parseXML (trimmed).get());
+}
+
+} // namespace kestreleq

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+#include <optional>
+#include <string_view>
+
+namespace kestreleq
+{
+
+/** What a saved state holds: the parameters as a tree of type "Parameters" with one child per parameter, and the two
+    properties that belong to the processor. */
+struct PluginState
+{
+    juce::ValueTree parameters;
+    int program = 0;
+    int editorScaleStep = -1; // -1: the editor's default size
+};
+
+/** Writes the state as a host keeps it: XML in the framework's binary wrapper. */
+void writeState (const PluginState& state, juce::MemoryBlock& destination);
+
+/** Reads what writeState wrote, this release's or an earlier one's. Nothing when the block is empty, damaged, hostile
+   or not ours. Of the parameters only the known ones are taken, each as a value that it can hold. Any thread. */
+std::optional<PluginState> readState (const void* data, int size);
+
+/** The same for text that a user pasted. */
+std::optional<PluginState> readStateText (const juce::String& text);
+
+/** Whether XML may be handed to the framework's parser, which recurses without limit: at most 1 MiB of valid UTF-8 with
+    nothing in it but elements and text (no "<!", and "<?" only as its first line), at most 8 deep. */
+bool isHarmlessXml (std::string_view text);
+
+} // namespace kestreleq

@@ -1,0 +1,243 @@
+#include "engine/PluginState.h"
+#include "tests/support/ProcessorRig.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+juce::MemoryBlock save (ProcessorRig& rig)
+{
+    juce::MemoryBlock block;
+    rig.processor.getStateInformation (block);
+    return block;
+}
+
+void restore (ProcessorRig& rig, const juce::MemoryBlock& block)
+{
+    rig.processor.setStateInformation (block.getData(), static_cast<int> (block.getSize()));
+}
+
+/** Any text in the wrapper that a host hands over. */
+juce::MemoryBlock wrapped (const std::string& text)
+{
+    juce::MemoryBlock block;
+    juce::MemoryOutputStream out (block, false);
+    out.writeInt (0x21324356);
+    out.writeInt (static_cast<int> (text.size()));
+    out.write (text.data(), text.size());
+    out.writeByte (0);
+    out.flush();
+    return block;
+}
+
+/** What the audio thread reads. */
+float heard (ProcessorRig& rig, const char* id)
+{
+    return rig.processor.getCore().getTree().getRawParameterValue (id)->load();
+}
+
+void setRandomly (ProcessorRig& rig, unsigned seed)
+{
+    std::mt19937 random (seed);
+    rig.set ("link", 0.0f);
+    rig.set ("inGainLink", 0.0f);
+    rig.set ("outGainLink", 0.0f);
+
+    for (const auto& info : parameterTable)
+        if (info.text != TextKind::onOff)
+            rig.set (info.id, static_cast<float> (random()) / 4294967295.0f);
+}
+
+TEST (State, ComesBackBitByBit)
+{
+    for (unsigned seed = 0; seed < 50; ++seed)
+    {
+        ProcessorRig first, second;
+        setRandomly (first, seed);
+        setRandomly (second, seed + 100);
+        first.processor.setEditorScaleStep (static_cast<int> (seed) - 1);
+
+        // A change in the last bit is a change.
+        first.set ("sub", std::nextafter (0.5f, 1.0f));
+        second.set ("sub", 0.5f);
+
+        const auto block = save (first);
+        restore (second, block);
+
+        for (const auto& info : parameterTable)
+        {
+            EXPECT_EQ (heard (second, info.id), heard (first, info.id)) << info.id;
+            EXPECT_EQ (second.get (info.id), first.get (info.id)) << info.id;
+        }
+
+        EXPECT_EQ (second.processor.getEditorScaleStep(), first.processor.getEditorScaleStep());
+        EXPECT_EQ (save (second), block);
+    }
+}
+
+TEST (State, KeepsLinkedValuesAndProgramAsStored)
+{
+    ProcessorRig rig;
+    rig.processor.setCurrentProgram (3);
+    {
+        const ParameterLinks::ScopedPause pause (rig.processor.getCore().getLinks());
+        rig.set ("subR", 0.125f);
+    }
+
+    const auto block = save (rig);
+    ProcessorRig other;
+    const auto counter = other.processor.getStateChangeCounter();
+    restore (other, block);
+    EXPECT_EQ (other.get ("link"), 1.0f);
+    EXPECT_EQ (other.get ("subR"), 0.125f);
+    EXPECT_EQ (other.processor.getCurrentProgram(), 3);
+    EXPECT_NE (other.processor.getStateChangeCounter(), counter);
+
+    // Linking goes on as before.
+    other.set ("sub", 0.75f);
+    EXPECT_EQ (other.get ("subR"), 0.75f);
+}
+
+TEST (State, TakesOnlyWhatItCanHold)
+{
+    ProcessorRig rig;
+    setRandomly (rig, 1);
+    restore (rig, wrapped (R"(<?xml version="1.0"?><Parameters currentProgram="7"><PARAM id="sub" value="0.25"/>
+        <PARAM id="sub" value="0.75"/><PARAM id="40hz" value="nan"/><PARAM id="160hz" value="1e999"/>
+        <PARAM id="650hz" value="7"/><PARAM id="2500hz" value="-3"/><PARAM id="bypass" value="0.3"/>
+        <PARAM id="breakMode" value="0.6"/><PARAM id="nobody" value="1"/><OTHER id="trim" value="1"/>
+        <PARAM id="airGain"/></Parameters>)"));
+
+    for (const auto& [id, value] : { std::pair { "sub", 0.75f }, { "40hz", 0.0f }, { "160hz", 0.0f }, { "650hz", 1.0f },
+             { "2500hz", 0.0f }, { "bypass", 0.0f }, { "breakMode", 1.0f }, { "trim", 0.5f }, { "airGain", 0.0f },
+             { "subR", 0.5f }, { "link", 1.0f } })
+        EXPECT_EQ (heard (rig, id), value) << id;
+
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
+    EXPECT_EQ (rig.processor.getEditorScaleStep(), -1);
+    EXPECT_FALSE (save (rig).toString().contains ("nobody"));
+}
+
+TEST (State, RefusesWhatIsHostileOrNoState)
+{
+    ProcessorRig rig;
+    setRandomly (rig, 2);
+    const auto before = save (rig);
+    const auto nested = [] (int depth)
+    {
+        std::string text;
+        for (int i = 0; i < depth; ++i)
+            text += "<Parameters>";
+        for (int i = 0; i < depth; ++i)
+            text += "</Parameters>";
+        return text;
+    };
+
+    rig.processor.setStateInformation (nullptr, 100);
+    rig.processor.setStateInformation (before.getData(), 0);
+    rig.processor.setStateInformation (before.getData(), -5);
+
+    for (int size = 1; size < static_cast<int> (before.getSize()) - 2; ++size)
+        rig.processor.setStateInformation (before.getData(), size);
+
+    for (const auto& text : std::vector<std::string> { "", "no xml", "<Else sub=\"1\"/>", nested (9), nested (300000),
+             nested (20000), "<!DOCTYPE x [<!ENTITY a \"b\">]>" + nested (1), "<Parameters><!-- x --></Parameters>",
+             "<Parameters><? ' ?>" + nested (5000) + "</Parameters>",
+             "<Parameters>" + std::string (1024 * 1024, ' ') + "</Parameters>",
+             std::string ("<Parameters a=\"\xf0\x9f"), "<Parameters " + std::string (100000, 'a') })
+        restore (rig, wrapped (text));
+
+    EXPECT_EQ (save (rig), before);
+
+    EXPECT_TRUE (isHarmlessXml (nested (8)));
+    EXPECT_FALSE (isHarmlessXml (nested (9)));
+    EXPECT_FALSE (isHarmlessXml ("<a b='>'><a><a><a><a><a><a><a><a x=\"/>\"></a></a></a></a></a></a></a></a></a>"));
+    EXPECT_TRUE (readStateText ("  \n<Parameters><PARAM id=\"sub\" value=\"1\"/></Parameters>\n").has_value());
+    EXPECT_FALSE (readStateText ("hello").has_value());
+}
+
+TEST (State, SurvivesTwentyThousandMutations)
+{
+    ProcessorRig rig;
+    setRandomly (rig, 3);
+    const auto original = save (rig);
+    std::mt19937 random (5);
+    int restored = 0;
+
+    for (int i = 0; i < 20000; ++i)
+    {
+        auto block = original;
+
+        for (auto mutations = 1 + random() % 4; mutations > 0; --mutations)
+        {
+            const auto position = random() % block.getSize();
+            const auto length = std::min<std::size_t> (1 + random() % 40, block.getSize() - position);
+            auto* bytes = static_cast<char*> (block.getData());
+
+            switch (random() % 6)
+            {
+                case 0:
+                    bytes[position] = static_cast<char> (random());
+                    break;
+                case 1:
+                    block.removeSection (position, std::min (length, block.getSize() - 1));
+                    break;
+                case 2:
+                    block.insert (
+                        juce::MemoryBlock (bytes + position, length).getData(), length, random() % block.getSize());
+                    break;
+                case 3:
+                    block.insert ("<PARAM>", 7, position);
+                    break;
+                case 4:
+                    block.insert ("nan", 3, position);
+                    break;
+                default:
+                    std::memset (bytes + position, static_cast<int> (random() % 256), length);
+                    break;
+            }
+        }
+
+        const auto counter = rig.processor.getStateChangeCounter();
+        restore (rig, block);
+        restored += rig.processor.getStateChangeCounter() != counter ? 1 : 0;
+
+        for (const auto& info : parameterTable)
+        {
+            const auto value = heard (rig, info.id);
+            ASSERT_TRUE (value >= 0.0f && value <= 1.0f && (! info.stepped || value == std::round (value))) << info.id;
+        }
+    }
+
+    // The run is worth nothing unless both kinds occur.
+    EXPECT_GT (restored, 500);
+    EXPECT_LT (restored, 19500);
+}
+
+TEST (State, OfRelease110Restores)
+{
+    juce::MemoryBlock block;
+    ASSERT_TRUE (juce::File (KESTREL_TEST_DATA "/state-1.1.0.bin").loadFileAsData (block));
+    ProcessorRig rig;
+    restore (rig, block);
+
+    for (const auto& [id, value] : { std::pair { "sub", 0.7f }, { "subR", 0.3f }, { "40hz", 0.6f }, { "airGain", 0.4f },
+             { "airGainR", 0.9f }, { "airBand", 0.5f }, { "airBandR", 0.75f }, { "trim", 0.456789f },
+             { "breakMode", 1.0f }, { "link", 0.0f }, { "msMode", 1.0f }, { "inGainLink", 0.0f }, { "inGain1", 0.5f },
+             { "inGain2", 0.61f }, { "outGain1", 0.4f }, { "outGain2", 0.5f } })
+        EXPECT_EQ (heard (rig, id), value) << id;
+
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 4);
+}
+
+} // namespace
+} // namespace kestreleq::test
