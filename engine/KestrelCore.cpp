@@ -26,13 +26,15 @@ constexpr std::size_t spectrumPoints = 512;
 KestrelCore::KestrelCore (juce::AudioProcessor& processor)
     : tree (processor, &undoManager, "Parameters", createParameterLayout()),
       values (tree),
-      links (tree)
+      links (tree),
+      history (tree, undoManager, links)
 {
 }
 
 juce::ValueTree KestrelCore::copyState()
 {
-    const std::scoped_lock lock (historyLock);
+    const juce::ScopedLock lock (history.getLock());
+    history.flush();
     auto copy = tree.copyState();
 
     // The tree leaves out changes in a value's last bit.
@@ -46,7 +48,7 @@ juce::ValueTree KestrelCore::copyState()
 void KestrelCore::replaceState (const juce::ValueTree& newState)
 {
     const ParameterLinks::ScopedPause restoring (links);
-    const std::scoped_lock lock (historyLock);
+    const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
 
     for (const auto& info : parameterTable)
@@ -66,18 +68,17 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
 void KestrelCore::setAllParameters (
     const std::array<float, numParameters>& newValues, const juce::String& operationName)
 {
-    {
-        const std::scoped_lock lock (historyLock);
-        undoManager.beginNewTransaction (operationName);
-    }
-
-    for (std::size_t i = 0; i < numParameters; ++i)
-    {
-        auto& parameter = *tree.getParameter (parameterTable[i].id);
-        parameter.beginChangeGesture();
-        parameter.setValueNotifyingHost (newValues[i]);
-        parameter.endChangeGesture();
-    }
+    history.perform (operationName,
+        [&]
+        {
+            for (std::size_t i = 0; i < numParameters; ++i)
+            {
+                auto& parameter = *tree.getParameter (parameterTable[i].id);
+                parameter.beginChangeGesture();
+                parameter.setValueNotifyingHost (newValues[i]);
+                parameter.endChangeGesture();
+            }
+        });
 }
 
 void KestrelCore::prepare (double sampleRate, int blockSize)

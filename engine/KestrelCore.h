@@ -1,6 +1,8 @@
 #pragma once
 
+#include "engine/EditHistory.h"
 #include "engine/ParameterLinks.h"
+#include "engine/ParameterTree.h"
 #include "engine/analysis/SpectrumAnalyser.h"
 #include "engine/dsp/EqEngine.h"
 #include "engine/dsp/GainRider.h"
@@ -9,7 +11,6 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <array>
-#include <mutex>
 #include <vector>
 
 namespace kestreleq
@@ -26,6 +27,8 @@ public:
     juce::AudioProcessorValueTreeState& getTree() { return tree; }
 
     juce::UndoManager& getUndoManager() { return undoManager; }
+
+    EditHistory& getHistory() { return history; }
 
     const ParameterValues& getValues() const { return values; }
 
@@ -59,11 +62,9 @@ private:
     void pushMix (
         std::size_t lane, std::size_t slot, const float* left, const float* right, float sign, int numSamples);
 
-    std::mutex historyLock; // around every use of the undo history, taken before the tree's own lock
-
     // In this order: what is watched and recorded outlives what watches and records.
     juce::UndoManager undoManager;
-    juce::AudioProcessorValueTreeState tree;
+    ParameterTree tree;
     ParameterValues values;
 
     dsp::EngineParameters parameters; // those of the last block
@@ -79,6 +80,7 @@ private:
     bool prepared = false;
 
     ParameterLinks links;
+    EditHistory history;
 };
 
 } // namespace kestreleq

@@ -167,8 +167,8 @@ TEST (Programs, SetEveryParameterInOrderThroughGestures)
     EXPECT_EQ (log.entries.back(), "program");
     EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     EXPECT_EQ (rig.processor.getProgramName (3).toStdString(), "Bright & Airy");
-    EXPECT_EQ (rig.processor.getCore().getUndoManager().getCurrentTransactionName().toStdString(),
-        "Load preset: Bright & Airy");
+    EXPECT_EQ (
+        rig.processor.getCore().getUndoManager().getUndoDescription().toStdString(), "Load preset: Bright & Airy");
 
     const auto values = valuesOf (factoryPrograms[3]);
     for (std::size_t i = 0; i < numParameters; ++i)

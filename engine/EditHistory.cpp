@@ -1,0 +1,145 @@
+#include "engine/EditHistory.h"
+
+#include <utility>
+
+namespace kestreleq
+{
+
+EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks)
+    : tree (parameterTree),
+      undoManager (manager),
+      links (parameterLinks),
+      values (parameterTree)
+{
+    for (const auto& info : parameterTable)
+        tree.getParameter (info.id)->addListener (this);
+
+    tree.onFlush = [this] { flush(); };
+}
+
+EditHistory::~EditHistory()
+{
+    tree.onFlush = nullptr;
+
+    for (const auto& info : parameterTable)
+        tree.getParameter (info.id)->removeListener (this);
+}
+
+void EditHistory::parameterGestureChanged (int index, bool isStarting)
+{
+    // A link that answers the host's automation makes gestures too, on any thread; they are not the user's.
+    if (isStarting && juce::MessageManager::existsAndIsCurrentThread() && depth > 0)
+        touched[static_cast<std::size_t> (index)] = true;
+}
+
+void EditHistory::perform (const juce::String& name, const std::function<void()>& operation)
+{
+    beginStep (name);
+    operation();
+    endStep();
+}
+
+void EditHistory::beginStep (const juce::String& name)
+{
+    if (depth++ > 0)
+        return;
+
+    const juce::ScopedLock scope (lock);
+    flush(); // what came before is not part of this step
+    undoManager.beginNewTransaction (name.isEmpty() ? takePendingName() : name);
+}
+
+void EditHistory::endStep()
+{
+    if (depth == 0 || --depth > 0)
+        return;
+
+    const juce::ScopedLock scope (lock);
+    flush();
+
+    for (auto& flag : touched)
+        flag = false;
+
+    undoManager.beginNewTransaction();
+}
+
+void EditHistory::flush()
+{
+    const juce::ScopedLock scope (lock);
+
+    for (std::size_t i = 0; i < numParameters; ++i)
+    {
+        const juce::String id (parameterTable[i].id);
+        const auto value = values[static_cast<Parameter> (i)];
+
+        if (tree.read (id) != value)
+            tree.write (id, value, touched[i] ? &undoManager : nullptr);
+    }
+}
+
+bool EditHistory::step (bool (juce::UndoManager::*move)())
+{
+    if (depth > 0)
+        return false;
+
+    const juce::ScopedLock scope (lock);
+    flush();
+
+    const ParameterLinks::ScopedPause pause (links);
+
+    if (! (undoManager.*move)())
+        return false;
+
+    // The tree now holds what the parameters must; the framework passes on an undo but for a value's last bit, and no
+    // redo of a value that was written past it.
+    for (const auto& info : parameterTable)
+    {
+        const auto value = tree.read (info.id);
+        auto& heard = *tree.getRawParameterValue (info.id);
+
+        if (heard != value)
+        {
+            tree.getParameter (info.id)->setValueNotifyingHost (value);
+            heard = value;
+        }
+    }
+
+    return true;
+}
+
+bool EditHistory::undo()
+{
+    return step (&juce::UndoManager::undo);
+}
+
+bool EditHistory::redo()
+{
+    return step (&juce::UndoManager::redo);
+}
+
+bool EditHistory::canUndo() const
+{
+    const juce::ScopedLock scope (lock);
+    return undoManager.canUndo();
+}
+
+bool EditHistory::canRedo() const
+{
+    const juce::ScopedLock scope (lock);
+    return undoManager.canRedo();
+}
+
+void EditHistory::setPendingName (const juce::String& name)
+{
+    const juce::SpinLock::ScopedLockType scope (pendingLock);
+    pendingName = name;
+    pending = true;
+}
+
+juce::String EditHistory::takePendingName()
+{
+    const juce::SpinLock::ScopedLockType scope (pendingLock);
+    return pending.exchange (false) ? std::exchange (pendingName, {}) : juce::String();
+}
+
+} // namespace kestreleq

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "engine/ParameterLinks.h"
+#include "engine/ParameterTree.h"
+#include "engine/parameters/ParameterIds.h"
+
+#include <array>
+#include <atomic>
+#include <functional>
+
+namespace kestreleq
+{
+
+/** Decides what becomes a step of the undo history: every gesture of the user (a drag, a click), with whatever was
+   linked to it, and every named operation. What the host changes on its own is written into the tree past the history.
+
+    A step belongs to the parameters whose gestures begin within it. Message thread, unless a function says otherwise.
+ */
+class EditHistory final : private juce::AudioProcessorParameter::Listener
+{
+public:
+    /** All of these must outlive this object. */
+    EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks);
+    ~EditHistory() override;
+
+    /** Encloses the gestures that make one step: called before the first begins and after the last has ended, and never
+        from a parameter's listener, which holds a lock that a restored state waits for. Nested pairs are one step. */
+    void beginStep (const juce::String& name = {});
+    void endStep();
+
+    /** Runs an operation as one step of this name. */
+    void perform (const juce::String& name, const std::function<void()>& operation);
+
+    /** Names the next step that has no name of its own. Any thread. */
+    void setPendingName (const juce::String& name);
+
+    /** True from setPendingName until a step has taken the name. */
+    bool hasPendingName() const { return pending; }
+
+    /** Takes back, or repeats, one step with all its values and no answer of the links. False when there is none, or a
+        step is being made. */
+    bool undo();
+    bool redo();
+
+    bool canUndo() const;
+    bool canRedo() const;
+
+    /** Brings the tree up to date. Any thread. */
+    void flush();
+
+    /** Held around every use of the history and of the tree as a whole, before the tree's own lock. A host may come
+        back from inside, so it can be entered again. */
+    juce::CriticalSection& getLock() { return lock; }
+
+private:
+    void parameterValueChanged (int, float) override {}
+
+    void parameterGestureChanged (int index, bool isStarting) override;
+
+    bool step (bool (juce::UndoManager::*move)());
+    juce::String takePendingName();
+
+    ParameterTree& tree;
+    juce::UndoManager& undoManager;
+    ParameterLinks& links;
+    ParameterValues values;
+
+    mutable juce::CriticalSection lock;
+    std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made
+    int depth = 0;                                           // of steps within each other
+
+    juce::SpinLock pendingLock;
+    juce::String pendingName;
+    std::atomic<bool> pending { false };
+};
+
+} // namespace kestreleq

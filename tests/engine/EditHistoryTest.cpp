@@ -1,0 +1,210 @@
+#include "tests/support/MessagePump.h"
+#include "tests/support/ProcessorRig.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <random>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using Values = std::array<float, numParameters>;
+
+struct HistoryRig : ProcessorRig
+{
+    EditHistory& history() { return processor.getCore().getHistory(); }
+
+    juce::UndoManager& manager() { return processor.getCore().getUndoManager(); }
+
+    void begin (const char* id)
+    {
+        history().beginStep();
+        parameter (id).beginChangeGesture();
+    }
+
+    void end (const char* id)
+    {
+        parameter (id).endChangeGesture();
+        history().endStep();
+    }
+
+    /** As an editor's control does it, in as many values as a hand makes. */
+    void drag (const char* id, float to, int milliseconds = 0)
+    {
+        begin (id);
+        for (int i = 1; i <= 20; ++i)
+        {
+            set (id, get (id) + (to - get (id)) * static_cast<float> (i) / 20.0f);
+            pumpMessages (milliseconds / 20);
+        }
+        set (id, to);
+        end (id);
+    }
+
+    /** What the audio thread reads; the parameters must agree. */
+    Values heard()
+    {
+        Values values {};
+        for (std::size_t i = 0; i < numParameters; ++i)
+        {
+            values[i] = processor.getCore().getTree().getRawParameterValue (parameterTable[i].id)->load();
+            EXPECT_EQ (get (parameterTable[i].id), values[i]) << parameterTable[i].id;
+        }
+        return values;
+    }
+};
+
+TEST (EditHistory, AGestureIsOneStepHoweverTheTreeIsFlushed)
+{
+    for (const int milliseconds : { 0, 300 }) // with and without flushes on the way
+    {
+        HistoryRig rig;
+        const auto before = rig.heard();
+        rig.drag ("sub", 0.8f, milliseconds);
+        const auto first = rig.heard();
+        rig.drag ("sub", 0.3f, milliseconds);
+        const auto second = rig.heard();
+        EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 2);
+
+        EXPECT_TRUE (rig.history().undo());
+        EXPECT_EQ (rig.heard(), first);
+        pumpMessages (milliseconds);
+        EXPECT_TRUE (rig.history().undo());
+        EXPECT_EQ (rig.heard(), before);
+        EXPECT_FALSE (rig.history().undo());
+        EXPECT_TRUE (rig.history().redo());
+        EXPECT_EQ (rig.heard(), first);
+        EXPECT_TRUE (rig.history().redo());
+        EXPECT_EQ (rig.heard(), second);
+        EXPECT_FALSE (rig.history().redo());
+
+        rig.begin ("trim");
+        EXPECT_FALSE (rig.history().undo());
+        rig.end ("trim");
+        EXPECT_TRUE (rig.history().canUndo()); // a touch without a change is no step
+        EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 2);
+    }
+}
+
+TEST (EditHistory, LinkingLanesThatDifferIsTakenBackBitByBit)
+{
+    HistoryRig rig;
+    std::mt19937 random (1);
+    for (const auto* id : { "link", "inGainLink", "outGainLink" })
+        rig.set (id, 0.0f);
+    for (const auto& info : parameterTable)
+        if (info.text != TextKind::onOff)
+            rig.set (info.id, static_cast<float> (random()) / 4294967295.0f);
+
+    const auto before = rig.heard();
+    rig.begin ("link");
+    rig.set ("link", 1.0f);
+    rig.end ("link");
+    const auto linked = rig.heard();
+    EXPECT_EQ (rig.get ("subR"), rig.get ("sub"));
+
+    EXPECT_TRUE (rig.history().undo());
+    EXPECT_EQ (rig.heard(), before);
+    EXPECT_TRUE (rig.history().redo());
+    EXPECT_EQ (rig.heard(), linked);
+    EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
+}
+
+TEST (EditHistory, ProgramsAndChartDragsHaveNames)
+{
+    HistoryRig rig;
+    const auto before = rig.heard();
+    rig.processor.setCurrentProgram (4);
+    const auto program = rig.heard();
+    rig.history().setPendingName ("Move chart node");
+    EXPECT_TRUE (rig.history().hasPendingName());
+    rig.drag ("160hz", 0.9f);
+    EXPECT_FALSE (rig.history().hasPendingName());
+    rig.drag ("trim", 0.2f);
+
+    EXPECT_EQ (rig.manager().getUndoDescriptions(),
+        (juce::StringArray { "", "Move chart node", "Load preset: Smiley Curve" }));
+    rig.history().undo();
+    rig.history().undo();
+    EXPECT_EQ (rig.heard(), program);
+    rig.history().undo();
+    EXPECT_EQ (rig.heard(), before);
+}
+
+TEST (EditHistory, TheHostsAutomationPassesBy)
+{
+    HistoryRig rig;
+    rig.drag ("sub", 0.7f);
+
+    // Two linked parameters from another thread, long enough for many flushes.
+    std::thread host (
+        [&]
+        {
+            for (int i = 0; i < 600; ++i)
+            {
+                rig.set ("650hz", static_cast<float> (i % 100) / 100.0f);
+                rig.set ("airGainR", static_cast<float> (i % 77) / 77.0f);
+                std::this_thread::sleep_for (std::chrono::milliseconds (1));
+            }
+        });
+    pumpMessages (700);
+    host.join();
+    EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
+
+    // And on the message thread, where the links' gestures must not count as the user's.
+    rig.set ("40hz", 0.9f);
+    pumpMessages (150);
+    EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
+
+    rig.history().undo();
+    EXPECT_EQ (rig.get ("sub"), 0.5f);
+    EXPECT_EQ (rig.get ("40hzR"), 0.9f);
+    EXPECT_EQ (rig.get ("650hz"), 0.99f);
+}
+
+TEST (EditHistory, StandsStatesFromAnotherThread)
+{
+    HistoryRig rig;
+    rig.drag ("sub", 0.7f);
+    juce::MemoryBlock state;
+    rig.processor.getStateInformation (state);
+    std::atomic<bool> stop { false };
+    std::thread host (
+        [&]
+        {
+            for (int i = 0; ! stop; ++i)
+            {
+                juce::MemoryBlock block;
+                rig.processor.getStateInformation (block);
+                EXPECT_GT (block.getSize(), 100u);
+                if (i % 5 == 0)
+                    rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+            }
+        });
+
+    for (int i = 0; i < 150; ++i)
+    {
+        rig.drag (i % 2 == 0 ? "sub" : "airBandR", static_cast<float> (i % 10) / 10.0f);
+        pumpMessages (1);
+        rig.history().undo();
+        rig.history().redo();
+    }
+
+    stop = true;
+    host.join();
+
+    // A restore forgets the steps before it, and the history works on from there.
+    rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+    EXPECT_FALSE (rig.history().canUndo());
+    rig.drag ("sub", 0.1f);
+    rig.history().undo();
+    EXPECT_EQ (rig.get ("sub"), 0.7f);
+}
+
+} // namespace
+} // namespace kestreleq::test
