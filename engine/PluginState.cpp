@@ -83,40 +83,40 @@ std::optional<PluginState> fromXml (const juce::XmlElement* xml)
         tree.getProperty (scaleStepProperty, -1) };
 }
 
-/** Follows the tags of XML text and tells how deep they go. There must be nothing but elements and text. */
-class DepthScanner
+/** Follows the tags of XML text that holds nothing but elements and text. */
+class TagScanner
 {
 public:
-    explicit DepthScanner (std::string_view textToScan)
+    explicit TagScanner (std::string_view textToScan)
         : text (textToScan)
     {
     }
 
-    int deepest()
+    /** Whether every tag and every quotation in one ends, every element is closed, and none lies too deep. */
+    bool isWellNested (int depthLimit)
     {
-        int depth = 0, greatest = 0;
+        int depth = 0;
 
         while ((position = text.find ('<', position)) != std::string_view::npos)
         {
             ++position;
             const bool closes = position < text.size() && text[position] == '/';
-            const bool isEmpty = skipTag() == '/';
+            const auto last = skipTag();
+
+            if (position == text.size() || (! closes && depth >= depthLimit))
+                return false;
 
             if (closes)
-            {
                 --depth;
-                continue;
-            }
-
-            greatest = std::max (greatest, depth + 1);
-            depth += isEmpty ? 0 : 1;
+            else if (last != '/')
+                ++depth;
         }
 
-        return greatest;
+        return depth == 0;
     }
 
 private:
-    /** To the tag's end, past quoted text; returns the character before it. */
+    /** To the tag's end, past quotations, or to the text's; returns the character before it. */
     char skipTag()
     {
         char quote = '\0', previous = '\0';
@@ -155,7 +155,7 @@ bool isHarmlessXml (std::string_view text)
         text.remove_prefix (std::min (text.find ("?>"), text.size()));
 
     return text.find ("<!") == std::string_view::npos && text.find ("<?") == std::string_view::npos &&
-        DepthScanner (text).deepest() <= greatestDepth;
+        TagScanner (text).isWellNested (greatestDepth);
 }
 
 void writeState (const PluginState& state, juce::MemoryBlock& destination)
@@ -173,10 +173,10 @@ std::optional<PluginState> readState (const void* data, int size)
     if (data == nullptr || size <= wrapperHeader)
         return {};
 
-    std::string_view text (
-        static_cast<const char*> (data) + wrapperHeader, static_cast<std::size_t> (size - wrapperHeader));
-
-    // What stands after the text's zero is not read.
+    // What the framework will read: as much as the header says, up to the first zero.
+    const auto* bytes = static_cast<const char*> (data);
+    const auto stated = static_cast<std::size_t> (juce::ByteOrder::littleEndianInt (bytes + 4));
+    std::string_view text (bytes + wrapperHeader, std::min (stated, static_cast<std::size_t> (size - wrapperHeader)));
     text = text.substr (0, text.find ('\0'));
 
     if (! isHarmlessXml (text))

@@ -27,8 +27,9 @@ std::optional<PluginState> readState (const void* data, int size);
 /** The same for text that a user pasted. */
 std::optional<PluginState> readStateText (const juce::String& text);
 
-/** Whether XML may be handed to the framework's parser, which recurses without limit: at most 1 MiB of valid UTF-8 with
-    nothing in it but elements and text (no "<!", and "<?" only as its first line), at most 8 deep. */
+/** Whether XML may be handed to the framework's parser, which recurses without limit and reads past the end of text
+   that stops within a quotation: at most 1 MiB of valid UTF-8 with nothing in it but elements and text (no "<!", and
+   "<?" only as its first line), at most 8 deep, every tag and element closed. */
 bool isHarmlessXml (std::string_view text);
 
 } // namespace kestreleq

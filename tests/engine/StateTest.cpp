@@ -156,8 +156,19 @@ TEST (State, RefusesWhatIsHostileOrNoState)
              std::string ("<Parameters a=\"\xf0\x9f"), "<Parameters " + std::string (100000, 'a') })
         restore (rig, wrapped (text));
 
+    // A header that makes the text end anywhere, in a quotation too. (What it cuts off besides the end is not ours.)
+    for (int length = 0; length < static_cast<int> (before.getSize()) - 40; ++length)
+    {
+        auto cut = before;
+        std::memcpy (static_cast<char*> (cut.getData()) + 4, &length, sizeof (length));
+        restore (rig, cut);
+    }
+
     EXPECT_EQ (save (rig), before);
 
+    EXPECT_FALSE (isHarmlessXml ("<Parameters><PARAM id=\"sub"));
+    EXPECT_FALSE (isHarmlessXml ("<Parameters><PARAM id='sub\"/></Parameters>"));
+    EXPECT_FALSE (isHarmlessXml ("<Parameters>"));
     EXPECT_TRUE (isHarmlessXml (nested (8)));
     EXPECT_FALSE (isHarmlessXml (nested (9)));
     EXPECT_FALSE (isHarmlessXml ("<a b='>'><a><a><a><a><a><a><a><a x=\"/>\"></a></a></a></a></a></a></a></a></a>"));
