@@ -1,0 +1,122 @@
+#include "tests/support/ReferenceParameters.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+// clang-format off
+constexpr std::array<ReferenceParameters::Entry, 29> parameterEntries { {
+    { "sub", 0.5f, false }, { "40hz", 0.5f, false }, { "160hz", 0.5f, false }, { "650hz", 0.5f, false },
+    { "2500hz", 0.5f, false }, { "airGain", 0.0f, false }, { "airBand", 0.0f, false },
+    { "subR", 0.5f, false }, { "40hzR", 0.5f, false }, { "160hzR", 0.5f, false }, { "650hzR", 0.5f, false },
+    { "2500hzR", 0.5f, false }, { "airGainR", 0.0f, false }, { "airBandR", 0.0f, false },
+    { "trim", 0.5f, false }, { "bypass", 0.0f, true }, { "breakMode", 0.0f, true }, { "link", 1.0f, true },
+    { "msMode", 0.0f, true }, { "inAutoGain", 0.0f, true }, { "outAutoGain", 0.0f, true },
+    { "inGainLink", 1.0f, true }, { "inGain1", 0.5f, false }, { "inGain2", 0.5f, false },
+    { "outGainLink", 1.0f, true }, { "outGain1", 0.5f, false }, { "outGain2", 0.5f, false },
+    { "laneABypass", 0.0f, true }, { "laneBBypass", 0.0f, true },
+} };
+
+constexpr std::array<std::pair<std::string_view, std::string_view>, 10> linkedPairs { {
+    { "sub", "subR" }, { "40hz", "40hzR" }, { "160hz", "160hzR" }, { "650hz", "650hzR" }, { "2500hz", "2500hzR" },
+    { "airGain", "airGainR" }, { "airBand", "airBandR" }, { "inGain1", "inGain2" }, { "outGain1", "outGain2" },
+    { "laneABypass", "laneBBypass" },
+} };
+
+// clang-format on
+/** The seven controls of both lanes, then trim and break mode; whatever a program leaves out stands at its default. */
+constexpr float programs[6][9] {
+    { 0.5f, 0.5f, 0.5f, 0.5f, 0.5f, 0.0f, 0.5f, 0.5f, 0.0f },
+    { 0.5f, 0.5f, 0.45f, 0.6f, 0.65f, 0.3f, 0.5f, 0.48f, 0.0f },
+    { 0.7f, 0.65f, 0.55f, 0.5f, 0.45f, 0.0f, 0.5f, 0.45f, 0.0f },
+    { 0.5f, 0.5f, 0.5f, 0.5f, 0.6f, 0.5f, 0.75f, 0.47f, 0.0f },
+    { 0.65f, 0.6f, 0.45f, 0.4f, 0.6f, 0.4f, 0.5f, 0.45f, 0.0f },
+    { 0.55f, 0.55f, 0.6f, 0.55f, 0.4f, 0.0f, 0.25f, 0.42f, 1.0f },
+};
+
+std::size_t indexOf (std::string_view id)
+{
+    const auto found = std::find_if (
+        parameterEntries.begin(), parameterEntries.end(), [id] (const auto& entry) { return entry.id == id; });
+
+    if (found == parameterEntries.end())
+        throw std::out_of_range ("no parameter '" + std::string (id) + "'");
+
+    return static_cast<std::size_t> (found - parameterEntries.begin());
+}
+
+} // namespace
+
+std::span<const ReferenceParameters::Entry> ReferenceParameters::entries()
+{
+    return parameterEntries;
+}
+
+ReferenceParameters::ReferenceParameters()
+{
+    std::transform (parameterEntries.begin(), parameterEntries.end(), values.begin(),
+        [] (const auto& entry) { return entry.initial; });
+}
+
+float ReferenceParameters::get (std::string_view id) const
+{
+    return values[indexOf (id)];
+}
+
+float ReferenceParameters::laneValue (int lane, int control) const
+{
+    return values.at (static_cast<std::size_t> (control + (isOn ("link") ? 0 : lane * controlsPerLane)));
+}
+
+void ReferenceParameters::store (std::string_view id, float value)
+{
+    const auto index = indexOf (id);
+    const auto clamped = std::clamp (value, 0.0f, 1.0f);
+    values[index] = parameterEntries[index].stepped ? std::floor (clamped + 0.5f) : clamped;
+}
+
+void ReferenceParameters::set (std::string_view id, float value)
+{
+    store (id, value);
+
+    // A copy only stores: it is never answered by further copies.
+    for (const auto& [linkId, first, second] :
+        { std::array { "inGainLink", "inGain1", "inGain2" }, std::array { "outGainLink", "outGain1", "outGain2" } })
+    {
+        if (id == linkId && isOn (id))
+            return copy (first, second);
+
+        if (isOn (linkId) && (id == first || id == second))
+            return copy (id, id == first ? second : first);
+    }
+
+    if (! isOn ("link"))
+        return;
+
+    for (const auto& [first, second] : linkedPairs)
+    {
+        if (id == "link" || id == first)
+            copy (first, second);
+        else if (id == second)
+            copy (second, first);
+    }
+}
+
+void ReferenceParameters::selectProgram (int index)
+{
+    for (std::size_t i = 0; i < parameterEntries.size(); ++i)
+    {
+        const auto& [id, initial, stepped] = parameterEntries[i];
+        const auto& program = programs[index];
+        set (id, i < 14 ? program[i % 7] : id == "trim" ? program[7] : id == "breakMode" ? program[8] : initial);
+    }
+}
+
+} // namespace kestreleq::test
