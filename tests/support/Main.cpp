@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <juce_events/juce_events.h>
+#include <juce_gui_basics/juce_gui_basics.h>
 
 /** The parameter tree runs a timer, so the message thread has to exist: this one. */
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
     const juce::ScopedJuceInitialiser_GUI framework;
+
+    // Stored pictures show text; whatever else a machine has, this face is installed with the build's packages.
+    juce::LookAndFeel::getDefaultLookAndFeel().setDefaultSansSerifTypefaceName ("DejaVu Sans");
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,92 @@
+#include "tests/support/Pictures.h"
+
+#include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/SidePanel.h"
+#include "ui_pro/style/Theme.h"
+
+#include <gtest/gtest.h>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace quillon::ui_pro;
+using style::Theme;
+
+TEST (Theme, ScalesTheCanvasIntoAnyArea)
+{
+    EXPECT_EQ (Theme::scaleFor ({ 0, 500 }), 1.0f);
+    EXPECT_EQ (Theme::scaleFor ({ 836, 951 }), 0.5f);
+    EXPECT_EQ (Theme::centredDesignBounds ({ 10, 20, 3344, 951 }), juce::Rectangle<int> (846, 20, 1672, 951));
+}
+
+TEST (Theme, UnknownAccentsAreTheBrandAccent)
+{
+    for (const auto id : { -1, 0, 31 })
+        EXPECT_EQ (Theme::accentForId (style::accentRole (id)), juce::Colour (0xfff67f2d));
+
+    EXPECT_EQ (Theme::accentForId (style::accentRole (30)), juce::Colour (0xffaab2ba));
+}
+
+/** Draws a one-pixel frame and a dot, whose blur would show. */
+struct Layered final : juce::Component
+{
+    void paint (juce::Graphics& g) override
+    {
+        if (cached)
+            layer.draw (g, *this, [this] (juce::Graphics& picture) { draw (picture); });
+        else
+            draw (g);
+    }
+
+    void draw (juce::Graphics& g)
+    {
+        ++drawn;
+        g.setColour (juce::Colours::white);
+        g.drawRect (getLocalBounds(), 1);
+        g.fillEllipse (3.0f, 4.0f, 5.0f, 5.0f);
+    }
+
+    primitives::CachedLayer layer;
+    bool cached = true;
+    int drawn = 0;
+};
+
+TEST (CachedLayer, LooksLikeTheDrawingAtEveryScaleAndIsDrawnOnce)
+{
+    juce::Component window;
+    window.setSize (60, 60);
+    Layered layered;
+    layered.setBounds (7, 5, 31, 21);
+    window.addAndMakeVisible (layered);
+
+    for (const auto scale : { 0.5f, 1.0f, 1.25f, 2.0f })
+    {
+        layered.cached = true;
+        layered.drawn = 0;
+        paintPicture (window, scale);
+        const auto throughLayer = paintPicture (window, scale);
+        EXPECT_EQ (layered.drawn, 1) << scale;
+
+        layered.cached = false;
+        EXPECT_EQ (countDifferentPixels (throughLayer, paintPicture (window, scale), 8), 0) << scale;
+    }
+}
+
+TEST (SidePanel, ADividerShowsOnlyWithAPlaceAndAHeight)
+{
+    primitives::SidePanel panel;
+    panel.setSize (40, 40);
+    const auto plain = paintPicture (panel);
+
+    panel.setDivider (-1, 5, 35);
+    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 0);
+    panel.setDivider (20, 35, 5);
+    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 0);
+    panel.setDivider (20, 5, 35);
+    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 60); // two lines of 30 pixels
+}
+
+} // namespace
+} // namespace kestreleq::test

@@ -1,0 +1,13 @@
+#include "tools/kestrel-shot/gallery/Gallery.h"
+
+namespace kestreleq::shot
+{
+
+std::unique_ptr<GallerySheet> makeGallery()
+{
+    auto sheet = std::make_unique<GallerySheet>();
+    addPrimitives (*sheet);
+    return sheet;
+}
+
+} // namespace kestreleq::shot

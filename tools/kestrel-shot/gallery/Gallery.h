@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/kestrel-shot/gallery/GallerySheet.h"
+
+namespace kestreleq::shot
+{
+
+// Each adds the controls of one family in all their states.
+void addPrimitives (GallerySheet& sheet);
+
+/** The sheet with every family on it. */
+std::unique_ptr<GallerySheet> makeGallery();
+
+} // namespace kestreleq::shot

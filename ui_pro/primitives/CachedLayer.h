@@ -1,0 +1,30 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <functional>
+
+namespace quillon::ui_pro::primitives
+{
+
+/** Keeps the part of a component's picture that only its size decides as an image in the pixels of the screen, and
+    draws that instead. The image lies on whole screen pixels, so it is as crisp as the drawing would be. Message
+    thread. */
+class CachedLayer
+{
+public:
+    /** Draws the picture of a component's whole area, which `paint` makes in the component's coordinates; it is called
+        only when the size, the scale or the place on the pixel grid has changed, or after `invalidate`. */
+    void draw (juce::Graphics& g, const juce::Component& component, const std::function<void (juce::Graphics&)>& paint);
+
+    /** For when something else that the picture shows has changed. */
+    void invalidate() { image = {}; }
+
+private:
+    juce::Image image;
+    juce::Rectangle<int> bounds; // of the component, in its own coordinates
+    juce::Point<float> phase;    // of the component's corner within a screen pixel
+    float scale = 0.0f;          // screen pixels per design pixel
+};
+
+} // namespace quillon::ui_pro::primitives

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui_pro/primitives/CachedLayer.h"
+
+namespace quillon::ui_pro::primitives
+{
+
+/** The surface behind everything: a dark gradient with a soft glow above the middle and a fine grain. */
+class RootBackground final : public juce::Component
+{
+public:
+    RootBackground();
+
+    void paint (juce::Graphics& g) override;
+
+private:
+    CachedLayer layer;
+};
+
+} // namespace quillon::ui_pro::primitives

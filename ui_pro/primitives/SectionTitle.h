@@ -1,0 +1,24 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+namespace quillon::ui_pro::primitives
+{
+
+/** A heading with an engraved rule beneath it. */
+class SectionTitle final : public juce::Component
+{
+public:
+    explicit SectionTitle (juce::String initialText = {});
+
+    void setText (const juce::String& newText);
+
+    const juce::String& getText() const { return text; }
+
+    void paint (juce::Graphics& g) override;
+
+private:
+    juce::String text;
+};
+
+} // namespace quillon::ui_pro::primitives
