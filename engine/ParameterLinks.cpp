@@ -1,5 +1,7 @@
 #include "engine/ParameterLinks.h"
 
+#include <bit>
+
 namespace kestreleq
 {
 
@@ -34,18 +36,38 @@ ParameterLinks::~ParameterLinks()
         tree.removeParameterListener (infoOf (watcher.parameter).id, &watcher);
 }
 
-void ParameterLinks::changed (Parameter parameter, float value)
+void ParameterLinks::changed (Parameter parameter)
 {
-    if (paused)
+    const auto thisThread = juce::Thread::getCurrentThreadId();
+
+    if (pauses > 0 || copier == thisThread)
         return;
 
-    if (followGainLink (Parameter::inGainLink, Parameter::inGain1, Parameter::inGain2, parameter, value) ||
-        followGainLink (Parameter::outGainLink, Parameter::outGain1, Parameter::outGain2, parameter, value))
+    waiting |= 1u << indexOf (parameter);
+
+    while (waiting != 0)
+    {
+        juce::Thread::ThreadID nobody {};
+
+        if (! copier.compare_exchange_strong (nobody, thisThread))
+            return;
+
+        for (auto bits = waiting.exchange (0); bits != 0; bits &= bits - 1)
+            follow (static_cast<Parameter> (std::countr_zero (bits)));
+
+        copier = nobody;
+    }
+}
+
+void ParameterLinks::follow (Parameter parameter)
+{
+    if (followGainLink (Parameter::inGainLink, Parameter::inGain1, Parameter::inGain2, parameter) ||
+        followGainLink (Parameter::outGainLink, Parameter::outGain1, Parameter::outGain2, parameter))
         return;
 
     if (parameter == Parameter::link)
     {
-        if (value >= flagThreshold)
+        if (values.isOn (Parameter::link))
             for (const auto& [first, second] : linkedPairs)
                 copyTo (second, values[first]);
 
@@ -56,16 +78,15 @@ void ParameterLinks::changed (Parameter parameter, float value)
         return;
 
     if (const auto partner = partnerOf (parameter))
-        copyTo (*partner, value);
+        copyTo (*partner, values[parameter]);
 }
 
 /** The rules of one gain link. True when they have dealt with the change. */
-bool ParameterLinks::followGainLink (
-    Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter, float value)
+bool ParameterLinks::followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter)
 {
     if (parameter == linkSwitch)
     {
-        if (value >= flagThreshold)
+        if (values.isOn (linkSwitch))
             copyTo (second, values[first]);
 
         return true;
@@ -74,13 +95,12 @@ bool ParameterLinks::followGainLink (
     if ((parameter != first && parameter != second) || ! values.isOn (linkSwitch))
         return false;
 
-    copyTo (parameter == first ? second : first, value);
+    copyTo (parameter == first ? second : first, values[parameter]);
     return true;
 }
 
 void ParameterLinks::copyTo (Parameter target, float value)
 {
-    const ScopedPause pause (*this);
     auto& parameter = *parameters[indexOf (target)];
 
     parameter.beginChangeGesture();

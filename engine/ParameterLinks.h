@@ -7,6 +7,7 @@
 
 #include <array>
 #include <atomic>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -51,24 +52,24 @@ public:
     explicit ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch);
     ~ParameterLinks();
 
-    /** While one of these lives, no change is copied: for restoring values that belong together as they are. */
+    /** While one of these lives, on any thread, no change is copied: for restoring values that belong together as they
+        are. */
     class ScopedPause
     {
     public:
         explicit ScopedPause (ParameterLinks& links)
-            : flag (links.paused),
-              previous (flag.exchange (true))
+            : pauses (links.pauses)
         {
+            ++pauses;
         }
 
-        ~ScopedPause() { flag = previous; }
+        ~ScopedPause() { --pauses; }
 
         ScopedPause (const ScopedPause&) = delete;
         ScopedPause& operator= (const ScopedPause&) = delete;
 
     private:
-        std::atomic<bool>& flag;
-        bool previous;
+        std::atomic<int>& pauses;
     };
 
 private:
@@ -78,21 +79,28 @@ private:
     /** One per parameter, so that a notification needs no search by name. */
     struct Watcher final : juce::AudioProcessorValueTreeState::Listener
     {
-        void parameterChanged (const juce::String&, float value) override { owner->changed (parameter, value); }
+        void parameterChanged (const juce::String&, float) override { owner->changed (parameter); }
 
         ParameterLinks* owner = nullptr;
         Parameter parameter {};
     };
 
-    void changed (Parameter parameter, float value);
-    bool followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter, float value);
+    void changed (Parameter parameter);
+    void follow (Parameter parameter);
+    bool followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter);
     void copyTo (Parameter target, float value);
 
     juce::AudioProcessorValueTreeState& tree;
     ParameterValues values;
     std::array<juce::RangedAudioParameter*, numParameters> parameters {};
     std::array<Watcher, 2 * linkedPairs.size() + switches.size()> watchers;
-    std::atomic<bool> paused { false };
+    std::atomic<int> pauses { 0 };
+
+    // A notification comes with a lock of its parameter held, and a copy takes the partner's: two threads that both
+    // copied could wait for each other. So one copies at a time, also what others have left to it.
+    std::atomic<juce::Thread::ThreadID> copier {};
+    std::atomic<std::uint32_t> waiting { 0 }; // a bit per changed parameter
+    static_assert (numParameters <= 32);
 };
 
 } // namespace kestreleq

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -141,6 +145,42 @@ TEST (ParameterLinks, APauseLetsValuesStandAsTheyAre)
     EXPECT_EQ (rig.get ("subR"), 0.5f);
     rig.set ("sub", 0.8f);
     EXPECT_EQ (rig.get ("subR"), 0.8f);
+}
+
+TEST (ParameterLinks, PausesOfTwoThreadsMayEndInAnyOrder)
+{
+    ProcessorRig rig;
+    ParameterLinks& links = rig.processor.getCore().getLinks();
+    std::optional<ParameterLinks::ScopedPause> first (links);
+    std::optional<ParameterLinks::ScopedPause> second (links);
+
+    first.reset();
+    rig.set ("sub", 0.9f);
+    EXPECT_EQ (rig.get ("subR"), 0.5f);
+    second.reset();
+    rig.set ("sub", 0.8f);
+    EXPECT_EQ (rig.get ("subR"), 0.8f);
+}
+
+TEST (ParameterLinks, TwoThreadsAtBothEndsOfALinkNeitherWaitForEachOtherNorPart)
+{
+    ProcessorRig rig;
+    const auto move = [&rig] (const char* id, int seed)
+    {
+        juce::Random random (seed);
+
+        for (int i = 0; i < 300000; ++i)
+            rig.set (id, random.nextFloat());
+    };
+    auto other = std::async (std::launch::async, move, "subR", 1);
+    auto one = std::async (std::launch::async, move, "sub", 2);
+
+    // Threads that wait for each other can never be joined.
+    for (auto* thread : { &one, &other })
+        if (thread->wait_for (std::chrono::seconds (60)) != std::future_status::ready)
+            std::abort();
+
+    EXPECT_EQ (rig.get ("sub"), rig.get ("subR"));
 }
 
 TEST (Programs, SetEveryParameterInOrderThroughGestures)
