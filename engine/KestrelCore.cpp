@@ -12,6 +12,16 @@ namespace
 const juce::Identifier idProperty ("id");
 const juce::Identifier valueProperty ("value");
 
+/** The values of a whole tree; what it lacks has its default. */
+std::array<float, numParameters> valuesIn (const juce::ValueTree& state)
+{
+    std::array<float, numParameters> result;
+    std::transform (parameterTable.begin(), parameterTable.end(), result.begin(),
+        [&] (const auto& info) -> float
+        { return state.getChildWithProperty (idProperty, info.id).getProperty (valueProperty, info.defaultValue); });
+    return result;
+}
+
 constexpr double riderTarget = -18.0; // dB
 constexpr double riderRate = 6.0;     // dB per second
 
@@ -50,19 +60,24 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const ParameterLinks::ScopedPause restoring (links);
     const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
+    const auto newValues = valuesIn (newState);
 
-    for (const auto& info : parameterTable)
+    for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const float value =
-            newState.getChildWithProperty (idProperty, info.id).getProperty (valueProperty, info.defaultValue);
-        auto& parameter = *tree.getParameter (info.id);
+        auto& parameter = *tree.getParameter (parameterTable[i].id);
 
         // The tree leaves a value alone that differs in its last bit only.
-        if (parameter.getValue() != value)
-            parameter.setValueNotifyingHost (value);
+        if (parameter.getValue() != newValues[i])
+            parameter.setValueNotifyingHost (newValues[i]);
 
-        tree.getRawParameterValue (info.id)->store (value);
+        tree.getRawParameterValue (parameterTable[i].id)->store (newValues[i]);
     }
+}
+
+void KestrelCore::applyState (const juce::ValueTree& state, const juce::String& operationName)
+{
+    const ParameterLinks::ScopedPause restoring (links);
+    setAllParameters (valuesIn (state), operationName);
 }
 
 void KestrelCore::setAllParameters (
@@ -76,6 +91,7 @@ void KestrelCore::setAllParameters (
                 auto& parameter = *tree.getParameter (parameterTable[i].id);
                 parameter.beginChangeGesture();
                 parameter.setValueNotifyingHost (newValues[i]);
+                tree.getRawParameterValue (parameterTable[i].id)->store (parameter.getValue());
                 parameter.endChangeGesture();
             }
         });
@@ -102,6 +118,12 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
     monoScratch.resize (static_cast<std::size_t> (blockSize));
     mixScratch.resize (static_cast<std::size_t> (blockSize));
     prepared = true;
+}
+
+void KestrelCore::setCapturing (bool shouldCapture)
+{
+    for (auto& analyser : analysers)
+        analyser.setOn (shouldCapture);
 }
 
 void KestrelCore::readParameters()

@@ -30,12 +30,19 @@ public:
 
     EditHistory& getHistory() { return history; }
 
+    const EditHistory& getHistory() const { return history; }
+
     const ParameterValues& getValues() const { return values; }
 
     ParameterLinks& getLinks() { return links; }
 
     /** The spectra of lane 0 (left, mid, or the mean of both with link on) or 1 (right or side). */
     analysis::SpectrumAnalyser& getAnalyser (std::size_t lane) { return analysers[lane]; }
+
+    /** Switches both analysers on or off. Any thread but the audio thread. */
+    void setCapturing (bool shouldCapture);
+
+    bool isCapturing() const { return analysers[0].isOn(); }
 
     /** A copy of the parameter tree with the values that the audio thread reads now. Any thread. */
     juce::ValueTree copyState();
@@ -44,12 +51,16 @@ public:
         history. Any thread. */
     void replaceState (const juce::ValueTree& newState);
 
+    /** Sets every parameter to the value that a whole tree has for it, links or not, as one named operation of the undo
+        history. Message thread. */
+    void applyState (const juce::ValueTree& state, const juce::String& operationName);
+
     /** Sets every parameter, in host order and each as a host gesture, as one named operation of the undo history.
         Message thread. */
     void setAllParameters (const std::array<float, numParameters>& newValues, const juce::String& operationName);
 
     /** Sets up everything for a sample rate in Hz and a block size in samples, both above 0. Never while process runs.
-     */
+        Leaves the analysers off. */
     void prepare (double sampleRate, int blockSize);
 
     /** Processes one block in place, of any length if stereo. Audio thread. Before prepare the block is silenced. */

@@ -146,4 +146,10 @@ void KestrelProcessor::setStateInformation (const void* data, int size)
     ++stateChangeCounter;
 }
 
+void KestrelProcessor::applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName)
+{
+    core.applyState (snapshot, stepName);
+    ++stateChangeCounter;
+}
+
 } // namespace kestreleq

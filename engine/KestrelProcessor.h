@@ -81,8 +81,25 @@ public:
     /** Any thread. What is no state of ours changes nothing. */
     void setStateInformation (const void* data, int size) override;
 
-    /** Advances whenever much has changed at once: a restored state, a program. Any thread. */
+    /** Sets every parameter to a snapshot's value, as one undoable step of this name; the program and the editor's size
+        stay. Message thread. */
+    void applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName);
+
+    /** Advances whenever much has changed at once: a restored state, a program, a snapshot. Any thread. */
     std::uint32_t getStateChangeCounter() const { return stateChangeCounter.load (std::memory_order_acquire); }
+
+    /** Names the next undoable step, for what is about to begin, a drag say. Any thread. */
+    void setPendingTransactionName (const juce::String& name) { core.getHistory().setPendingName (name); }
+
+    /** True until the next step has taken the pending name. Any thread. */
+    bool isTransactionPending() const { return core.getHistory().hasPendingName(); }
+
+    /** Switches the spectrum analysers on for an editor that shows them, or off, as preparing does too. Any thread but
+        the audio thread. */
+    void setCapturing (bool shouldCapture) { core.setCapturing (shouldCapture); }
+
+    /** True while an editor has the analysers on. Any thread. */
+    bool isCapturing() const { return core.isCapturing(); }
 
     /** The editor's size as a step of its own; -1 for its default size. Saved with the state. */
     int getEditorScaleStep() const { return editorScaleStep; }

@@ -17,3 +17,10 @@ as_root() {
 
 # A clone in another folder reuses what an earlier one compiled.
 export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+
+# configure PRESET : runs CMake quietly; the log tells when it fails.
+configure() {
+    mkdir -p build
+    cmake --preset "$1" > "build/configure-$1.log" 2>&1 \
+        || { tail -n 40 "build/configure-$1.log" >&2; die "CMake failed (log: build/configure-$1.log)"; }
+}

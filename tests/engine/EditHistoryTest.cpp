@@ -121,10 +121,10 @@ TEST (EditHistory, ProgramsAndChartDragsHaveNames)
     const auto before = rig.heard();
     rig.processor.setCurrentProgram (4);
     const auto program = rig.heard();
-    rig.history().setPendingName ("Move chart node");
-    EXPECT_TRUE (rig.history().hasPendingName());
+    rig.processor.setPendingTransactionName ("Move chart node");
+    EXPECT_TRUE (rig.processor.isTransactionPending());
     rig.drag ("160hz", 0.9f);
-    EXPECT_FALSE (rig.history().hasPendingName());
+    EXPECT_FALSE (rig.processor.isTransactionPending());
     rig.drag ("trim", 0.2f);
 
     EXPECT_EQ (rig.manager().getUndoDescriptions(),
@@ -134,6 +134,29 @@ TEST (EditHistory, ProgramsAndChartDragsHaveNames)
     EXPECT_EQ (rig.heard(), program);
     rig.history().undo();
     EXPECT_EQ (rig.heard(), before);
+}
+
+TEST (EditHistory, ASnapshotIsOneStepWithTheLanesAsTheyAre)
+{
+    HistoryRig rig;
+    {
+        const ParameterLinks::ScopedPause pause (rig.processor.getCore().getLinks());
+        rig.set ("subR", 0.1f);
+    }
+    const auto snapshot = rig.processor.getCore().copyState();
+    const auto heard = rig.heard();
+    rig.drag ("sub", 0.9f);
+    const auto changed = rig.heard();
+    const auto counter = rig.processor.getStateChangeCounter();
+
+    rig.processor.applySnapshot (snapshot, "A/B");
+    EXPECT_EQ (rig.heard(), heard);
+    EXPECT_GT (rig.processor.getStateChangeCounter(), counter);
+    EXPECT_EQ (rig.manager().getUndoDescription(), "A/B");
+    rig.history().undo();
+    EXPECT_EQ (rig.heard(), changed);
+    rig.history().redo();
+    EXPECT_EQ (rig.heard(), heard);
 }
 
 TEST (EditHistory, TheHostsAutomationPassesBy)
@@ -154,6 +177,15 @@ TEST (EditHistory, TheHostsAutomationPassesBy)
         });
     pumpMessages (700);
     host.join();
+    EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
+
+    // Ten minutes of it, at the pace of the flushes.
+    for (int flush = 0; flush < 6000; ++flush)
+    {
+        rig.set ("160hz", static_cast<float> (flush % 100) / 100.0f);
+        rig.set ("trim", static_cast<float> (flush % 77) / 77.0f);
+        rig.history().flush();
+    }
     EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
 
     // And on the message thread, where the links' gestures must not count as the user's.

@@ -192,8 +192,7 @@ TEST (Processor, FeedsTheAnalysersByMode)
         auto rig = std::make_unique<ProcessorRig> (48000.0, 100);
         rig->set ("link", link);
         rig->set ("msMode", midSide);
-        for (std::size_t lane = 0; lane < numLanes; ++lane)
-            rig->processor.getCore().getAnalyser (lane).setOn (true);
+        rig->processor.setCapturing (true);
         Stereo signal { sine (1500.0, 48000.0, 16000, 0.5), sine (6000.0, 48000.0, 16000, 0.25) };
         rig->process (signal, 700); // longer than prepared
         return rig;

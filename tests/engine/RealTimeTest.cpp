@@ -57,8 +57,7 @@ TEST_F (RealTime, TheGuardSeesAllocationsAndLocks)
 TEST_F (RealTime, ProcessBlockNeitherAllocatesNorLocks)
 {
     ProcessorRig rig (48000.0, 512);
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-        rig.processor.getCore().getAnalyser (lane).setOn (true);
+    rig.processor.setCapturing (true);
 
     Stereo noise { whiteNoise (1, 4096, 0.5), whiteNoise (2, 4096, 0.5) };
     std::mt19937 random (1);
