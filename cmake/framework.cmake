@@ -64,3 +64,10 @@ target_include_directories(kestrel_framework SYSTEM INTERFACE $<TARGET_PROPERTY:
 if(NOT MSVC)
     target_compile_options(kestrel_framework PRIVATE -w)
 endif()
+
+# From version 17 on, Clang looks into a template of the framework that nobody uses and that no compiler could use.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 17)
+    target_compile_options(kestrel_framework
+        PUBLIC -fdelayed-template-parsing
+        INTERFACE -Wno-delayed-template-parsing-in-cxx20)
+endif()

@@ -76,9 +76,13 @@ void SpectrumAnalyser::updateSlots()
 
 void SpectrumAnalyser::readCurve (std::size_t slot, std::span<float> destination)
 {
-    const std::scoped_lock lock (mutex);
-    updateSlots();
+    update();
+    copyCurve (slot, destination);
+}
 
+void SpectrumAnalyser::copyCurve (std::size_t slot, std::span<float> destination) const
+{
+    const std::scoped_lock lock (mutex);
     std::fill (destination.begin(), destination.end(), spectrumFloor);
 
     if (! prepared || slot >= numSlots)

@@ -41,6 +41,9 @@ public:
         20 Hz * (sample rate / 40 Hz)^((i + 0.5) / P). Where there is no such point or slot, -120. */
     void readCurve (std::size_t slot, std::span<float> destination);
 
+    /** Copies the slot's display curve as the last update left it; else as readCurve. */
+    void copyCurve (std::size_t slot, std::span<float> destination) const;
+
     /** Drops the samples that wait for analysis; the next frame holds only later ones. The curves stay. */
     void clear();
 

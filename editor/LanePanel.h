@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ui_pro/primitives/CachedLayer.h"
+
+namespace kestreleq
+{
+
+/** The surface of one lane, with its channel's name; the lane's controls stand on it as siblings. */
+class LanePanel final : public juce::Component
+{
+public:
+    LanePanel();
+
+    /** What the lane carries ("LEFT", "MID"), and the colour it goes by. */
+    void setCaption (const juce::String& newCaption, juce::Colour newColour);
+
+    /** Tall while the panel takes the place of both lanes. */
+    void setTall (bool shouldBeTall);
+
+    const juce::String& getCaption() const { return caption; }
+
+    juce::Colour getCaptionColour() const { return captionColour; }
+
+    bool isTall() const { return tall; }
+
+    void paint (juce::Graphics& g) override;
+
+private:
+    void paintPanel (juce::Graphics& g) const;
+
+    juce::String caption { "LEFT" };
+    juce::Colour captionColour;
+    bool tall = false;
+    quillon::ui_pro::primitives::CachedLayer layer;
+};
+
+} // namespace kestreleq

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "engine/KestrelProcessor.h"
+
+#include <functional>
+
+namespace kestreleq
+{
+
+/** The whole state as text on the system's clipboard. Message thread. */
+class StateClipboard
+{
+public:
+    explicit StateClipboard (KestrelProcessor& processorToCopy);
+
+    void copy() const;
+
+    /** Takes the state from the clipboard, as one undoable step. False, and nothing changed, when what is there is no
+        state. */
+    bool paste();
+
+    bool canPaste() const { return read().isNotEmpty(); }
+
+    // The system's own unless replaced.
+    std::function<juce::String()> read;
+    std::function<void (const juce::String&)> write;
+
+private:
+    KestrelProcessor& processor;
+};
+
+} // namespace kestreleq

@@ -1,0 +1,281 @@
+#include "editor/chart/KestrelChartView.h"
+
+#include "editor/LaneKnobs.h"
+#include "editor/chart/ChartFace.h"
+#include "ui_pro/controls/SpectrumPainter.h"
+#include "ui_pro/style/Theme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestreleq
+{
+namespace
+{
+
+using namespace quillon::ui_pro;
+
+constexpr std::size_t curvePoints = 281;
+constexpr std::size_t painterBins = 256;
+constexpr float curveWidth = 2.0f;
+constexpr double lowestDrawingRate = 96000.0; // keeps the axis up to 40 kHz below half of it
+
+double drawingRateFor (double sampleRate)
+{
+    return std::isfinite (sampleRate) && sampleRate > 0.0 ? std::max (lowestDrawingRate, sampleRate)
+                                                          : lowestDrawingRate;
+}
+
+/** Evenly along the axis. */
+std::vector<double> curveFrequencies()
+{
+    std::vector<double> frequencies (curvePoints);
+
+    for (std::size_t i = 0; i < curvePoints; ++i)
+        frequencies[i] = ChartScale::lowestFrequency *
+            std::pow (ChartScale::highestFrequency / ChartScale::lowestFrequency,
+                static_cast<double> (i) / static_cast<double> (curvePoints - 1));
+
+    return frequencies;
+}
+
+juce::Colour nodeColour (std::size_t node)
+{
+    return style::Theme::accentForId (style::accentRole (laneKnobs[node].colourId));
+}
+
+} // namespace
+
+std::unique_ptr<KestrelChartView> KestrelChartView::create (KestrelProcessor& processor, std::size_t lane)
+{
+    return std::unique_ptr<KestrelChartView> (new KestrelChartView (processor, lane));
+}
+
+KestrelChartView::KestrelChartView (KestrelProcessor& processorToShow, std::size_t laneToShow)
+    : processor (processorToShow),
+      lane (laneToShow),
+      colour (style::Theme::palette().accent)
+{
+    setTitle (lane == 0 ? "Chart, lane A" : "Chart, lane B");
+    refreshResponse();
+}
+
+float KestrelChartView::readValue (std::size_t index, float defaultValue) const
+{
+    if (index >= laneKnobs.size())
+        return defaultValue;
+
+    return processor.getCore().getValues()[onLane (laneKnobs[index].parameter, lane)];
+}
+
+dsp::LaneParameters KestrelChartView::readLane() const
+{
+    dsp::LaneParameters result;
+
+    for (std::size_t band = 0; band < numBands; ++band)
+        result.bands[band] = readValue (band, 0.5f);
+
+    result.airAmount = readValue (airAmountKnob, 0.0f);
+    result.airStep = readValue (airStepKnob, 0.0f);
+    return result;
+}
+
+bool KestrelChartView::refreshResponse()
+{
+    const auto rate = drawingRateFor (processor.getSampleRate());
+    const bool newRate = rate != responseRate;
+
+    if (newRate)
+    {
+        responseRate = rate;
+        response.prepare (rate, curveFrequencies());
+    }
+
+    return response.setParameters (readLane()) || newRate;
+}
+
+void KestrelChartView::refresh()
+{
+    const bool curveMoved = refreshResponse();
+    const bool spectrumMoved = spectrum.refresh (processor.getCore().getAnalyser (lane));
+
+    if (curveMoved)
+        rebuildCurve();
+
+    if (curveMoved || spectrumMoved)
+        repaint (scale.plot().getSmallestIntegerContainer());
+}
+
+void KestrelChartView::setColour (juce::Colour newColour)
+{
+    if (colour == newColour)
+        return;
+
+    colour = newColour;
+    repaint();
+}
+
+void KestrelChartView::resized()
+{
+    scale = ChartScale (getWidth(), getHeight());
+    rebuildCurve();
+}
+
+void KestrelChartView::rebuildCurve()
+{
+    curveLine.clear();
+    curveFill.clear();
+
+    if (scale.plot().isEmpty())
+        return;
+
+    const auto plot = scale.plot();
+    const auto curve = response.getCurve();
+    juce::Path line;
+
+    for (std::size_t i = 0; i < curve.size(); ++i)
+    {
+        const auto part = static_cast<float> (i) / static_cast<float> (curve.size() - 1);
+        const juce::Point<float> point (plot.getX() + part * plot.getWidth(), scale.yFor (curve[i]));
+
+        if (i == 0)
+            line.startNewSubPath (point);
+        else
+            line.lineTo (point);
+    }
+
+    curveFill = line;
+    curveFill.lineTo (plot.getRight(), scale.yFor (0.0));
+    curveFill.lineTo (plot.getX(), scale.yFor (0.0));
+    curveFill.closeSubPath();
+    juce::PathStrokeType (curveWidth, juce::PathStrokeType::curved).createStrokedPath (curveLine, line);
+    nodes.place (scale, response, readValue (airStepKnob, 0.0f));
+}
+
+void KestrelChartView::paint (juce::Graphics& g)
+{
+    background.draw (
+        g, *this, [this] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), scale); });
+
+    const juce::Graphics::ScopedSaveState saved (g);
+    g.reduceClipRegion (scale.plot().getSmallestIntegerContainer());
+    paintSpectrum (g);
+    paintChartGrid (g, scale);
+    paintChartCurve (g, scale, curveLine, curveFill, colour);
+    paintNodes (g);
+}
+
+void KestrelChartView::paintSpectrum (juce::Graphics& g) const
+{
+    const auto& palette = style::Theme::palette();
+    const std::array colours { palette.textMuted, colour };
+    std::array<float, painterBins> levels;
+
+    for (std::size_t trace = 0; trace < SpectrumDisplay::numTraces; ++trace)
+    {
+        if (spectrum.getLevels (trace).empty())
+            continue;
+
+        for (std::size_t i = 0; i < painterBins; ++i)
+            levels[i] = spectrum.levelAt (
+                trace, 20.0 * std::pow (1000.0, static_cast<double> (i) / static_cast<double> (painterBins - 1)));
+
+        controls::paintSpectrum (g, scale.spectrumArea(), levels, colours[trace]);
+    }
+}
+
+void KestrelChartView::paintNodes (juce::Graphics& g) const
+{
+    const auto active = grasped ? grasped : hovered;
+
+    for (std::size_t node = 0; node < ChartNodes::count; ++node)
+        if (node != active)
+            paintChartNode (g, nodes.position (node), ChartNodes::radius, nodeColour (node), NodeState::idle);
+
+    if (! active)
+        return;
+
+    paintChartNode (g, nodes.position (*active), ChartNodes::radius, nodeColour (*active),
+        grasped ? NodeState::dragged : NodeState::hovered);
+    paintChartReadout (
+        g, scale, nodes.position (*active), laneKnobs[*active].caption, nodeText (*active), nodeColour (*active));
+}
+
+juce::String KestrelChartView::nodeText (std::size_t node) const
+{
+    const auto textOf = [this] (std::size_t knob)
+    {
+        const auto parameter = onLane (laneKnobs[knob].parameter, lane);
+        return processor.getCore().getTree().getParameter (infoOf (parameter).id)->getCurrentValueAsText();
+    };
+
+    return node == ChartNodes::airNode ? textOf (airAmountKnob) + "  " + textOf (airStepKnob) : textOf (node);
+}
+
+void KestrelChartView::setHovered (std::optional<std::size_t> node)
+{
+    if (hovered == node)
+        return;
+
+    hovered = node;
+    setMouseCursor (node ? juce::MouseCursor::PointingHandCursor : juce::MouseCursor::NormalCursor);
+    repaint();
+}
+
+void KestrelChartView::mouseMove (const juce::MouseEvent& event)
+{
+    setHovered (nodes.hit (event.position));
+}
+
+void KestrelChartView::mouseExit (const juce::MouseEvent&)
+{
+    setHovered ({});
+}
+
+void KestrelChartView::mouseDown (const juce::MouseEvent& event)
+{
+    drag.reset();
+    grasped = nodes.hit (event.position);
+    repaint();
+}
+
+void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
+{
+    const auto distance = event.position - event.mouseDownPosition;
+
+    if (! grasped || (drag == nullptr && distance.isOrigin()))
+        return;
+
+    // A press that moves nothing makes no step.
+    if (drag == nullptr)
+        drag = std::make_unique<NodeDrag> (
+            processor, lane, *grasped, scale.plot().getHeight(), scale.xFor (200.0) - scale.xFor (100.0));
+
+    drag->moveBy (distance);
+    refresh();
+}
+
+void KestrelChartView::mouseUp (const juce::MouseEvent& event)
+{
+    drag.reset();
+    grasped.reset();
+    hovered = nodes.hit (event.position);
+    repaint();
+}
+
+void KestrelChartView::mouseDoubleClick (const juce::MouseEvent& event)
+{
+    drag.reset();
+
+    if (const auto node = nodes.hit (event.position))
+        NodeDrag::reset (processor, lane, *node);
+
+    refresh();
+}
+
+std::unique_ptr<juce::AccessibilityHandler> KestrelChartView::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::image);
+}
+
+} // namespace kestreleq

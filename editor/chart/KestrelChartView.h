@@ -1,0 +1,84 @@
+#pragma once
+
+#include "editor/chart/ChartNodes.h"
+#include "editor/chart/NodeDrag.h"
+#include "editor/chart/SpectrumDisplay.h"
+
+#include "engine/KestrelProcessor.h"
+#include "engine/dsp/LaneResponse.h"
+#include "ui_pro/primitives/CachedLayer.h"
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <memory>
+#include <optional>
+
+namespace kestreleq
+{
+
+/** One lane's chart: its response curve, with a node for every band and the air, over its live spectra. Owns no timer;
+    the editor refreshes it. Message thread. */
+class KestrelChartView final : public juce::Component, public juce::SettableTooltipClient
+{
+public:
+    /** Lane 0 or 1; the processor must outlive the view. */
+    static std::unique_ptr<KestrelChartView> create (KestrelProcessor& processor, std::size_t lane);
+
+    /** Takes the lane's parameters and what the analyser's last update left; repaints when either moved. */
+    void refresh();
+
+    /** The lane's colour. */
+    void setColour (juce::Colour newColour);
+
+    const dsp::LaneResponse& getResponse() const { return response; }
+
+    const ChartNodes& getNodes() const { return nodes; }
+
+    const ChartScale& getScale() const { return scale; }
+
+    SpectrumDisplay& getSpectrum() { return spectrum; }
+
+    void paint (juce::Graphics& g) override;
+    void resized() override;
+    void mouseMove (const juce::MouseEvent& event) override;
+    void mouseExit (const juce::MouseEvent& event) override;
+    void mouseDown (const juce::MouseEvent& event) override;
+    void mouseDrag (const juce::MouseEvent& event) override;
+    void mouseUp (const juce::MouseEvent& event) override;
+    void mouseDoubleClick (const juce::MouseEvent& event) override;
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+
+private:
+    KestrelChartView (KestrelProcessor& processorToShow, std::size_t laneToShow);
+
+    /** The lane's value for a knob's index; the default when there is no such parameter. */
+    float readValue (std::size_t index, float defaultValue) const;
+
+    dsp::LaneParameters readLane() const;
+    bool refreshResponse();
+    void rebuildCurve();
+    void paintSpectrum (juce::Graphics& g) const;
+    void paintNodes (juce::Graphics& g) const;
+    juce::String nodeText (std::size_t node) const;
+    void setHovered (std::optional<std::size_t> node);
+
+    KestrelProcessor& processor;
+    const std::size_t lane;
+    juce::Colour colour;
+
+    ChartScale scale;
+    dsp::LaneResponse response;
+    double responseRate = 0.0; // Hz, that the response was made for
+    SpectrumDisplay spectrum;
+    ChartNodes nodes;
+
+    juce::Path curveLine; // outlines, made once per change
+    juce::Path curveFill;
+    quillon::ui_pro::primitives::CachedLayer background;
+
+    std::optional<std::size_t> hovered;
+    std::optional<std::size_t> grasped;
+    std::unique_ptr<NodeDrag> drag;
+};
+
+} // namespace kestreleq

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "engine/analysis/SpectrumAnalyser.h"
+
+#include <array>
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace kestreleq
+{
+
+/** The levels of one lane's live spectra as the eye gets them: they rise at once and fall at 24 dB per second. Input is
+    trace 0, output trace 1. Message thread. */
+class SpectrumDisplay
+{
+public:
+    static constexpr std::size_t numTraces = analysis::SpectrumAnalyser::numSlots;
+    static constexpr std::size_t maxBins = 512;
+    static constexpr float floorLevel = -84.0f; // dB: what is not finite, and the lowest level that is drawn
+
+    SpectrumDisplay();
+
+    /** Takes the analyser's curves as its last update left them. True when anything that is drawn has moved. */
+    bool refresh (const analysis::SpectrumAnalyser& analyser);
+
+    /** The same for any snapshot: levels in dB at log-spaced bins from 20 Hz to half of the sample rate, in Hz. An
+       empty snapshot leaves its trace as it is. */
+    bool refresh (const std::array<std::span<const float>, numTraces>& snapshots, double sampleRate);
+
+    /** In dB at the bins of the last snapshot. */
+    std::span<const float> getLevels (std::size_t trace) const { return traces[trace]; }
+
+    /** In Hz, one per bin. */
+    std::span<const float> getFrequencies() const { return frequencies; }
+
+    /** The level in dB at a frequency in Hz, between the bins and limited to the floor. */
+    float levelAt (std::size_t trace, double frequency) const;
+
+    /** In milliseconds; the framework's high-resolution clock unless replaced. */
+    std::function<double()> clock;
+
+private:
+    void placeBins (std::size_t count, double sampleRate);
+
+    std::array<std::vector<float>, numTraces> traces;
+    std::array<std::vector<float>, numTraces> snapshot; // what the analyser is copied into
+    std::vector<float> frequencies;
+    double rate = 0.0;
+    double lastRefresh = -1.0; // ms; never
+};
+
+} // namespace kestreleq

@@ -1,0 +1,176 @@
+#include "editor/chart/KestrelChartView.h"
+
+#include "tests/support/MessagePump.h"
+#include "tests/support/Mouse.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/ProcessorRig.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+TEST (ChartScale, MapsTheAxesAndStopsAtTheirEnds)
+{
+    const ChartScale scale (1120, 196);
+    const auto plot = scale.plot();
+    EXPECT_EQ (plot.getWidth(), 1089.0f);
+    EXPECT_EQ (plot.getHeight(), 177.0f);
+    EXPECT_EQ (scale.xFor (1.0), plot.getX());
+    EXPECT_EQ (scale.xFor (1e6), plot.getRight());
+    EXPECT_NEAR (scale.xFor (std::sqrt (20.0 * 40000.0)), plot.getCentreX(), 0.01f);
+    EXPECT_NEAR (scale.frequencyAt (scale.xFor (1234.0)), 1234.0, 0.1);
+    EXPECT_EQ (scale.yFor (30.0), plot.getY());
+    EXPECT_EQ (scale.yFor (-18.0), plot.getBottom());
+    EXPECT_NEAR (scale.yFor (9.0), plot.getY() + plot.getHeight() * 0.25f, 0.01f);
+    EXPECT_NEAR (scale.spectrumArea().getRight(), scale.xFor (20000.0), 0.01f);
+    EXPECT_TRUE (ChartScale (5, 5).plot().isEmpty());
+}
+
+TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
+{
+    SpectrumDisplay display;
+    double now = 1000.0;
+    display.clock = [&now] { return now; };
+    const auto show = [&] (std::vector<float> levels, double rate = 48000.0) {
+        return display.refresh ({ std::span<const float> (levels), {} }, rate);
+    };
+
+    constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_TRUE (show ({ -10.0f, nan, -200.0f }));
+    EXPECT_EQ (display.getLevels (0)[0], -10.0f);
+    EXPECT_EQ (display.getLevels (0)[1], -84.0f);
+    EXPECT_TRUE (display.getLevels (1).empty());
+
+    now += 1500.0;
+    EXPECT_TRUE (show ({ -58.0f, -30.0f, -200.0f }));
+    EXPECT_NEAR (display.getLevels (0)[0], -46.0f, 1e-3f);
+    EXPECT_EQ (display.getLevels (0)[1], -30.0f);
+    now += 500.0;
+    EXPECT_TRUE (show ({ -58.0f, -30.0f, -200.0f }));
+    EXPECT_EQ (display.getLevels (0)[0], -58.0f);
+    now += 500.0;
+    EXPECT_FALSE (show ({ -58.0f, -30.0f, -200.0f })) << "what lies below the floor is not drawn";
+
+    // Bins lie at the middles of equal parts of the axis; a rate that is none counts as 48 kHz.
+    EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (1200.0, 0.5), 0.01);
+    show ({ -58.0f }, nan);
+    EXPECT_EQ (display.getFrequencies().size(), 1u);
+    EXPECT_EQ (display.getFrequencies()[0], 20.0f);
+    show ({ -20.0f, -40.0f }, 8000.0);
+    EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
+    EXPECT_NEAR (display.levelAt (0, 20.0 * std::pow (200.0, 0.5)), -30.0f, 1e-3f);
+    EXPECT_EQ (display.levelAt (0, 5000.0), -84.0f) << "above half of the rate";
+}
+
+/** A view of lane A with a size, in front of a processor that has its message thread here. */
+struct ChartRig : ProcessorRig
+{
+    explicit ChartRig (double rate = 48000.0)
+        : ProcessorRig (rate)
+    {
+        view->setSize (1120, 196);
+        view->refresh();
+    }
+
+    juce::UndoManager& undo() { return processor.getCore().getUndoManager(); }
+
+    std::unique_ptr<KestrelChartView> view { KestrelChartView::create (processor, 0) };
+    Mouse mouse { *view };
+};
+
+TEST (ChartView, DragsANodeAsOneNamedStep)
+{
+    ChartRig rig;
+    const auto node = rig.view->getNodes().position (2);
+
+    rig.mouse.down (node);
+    rig.mouse.up (node);
+    EXPECT_FALSE (rig.undo().canUndo()) << "a press alone makes no step";
+
+    rig.mouse.down (node);
+    for (int i = 1; i <= 40; ++i)
+    {
+        rig.mouse.drag (node.translated (3.0f, -static_cast<float> (i)));
+        pumpMessages (5);
+    }
+    rig.mouse.up (node.translated (3.0f, -40.0f));
+
+    EXPECT_NEAR (rig.get ("160hz"), 0.5f + 40.0f / 177.0f, 1e-4f);
+    EXPECT_EQ (rig.get ("160hzR"), rig.get ("160hz"));
+    EXPECT_LT (rig.view->getNodes().position (2).y, node.y - 10.0f) << "the node moves with its curve";
+    EXPECT_EQ (rig.undo().getUndoDescription(), "Move chart node");
+    EXPECT_EQ (rig.undo().getUndoDescriptions().size(), 1);
+    EXPECT_FALSE (rig.processor.isTransactionPending());
+
+    rig.processor.getCore().getHistory().undo();
+    EXPECT_EQ (rig.get ("160hz"), 0.5f);
+    EXPECT_EQ (rig.get ("160hzR"), 0.5f);
+}
+
+TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
+{
+    ChartRig rig;
+    const auto node = rig.view->getNodes().position (ChartNodes::airNode);
+    EXPECT_EQ (rig.view->getNodes().hit (node), ChartNodes::airNode) << "beside the 2.5K node, not under it";
+
+    const auto octave = rig.view->getScale().xFor (2000.0) - rig.view->getScale().xFor (1000.0);
+    rig.mouse.down (node);
+    rig.mouse.drag (node.translated (2.1f * octave, -88.5f));
+    rig.mouse.up (node.translated (2.1f * octave, -88.5f));
+    EXPECT_EQ (rig.get ("airBand"), 0.5f);
+    EXPECT_NEAR (rig.get ("airGain"), 0.5f, 1e-3f);
+
+    const auto moved = rig.view->getNodes().position (ChartNodes::airNode);
+    EXPECT_NEAR (moved.x, rig.view->getScale().xFor (10000.0), 0.5f);
+    rig.mouse.doubleClick (moved);
+    EXPECT_EQ (rig.get ("airBand"), 0.0f);
+    EXPECT_EQ (rig.get ("airGain"), 0.0f);
+    EXPECT_EQ (rig.undo().getUndoDescriptions().size(), 2);
+}
+
+TEST (ChartView, ShowsTheSameCurveAtEveryHostRateUpTo96kHz)
+{
+    ChartRig slow (44100.0);
+    ChartRig fast (96000.0);
+
+    for (auto* rig : { &slow, &fast })
+    {
+        rig->set ("650hz", 0.9f);
+        rig->set ("airBand", 1.0f);
+        rig->set ("airGain", 0.7f);
+        rig->view->refresh();
+    }
+
+    const auto a = slow.view->getResponse().getCurve();
+    const auto b = fast.view->getResponse().getCurve();
+    EXPECT_TRUE (std::equal (a.begin(), a.end(), b.begin(), b.end()));
+}
+
+TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
+{
+    ChartRig rig;
+    rig.processor.setCapturing (true);
+    auto& analyser = rig.processor.getCore().getAnalyser (0);
+    const auto still = paintPicture (*rig.view);
+
+    Stereo signal { sine (1000.0, 48000.0, 24000, 0.5), sine (1000.0, 48000.0, 24000, 0.5) };
+    rig.process (signal);
+    for (int tick = 0; tick < 20; ++tick)
+        analyser.update();
+    rig.view->refresh();
+
+    const auto peak = rig.view->getSpectrum().levelAt (1, 1000.0);
+    EXPECT_GT (peak, -20.0f);
+    EXPECT_LT (rig.view->getSpectrum().levelAt (1, 4000.0), peak - 30.0f);
+    EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
+}
+
+} // namespace
+} // namespace kestreleq::test
