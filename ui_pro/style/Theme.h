@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/style/AccentColorRole.h"
+#include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/Slots.h"
 
@@ -38,6 +39,7 @@ struct Theme
     Palette core;
     HeaderSlots header;
     FooterSlots footer;
+    MeterTokens meter;
 };
 
 } // namespace quillon::ui_pro::style
