@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/style/AccentColorRole.h"
+#include "ui_pro/style/KnobTokens.h"
 #include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/Slots.h"
@@ -40,6 +41,7 @@ struct Theme
     HeaderSlots header;
     FooterSlots footer;
     MeterTokens meter;
+    KnobTokens knob;
 };
 
 } // namespace quillon::ui_pro::style
