@@ -2,6 +2,7 @@
 
 #include "ui_pro/style/AccentColorRole.h"
 #include "ui_pro/style/KnobTokens.h"
+#include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/Slots.h"
 
@@ -39,6 +40,7 @@ struct Theme
     Palette core;
     HeaderSlots header;
     FooterSlots footer;
+    MeterTokens meter;
     KnobTokens knob;
 };
 

@@ -6,6 +6,7 @@ namespace kestreleq::shot
 {
 
 // Each adds the controls of one family in all their states.
+void addMeters (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+#include <functional>
+#include <memory>
+
+namespace quillon::ui_pro::primitives
+{
+
+/** Lets a screen reader ask a component for a value that it shows and nobody types in: a level, a read-out. The text is
+    made when it is asked for; `text` must stay callable as long as the component lives. */
+std::unique_ptr<juce::AccessibilityHandler> makeTextValueHandler (juce::Component& component,
+    juce::AccessibilityRole role, std::function<juce::String()> text, juce::AccessibilityActions actions = {});
+
+} // namespace quillon::ui_pro::primitives
