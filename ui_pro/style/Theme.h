@@ -2,6 +2,7 @@
 
 #include "ui_pro/style/AccentColorRole.h"
 #include "ui_pro/style/Palette.h"
+#include "ui_pro/style/PresetBrowserTokens.h"
 #include "ui_pro/style/Slots.h"
 
 namespace quillon::ui_pro::style
@@ -38,6 +39,7 @@ struct Theme
     Palette core;
     HeaderSlots header;
     FooterSlots footer;
+    PresetBrowserTokens presetBrowser;
 };
 
 } // namespace quillon::ui_pro::style

@@ -7,6 +7,7 @@ std::unique_ptr<GallerySheet> makeGallery()
 {
     auto sheet = std::make_unique<GallerySheet>();
     addPrimitives (*sheet);
+    addPresets (*sheet);
     return sheet;
 }
 

@@ -7,6 +7,7 @@ namespace kestreleq::shot
 
 // Each adds the controls of one family in all their states.
 void addPrimitives (GallerySheet& sheet);
+void addPresets (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
 std::unique_ptr<GallerySheet> makeGallery();
