@@ -4,6 +4,7 @@
 #include "ui_pro/style/KnobTokens.h"
 #include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
+#include "ui_pro/style/PresetBrowserTokens.h"
 #include "ui_pro/style/Slots.h"
 
 namespace quillon::ui_pro::style
@@ -42,6 +43,7 @@ struct Theme
     FooterSlots footer;
     MeterTokens meter;
     KnobTokens knob;
+    PresetBrowserTokens presetBrowser;
 };
 
 } // namespace quillon::ui_pro::style

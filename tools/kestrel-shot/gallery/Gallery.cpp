@@ -9,6 +9,7 @@ std::unique_ptr<GallerySheet> makeGallery()
     addPrimitives (*sheet);
     addMeters (*sheet);
     addControls (*sheet);
+    addPresets (*sheet);
     return sheet;
 }
 

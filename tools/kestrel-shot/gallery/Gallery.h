@@ -9,6 +9,7 @@ namespace kestreleq::shot
 void addMeters (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
+void addPresets (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
 std::unique_ptr<GallerySheet> makeGallery();

@@ -1,0 +1,64 @@
+#include "ui_pro/controls/PresetStatusLine.h"
+
+#include "ui_pro/controls/PresetDrawing.h"
+#include "ui_pro/style/Fonts.h"
+#include "ui_pro/style/Theme.h"
+
+namespace quillon::ui_pro::controls
+{
+
+using style::Theme;
+
+PresetStatusLine::PresetStatusLine()
+{
+    setInterceptsMouseClicks (false, false);
+}
+
+void PresetStatusLine::show (const PresetLibrary& library)
+{
+    const auto* const selected = library.getSelected();
+    const auto count = juce::String (library.getVisibleIds().size()) + " presets";
+    const auto name = selected != nullptr ? selected->name : juce::String();
+    const juce::String mark = selected != nullptr && library.isInForce (*selected) ? "Loaded" : "";
+
+    if (count == countText && name == nameText && mark == markText)
+        return;
+
+    countText = count;
+    nameText = name;
+    markText = mark;
+    setTitle (countText);
+    setDescription (markText.isNotEmpty() ? nameText + ", " + markText : nameText);
+    repaint();
+}
+
+void PresetStatusLine::paint (juce::Graphics& g)
+{
+    const auto& palette = Theme::palette();
+    const auto& tokens = Theme::get().presetBrowser;
+    auto area = getLocalBounds().withTrimmedLeft (4).withTrimmedRight (4);
+
+    g.setFont (style::regularFont (tokens.labelText));
+    g.setColour (palette.textSecondary);
+    presets::drawText (g, countText, area.removeFromLeft (160), juce::Justification::centredLeft);
+
+    if (markText.isNotEmpty())
+    {
+        g.setFont (style::boldFont (tokens.labelText));
+        g.setColour (palette.accent);
+        presets::drawText (g, markText, area.removeFromRight (56), juce::Justification::centredRight);
+        presets::drawTick (g, area.removeFromRight (14).toFloat().getCentre());
+        area.removeFromRight (6);
+    }
+
+    g.setFont (style::regularFont (tokens.labelText));
+    g.setColour (palette.textBright);
+    presets::drawText (g, nameText, area, juce::Justification::centredRight);
+}
+
+std::unique_ptr<juce::AccessibilityHandler> PresetStatusLine::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::staticText);
+}
+
+} // namespace quillon::ui_pro::controls
