@@ -1,7 +1,9 @@
 #pragma once
 
 #include "ui_pro/style/AccentColorRole.h"
+#include "ui_pro/style/HeaderToolTokens.h"
 #include "ui_pro/style/Palette.h"
+#include "ui_pro/style/ResizeHandleTokens.h"
 #include "ui_pro/style/Slots.h"
 
 namespace quillon::ui_pro::style
@@ -38,6 +40,9 @@ struct Theme
     Palette core;
     HeaderSlots header;
     FooterSlots footer;
+    HeaderToolTokens headerTools;
+    MenuTokens menu;
+    ResizeHandleTokens resizeHandle;
 };
 
 } // namespace quillon::ui_pro::style
