@@ -1,6 +1,5 @@
 #include "ui_pro/controls/ABControl.h"
 
-#include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
@@ -81,30 +80,14 @@ void ABControl::paint (juce::Graphics& g)
     const auto between =
         getLocalBounds().withLeft (boundsOf (Part::first).getRight()).withRight (boundsOf (Part::second).getX());
 
-    g.setColour (isEnabled() ? palette.textSecondary : style::Theme::get().headerTools.iconDisabled);
+    g.setColour (isEnabled() ? palette.textSecondary : palette.textMuted);
     g.setFont (style::regularFont (15.0f));
     g.drawText ("/", between, juce::Justification::centred, false);
 }
 
-void ABControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const
+void ABControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const
 {
-    const auto& theme = style::Theme::get();
-    const auto chosen = isChosen (part);
-    paintFace (g, area, look);
-
-    if (chosen && look.enabled)
-    {
-        const auto face = area.toFloat().reduced (0.5f);
-        primitives::fillPanel (g, face, theme.core.accentWash, theme.headerTools.cornerRadius);
-        g.setColour (theme.core.accent);
-        g.drawRoundedRectangle (face, theme.headerTools.cornerRadius, theme.strokeWidthHeavy);
-    }
-
-    g.setColour (! look.enabled ? theme.headerTools.iconDisabled
-            : chosen            ? theme.core.textPrimary
-            : look.hovered      ? theme.headerTools.iconHover
-                                : theme.core.textSecondary);
-    g.setFont (chosen ? style::boldFont (16.0f) : style::regularFont (16.0f));
+    g.setFont (look.on ? style::boldFont (16.0f) : style::regularFont (16.0f));
     g.drawText (part == Part::second ? "B" : "A", area, juce::Justification::centred, false);
 }
 

@@ -46,7 +46,7 @@ public:
     void enablementChanged() override;
 
 protected:
-    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const override;
+    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const override;
     void act (Part part) override;
     juce::String tooltipOf (Part part) const override;
     bool isChosen (Part part) const override;

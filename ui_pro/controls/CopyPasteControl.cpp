@@ -58,10 +58,8 @@ juce::String CopyPasteControl::tooltipOf (Part part) const
     return caption != nullptr ? caption() : juce::String (part == Part::first ? "Copy" : "Paste");
 }
 
-void CopyPasteControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const
+void CopyPasteControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook&) const
 {
-    paintFace (g, area, look);
-    g.setColour (iconColour (look));
     drawToolIcon (
         g, part == Part::first ? ToolIcon::copy : ToolIcon::paste, area.withSizeKeepingCentre (16, 18).toFloat());
 }

@@ -1,7 +1,6 @@
 #include "ui_pro/controls/MenuControl.h"
 
 #include "ui_pro/controls/ToolIcons.h"
-#include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -78,6 +77,11 @@ void MenuControl::refreshEnablement()
     setEnabled (! items.empty() && handler != nullptr);
 }
 
+float MenuControl::listScale (float buttonScale)
+{
+    return std::max (buttonScale, style::Theme::get().menu.minimumScale);
+}
+
 void MenuControl::openPopup()
 {
     auto& window = windowContentOf (*this);
@@ -126,7 +130,7 @@ void MenuControl::placePopup()
 
     const auto button = popup->getLocalArea (this, getLocalBounds().toFloat());
     const auto contentScale = button.getWidth() / static_cast<float> (getWidth());
-    popup->placeBeside (button, std::max (contentScale * scale, style::Theme::get().menu.minimumScale));
+    popup->placeBeside (button, listScale (contentScale * scale));
 }
 
 void MenuControl::choose (int index)
@@ -145,23 +149,11 @@ void MenuControl::choose (int index)
 
 void MenuControl::paint (juce::Graphics& g)
 {
-    const auto& theme = style::Theme::get();
-    const auto& tokens = theme.headerTools;
-    const auto face = getLocalBounds().toFloat().reduced (0.5f);
-    const auto open = popup != nullptr;
-    const auto lit = isEnabled() && (hovered || open);
-
-    if (isEnabled())
-        primitives::fillPanel (g, face,
-            open          ? tokens.pressed
-                : hovered ? tokens.hover
-                          : tokens.surface,
-            tokens.cornerRadius);
-
-    g.setColour (open && isEnabled() ? theme.core.accent : lit ? tokens.hoverEdge : tokens.edge);
-    g.drawRoundedRectangle (face, tokens.cornerRadius, open ? theme.strokeWidthHeavy : theme.strokeWidth);
-
-    g.setColour (! isEnabled() ? tokens.iconDisabled : lit ? tokens.iconHover : tokens.icon);
+    ButtonLook look;
+    look.enabled = isEnabled();
+    look.on = popup != nullptr;
+    look.hovered = hovered;
+    paintToolPlate (g, getLocalBounds(), look);
     drawToolIcon (g, ToolIcon::menu, getLocalBounds().withSizeKeepingCentre (20, 20).toFloat());
 }
 
@@ -196,7 +188,8 @@ void MenuControl::visibilityChanged()
 
 void MenuControl::parentHierarchyChanged()
 {
-    closePopup(); // another window, or none
+    if (popup != nullptr && popup->getParentComponent() != &windowContentOf (*this))
+        closePopup();
 }
 
 std::unique_ptr<juce::AccessibilityHandler> MenuControl::createAccessibilityHandler()

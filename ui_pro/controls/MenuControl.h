@@ -30,6 +30,9 @@ public:
     /** Enlarges the list relative to the button; 1 by default. */
     void setScale (float newScale);
 
+    /** Window pixels per design pixel of the list, for those of the button: in a small window it stays readable. */
+    static float listScale (float buttonScale);
+
     void openPopup();
     void closePopup();
 

@@ -110,9 +110,7 @@ public:
             primitives::fillPanel (
                 g, getLocalBounds().toFloat(), pressed ? tokens.rowPressed : tokens.rowHover, tokens.rowRadius);
 
-        g.setColour (! isEnabled() ? theme.headerTools.iconDisabled
-                : lit              ? theme.core.textPrimary
-                                   : theme.core.textBright);
+        g.setColour (! isEnabled() ? theme.core.textMuted : lit ? theme.core.textPrimary : theme.core.textBright);
         const auto mark = area.removeFromRight (tokens.markWidth);
 
         if (item.kind == MenuItem::Kind::link)

@@ -1,5 +1,7 @@
 #include "ui_pro/controls/ToolIcons.h"
 
+#include "ui_pro/style/Theme.h"
+
 namespace quillon::ui_pro::controls
 {
 namespace
@@ -89,6 +91,104 @@ juce::Path externalLinkPath()
     return path;
 }
 
+/** An arrow into a tray. */
+juce::Path savePath()
+{
+    juce::Path path;
+    path.startNewSubPath (10.0f, 2.5f);
+    path.lineTo (10.0f, 12.5f);
+    path.startNewSubPath (5.5f, 8.5f);
+    path.lineTo (10.0f, 12.5f);
+    path.lineTo (14.5f, 8.5f);
+    path.startNewSubPath (3.0f, 12.5f);
+    path.lineTo (3.0f, 17.0f);
+    path.lineTo (17.0f, 17.0f);
+    path.lineTo (17.0f, 12.5f);
+    return path;
+}
+
+juce::Path mailPath()
+{
+    juce::Path path;
+    path.addRoundedRectangle (2.0f, 4.0f, 16.0f, 12.0f, 1.5f);
+    path.startNewSubPath (2.5f, 5.0f);
+    path.lineTo (10.0f, 11.0f);
+    path.lineTo (17.5f, 5.0f);
+    return path;
+}
+
+/** An at sign. */
+juce::Path mailCopyPath()
+{
+    juce::Path path;
+    path.addEllipse (6.8f, 6.8f, 6.4f, 6.4f);
+    path.startNewSubPath (13.2f, 6.5f);
+    path.lineTo (13.2f, 11.5f);
+    path.cubicTo (13.2f, 14.5f, 17.8f, 14.0f, 17.8f, 10.0f);
+    path.cubicTo (17.8f, 5.5f, 14.3f, 2.2f, 10.0f, 2.2f);
+    path.cubicTo (5.7f, 2.2f, 2.2f, 5.7f, 2.2f, 10.0f);
+    path.cubicTo (2.2f, 14.3f, 5.7f, 17.8f, 10.0f, 17.8f);
+    path.cubicTo (11.8f, 17.8f, 13.2f, 17.3f, 14.4f, 16.5f);
+    return path;
+}
+
+/** An arrow round a circle. */
+juce::Path resetPath()
+{
+    juce::Path path;
+    path.addCentredArc (10.0f, 10.5f, 7.0f, 7.0f, 0.0f, -0.9f, 4.2f, true);
+    path.startNewSubPath (4.2f, 2.0f);
+    path.lineTo (4.2f, 6.6f);
+    path.lineTo (8.8f, 6.6f);
+    return path;
+}
+
+juce::Path folderPath()
+{
+    juce::Path path;
+    path.startNewSubPath (2.5f, 16.5f);
+    path.lineTo (2.5f, 4.0f);
+    path.lineTo (8.0f, 4.0f);
+    path.lineTo (10.0f, 6.5f);
+    path.lineTo (17.5f, 6.5f);
+    path.lineTo (17.5f, 16.5f);
+    path.closeSubPath();
+    return path;
+}
+
+juce::Path bookPath()
+{
+    juce::Path path;
+    path.startNewSubPath (10.0f, 5.0f);
+    path.cubicTo (8.0f, 3.4f, 5.0f, 3.2f, 2.5f, 3.5f);
+    path.lineTo (2.5f, 15.5f);
+    path.cubicTo (5.0f, 15.2f, 8.0f, 15.4f, 10.0f, 17.0f);
+    path.cubicTo (12.0f, 15.4f, 15.0f, 15.2f, 17.5f, 15.5f);
+    path.lineTo (17.5f, 3.5f);
+    path.cubicTo (15.0f, 3.2f, 12.0f, 3.4f, 10.0f, 5.0f);
+    path.lineTo (10.0f, 17.0f);
+    return path;
+}
+
+/** The sign for play, in a circle. */
+juce::Path startPath()
+{
+    juce::Path path;
+    path.addEllipse (2.0f, 2.0f, 16.0f, 16.0f);
+    path.addTriangle (8.2f, 6.5f, 8.2f, 13.5f, 13.8f, 10.0f);
+    return path;
+}
+
+juce::Path closePath()
+{
+    juce::Path path;
+    path.startNewSubPath (4.0f, 4.0f);
+    path.lineTo (16.0f, 16.0f);
+    path.startNewSubPath (16.0f, 4.0f);
+    path.lineTo (4.0f, 16.0f);
+    return path;
+}
+
 juce::Path pathOf (ToolIcon icon)
 {
     switch (icon)
@@ -105,6 +205,22 @@ juce::Path pathOf (ToolIcon icon)
             return menuPath();
         case ToolIcon::externalLink:
             return externalLinkPath();
+        case ToolIcon::save:
+            return savePath();
+        case ToolIcon::mail:
+            return mailPath();
+        case ToolIcon::mailCopy:
+            return mailCopyPath();
+        case ToolIcon::reset:
+            return resetPath();
+        case ToolIcon::folder:
+            return folderPath();
+        case ToolIcon::book:
+            return bookPath();
+        case ToolIcon::start:
+            return startPath();
+        case ToolIcon::close:
+            return closePath();
     }
 
     return {};
@@ -112,12 +228,33 @@ juce::Path pathOf (ToolIcon icon)
 
 } // namespace
 
+juce::Path toolIconShape (ToolIcon icon)
+{
+    juce::Path shape;
+    juce::PathStrokeType (strokeWidth, juce::PathStrokeType::curved, juce::PathStrokeType::rounded)
+        .createStrokedPath (shape, pathOf (icon));
+
+    // Empty marks that hold the box's size, so that all icons come out at one scale wherever they are fitted.
+    shape.startNewSubPath (1.5f, 1.5f);
+    shape.startNewSubPath (boxSize - 1.5f, boxSize - 1.5f);
+    return shape;
+}
+
 void drawToolIcon (juce::Graphics& g, ToolIcon icon, juce::Rectangle<float> area)
 {
     const juce::RectanglePlacement centred (juce::RectanglePlacement::centred);
-    g.strokePath (pathOf (icon),
-        juce::PathStrokeType (strokeWidth, juce::PathStrokeType::curved, juce::PathStrokeType::rounded),
-        centred.getTransformToFit ({ boxSize, boxSize }, area));
+    g.fillPath (toolIconShape (icon), centred.getTransformToFit ({ boxSize, boxSize }, area));
+}
+
+void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const ButtonLook& look)
+{
+    const auto& palette = style::Theme::palette();
+    paintButtonPlate (g, area.toFloat(), palette.accent, look);
+
+    // Without a caption beside it a sign needs more contrast than a text on the same plate.
+    g.setColour (! look.enabled                       ? palette.textMuted
+            : look.on || look.hovered || look.pressed ? palette.textPrimary
+                                                      : palette.textBright);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -1,7 +1,6 @@
 #include "ui_pro/controls/ToolPair.h"
 
-#include "ui_pro/primitives/Drawing.h"
-#include "ui_pro/style/Theme.h"
+#include "ui_pro/controls/ToolIcons.h"
 
 #include <utility>
 
@@ -21,8 +20,13 @@ public:
 
     void paint (juce::Graphics& g) override
     {
-        owner.paintPart (g, getLocalBounds(), self,
-            { isEnabled(), isEnabled() && owner.hovered == self, isEnabled() && owner.pressed == self });
+        ButtonLook look;
+        look.enabled = isEnabled();
+        look.on = owner.isChosen (self);
+        look.hovered = owner.hovered == self;
+        look.pressed = owner.pressed == self;
+        paintToolPlate (g, getLocalBounds(), look);
+        owner.paintPart (g, getLocalBounds(), self, look);
     }
 
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override
@@ -214,28 +218,6 @@ void ToolPair::mouseUp (const juce::MouseEvent& event)
 
     if (clicked != Part::none && clicked == released)
         act (clicked);
-}
-
-void ToolPair::paintFace (juce::Graphics& g, juce::Rectangle<int> area, PartLook look)
-{
-    const auto& tokens = style::Theme::get().headerTools;
-    const auto face = area.toFloat().reduced (0.5f);
-
-    if (look.enabled) // what cannot be pressed is an empty frame
-        primitives::fillPanel (g, face,
-            look.pressed       ? tokens.pressed
-                : look.hovered ? tokens.hover
-                               : tokens.surface,
-            tokens.cornerRadius);
-
-    g.setColour (look.hovered ? tokens.hoverEdge : tokens.edge);
-    g.drawRoundedRectangle (face, tokens.cornerRadius, style::Theme::get().strokeWidth);
-}
-
-juce::Colour ToolPair::iconColour (PartLook look)
-{
-    const auto& tokens = style::Theme::get().headerTools;
-    return ! look.enabled ? tokens.iconDisabled : look.hovered ? tokens.iconHover : tokens.icon;
 }
 
 } // namespace quillon::ui_pro::controls

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui_pro/controls/ButtonLook.h"
 #include "ui_pro/style/HeaderToolTokens.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -41,13 +42,6 @@ public:
     void mouseUp (const juce::MouseEvent& event) override;
 
 protected:
-    struct PartLook
-    {
-        bool enabled;
-        bool hovered;
-        bool pressed;
-    };
-
     /** When a part acts: at the press, or at a left click's release over the part that was pressed. */
     enum class ActsOn
     {
@@ -57,8 +51,8 @@ protected:
 
     ToolPair (const juce::String& name, const style::HeaderToolTokens::Pair& metrics, ActsOn trigger);
 
-    /** Paints one part's face and what stands on it, within `area`. */
-    virtual void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const = 0;
+    /** Paints what stands on a part's plate, within `area`, in the current colour. */
+    virtual void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const = 0;
 
     virtual void act (Part part) = 0;
     virtual juce::String tooltipOf (Part part) const = 0;
@@ -71,10 +65,6 @@ protected:
 
     void setPartEnabled (Part part, bool shouldBeEnabled);
     void repaintPart (Part part);
-
-    /** The face that every tool of the header stands on. */
-    static void paintFace (juce::Graphics& g, juce::Rectangle<int> area, PartLook look);
-    static juce::Colour iconColour (PartLook look);
 
 private:
     class PartComponent;

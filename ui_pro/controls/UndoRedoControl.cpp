@@ -58,10 +58,8 @@ juce::String UndoRedoControl::tooltipOf (Part part) const
     return name != nullptr ? name() : juce::String();
 }
 
-void UndoRedoControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const
+void UndoRedoControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook&) const
 {
-    paintFace (g, area, look);
-    g.setColour (iconColour (look));
     drawToolIcon (
         g, part == Part::first ? ToolIcon::undo : ToolIcon::redo, area.withSizeKeepingCentre (20, 20).toFloat());
 }

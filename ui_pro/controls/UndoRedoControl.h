@@ -26,7 +26,7 @@ public:
     bool isRedoEnabled() const { return isPartEnabled (Part::second); }
 
 protected:
-    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, PartLook look) const override;
+    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const override;
     void act (Part part) override;
     juce::String tooltipOf (Part part) const override;
 

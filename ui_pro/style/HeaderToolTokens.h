@@ -21,16 +21,6 @@ struct HeaderToolTokens
     Pair copyPaste { 20, 32, 4 };
     Pair abCompare { 28, 32, 14 };
     juce::Rectangle<int> menu { 38, 32 };
-
-    float cornerRadius = 6.0f;
-    juce::Colour surface { 0xff12171b };
-    juce::Colour edge { 0xff2b343b };
-    juce::Colour hover { 0xff232b31 };
-    juce::Colour hoverEdge { 0xff46535e };
-    juce::Colour pressed { 0xff0a0d0f };
-    juce::Colour icon { 0xffd9e0e6 };
-    juce::Colour iconHover { 0xffffffff };
-    juce::Colour iconDisabled { 0xff626c76 };
 };
 
 /** The list that the header's menu opens. */

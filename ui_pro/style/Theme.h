@@ -2,6 +2,7 @@
 
 #include "ui_pro/style/AccentColorRole.h"
 #include "ui_pro/style/HeaderToolTokens.h"
+#include "ui_pro/style/KnobTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/ResizeHandleTokens.h"
 #include "ui_pro/style/Slots.h"
@@ -43,6 +44,7 @@ struct Theme
     HeaderToolTokens headerTools;
     MenuTokens menu;
     ResizeHandleTokens resizeHandle;
+    KnobTokens knob;
 };
 
 } // namespace quillon::ui_pro::style

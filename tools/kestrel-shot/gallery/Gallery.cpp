@@ -7,6 +7,9 @@ std::unique_ptr<GallerySheet> makeGallery()
 {
     auto sheet = std::make_unique<GallerySheet>();
     addPrimitives (*sheet);
+    addControls (*sheet);
+    addHeaderTools (*sheet);
+    addSupport (*sheet);
     return sheet;
 }
 

@@ -7,6 +7,9 @@ namespace kestreleq::shot
 
 // Each adds the controls of one family in all their states.
 void addPrimitives (GallerySheet& sheet);
+void addControls (GallerySheet& sheet);
+void addHeaderTools (GallerySheet& sheet);
+void addSupport (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
 std::unique_ptr<GallerySheet> makeGallery();
