@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ui_pro/style/AccentColorRole.h"
+#include "ui_pro/style/HeaderToolTokens.h"
 #include "ui_pro/style/KnobTokens.h"
 #include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/PresetBrowserTokens.h"
+#include "ui_pro/style/ResizeHandleTokens.h"
 #include "ui_pro/style/Slots.h"
 
 namespace quillon::ui_pro::style
@@ -42,6 +44,9 @@ struct Theme
     HeaderSlots header;
     FooterSlots footer;
     MeterTokens meter;
+    HeaderToolTokens headerTools;
+    MenuTokens menu;
+    ResizeHandleTokens resizeHandle;
     KnobTokens knob;
     PresetBrowserTokens presetBrowser;
 };

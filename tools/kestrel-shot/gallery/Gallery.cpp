@@ -10,6 +10,8 @@ std::unique_ptr<GallerySheet> makeGallery()
     addMeters (*sheet);
     addControls (*sheet);
     addPresets (*sheet);
+    addHeaderTools (*sheet);
+    addSupport (*sheet);
     return sheet;
 }
 

@@ -10,6 +10,10 @@ void addMeters (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 void addPresets (GallerySheet& sheet);
+void addPrimitives (GallerySheet& sheet);
+void addControls (GallerySheet& sheet);
+void addHeaderTools (GallerySheet& sheet);
+void addSupport (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
 std::unique_ptr<GallerySheet> makeGallery();
