@@ -5,31 +5,32 @@
 namespace kestreleq::test
 {
 
-/** One mouse on one component, in its coordinates: sends the events that the framework would. */
+/** One mouse on one component, in its coordinates: sends the events that the framework would, for as long as the
+    component lives: an event may delete it. */
 class Mouse
 {
 public:
     explicit Mouse (juce::Component& target)
-        : component (target)
+        : component (&target)
     {
     }
 
-    void enter (juce::Point<float> at) { component.mouseEnter (event (at, {})); }
+    void enter (juce::Point<float> at) { send (&juce::Component::mouseEnter, at, {}); }
 
-    void exit (juce::Point<float> at) { component.mouseExit (event (at, {})); }
+    void exit (juce::Point<float> at) { send (&juce::Component::mouseExit, at, {}); }
 
-    void move (juce::Point<float> at) { component.mouseMove (event (at, {})); }
+    void move (juce::Point<float> at) { send (&juce::Component::mouseMove, at, {}); }
 
     void down (juce::Point<float> at, juce::ModifierKeys held = juce::ModifierKeys::leftButtonModifier)
     {
         pressedAt = at;
         buttons = held;
-        component.mouseDown (event (at, buttons));
+        send (&juce::Component::mouseDown, at, buttons);
     }
 
-    void drag (juce::Point<float> to) { component.mouseDrag (event (to, buttons)); }
+    void drag (juce::Point<float> to) { send (&juce::Component::mouseDrag, to, buttons); }
 
-    void up (juce::Point<float> at) { component.mouseUp (event (at, buttons)); }
+    void up (juce::Point<float> at) { send (&juce::Component::mouseUp, at, buttons); }
 
     void click (juce::Point<float> at)
     {
@@ -42,7 +43,7 @@ public:
     {
         click (at);
         down (at);
-        component.mouseDoubleClick (event (at, buttons, 2));
+        send (&juce::Component::mouseDoubleClick, at, buttons, 2);
         up (at);
     }
 
@@ -50,18 +51,27 @@ public:
     {
         juce::MouseWheelDetails details {};
         details.deltaY = deltaY;
-        component.mouseWheelMove (event (at, {}), details);
+
+        if (component != nullptr)
+            component->mouseWheelMove (event (at, {}, 1), details);
     }
 
 private:
-    juce::MouseEvent event (juce::Point<float> at, juce::ModifierKeys modifiers, int clicks = 1) const
+    void send (void (juce::Component::*handler) (const juce::MouseEvent&), juce::Point<float> at,
+        juce::ModifierKeys modifiers, int clicks = 1)
+    {
+        if (component != nullptr)
+            (component->*handler) (event (at, modifiers, clicks));
+    }
+
+    juce::MouseEvent event (juce::Point<float> at, juce::ModifierKeys modifiers, int clicks) const
     {
         const auto now = juce::Time::getCurrentTime();
         return { juce::Desktop::getInstance().getMainMouseSource(), at, modifiers, 1.0f, 0.0f, 0.0f, 0.0f, 0.0f,
-            &component, &component, now, pressedAt, now, clicks, at != pressedAt };
+            component, component, now, pressedAt, now, clicks, at != pressedAt };
     }
 
-    juce::Component& component;
+    juce::Component::SafePointer<juce::Component> component;
     juce::Point<float> pressedAt;
     juce::ModifierKeys buttons;
 };

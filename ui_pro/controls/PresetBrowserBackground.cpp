@@ -28,8 +28,9 @@ void drawBrowserBackground (juce::Graphics& g)
     const auto& palette = theme.core;
     const auto panel = juce::Rectangle<int> (browserWidth, browserHeight).toFloat();
 
-    primitives::fillPanel (g, panel, palette.surface1, theme.panelCornerRadius);
-    primitives::drawSheen (g, panel, theme.panelCornerRadius, 0.03f, 0.01f);
+    g.setGradientFill (
+        juce::ColourGradient::vertical (palette.surface2, 0.0f, palette.surface1, 0.5f * panel.getHeight()));
+    g.fillRoundedRectangle (panel, theme.panelCornerRadius);
     g.setColour (palette.outlineStrong);
     g.drawRoundedRectangle (panel.reduced (0.75f), theme.panelCornerRadius, theme.strokeWidthHeavy);
 

@@ -23,7 +23,7 @@ inline const std::array<juce::Rectangle<int>, 5> collectionRows { { { 16, 92, 20
     { 16, 172, 208, 34 }, { 16, 212, 208, 34 }, { 16, 252, 208, 34 } } };
 inline const juce::Rectangle<int> collectionsHeading { 16, 66, 208, 24 };
 inline const juce::Rectangle<int> previewHeading { 16, 306, 208, 24 };
-inline const juce::Rectangle<int> preview { 16, 334, 208, 140 };
+inline const juce::Rectangle<int> preview { 16, 334, 208, 284 };
 
 inline const juce::Rectangle<int> table { 238, 104, 570, 514 };
 inline const juce::Rectangle<int> statusLine { 238, 622, 570, 24 };

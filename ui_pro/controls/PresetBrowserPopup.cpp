@@ -180,9 +180,10 @@ void PresetSelector::BrowserPopup::place()
     setTransform (juce::AffineTransform::scale (scale).translated (x, y));
 }
 
-void PresetSelector::BrowserPopup::componentMovedOrResized (bool, bool)
+void PresetSelector::BrowserPopup::componentMovedOrResized (juce::Component& moved, bool wasMoved, bool wasResized)
 {
-    place();
+    juce::ComponentMovementWatcher::componentMovedOrResized (moved, wasMoved, wasResized);
+    place(); // also for a new transform, which the watcher takes for no change
 }
 
 void PresetSelector::BrowserPopup::parentSizeChanged()

@@ -58,13 +58,14 @@ public:
 private:
     using Target = presets::Target;
 
-    void componentMovedOrResized (bool wasMoved, bool wasResized) override;
+    void componentMovedOrResized (juce::Component& moved, bool wasMoved, bool wasResized) override;
+
+    void componentMovedOrResized (bool, bool) override {}
 
     void componentPeerChanged() override {}
 
     void componentVisibilityChanged() override {}
 
-    using juce::ComponentMovementWatcher::componentMovedOrResized;
     using juce::ComponentMovementWatcher::componentVisibilityChanged;
 
     void addTargets();

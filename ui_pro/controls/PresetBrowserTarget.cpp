@@ -166,7 +166,7 @@ void PresetBrowserTarget::paint (juce::Graphics& g)
 
             if (look == Look::button)
             {
-                presets::drawText (g, text, area.reduced (2, 0), juce::Justification::centred);
+                presets::drawText (g, text, area.reduced (2, 0), juce::Justification::centred, 0.8f);
                 break;
             }
 

@@ -80,9 +80,9 @@ void PresetDetails::paint (juce::Graphics& g)
     presets::drawText (g, secondLineOf (*entry), local (presets::detailSecondLine), left);
 
     auto author = local (presets::detailAuthor);
-    drawCaption (g, "Author", author.removeFromTop (16));
+    drawCaption (g, "Author", author.removeFromTop (18));
     useValueFont (g);
-    presets::drawText (g, entry->author, author, left);
+    presets::drawText (g, entry->author, author, juce::Justification::topLeft);
 
     auto description = local (presets::detailDescription);
     drawCaption (g, "Description", description.removeFromTop (18));

@@ -43,7 +43,7 @@ void drawLine (juce::Graphics& g, juce::Rectangle<float> r, const PartState& sta
         primitives::fillPanel (g, r, palette.accentWash, 4.0f);
 
     if (state.isEnabled && state.isHovered)
-        primitives::fillPanel (g, r, palette.whiteWash, 4.0f);
+        primitives::fillPanel (g, r, palette.whiteWash.withAlpha (0.08f), 4.0f);
 
     if (state.isActive)
         primitives::fillPanel (g, r.withWidth (3.0f), palette.accent, 1.5f);
@@ -66,9 +66,10 @@ juce::Colour textColour (const PartState& state)
     return state.isHovered || state.isActive ? palette.textPrimary : palette.textBright;
 }
 
-void drawText (juce::Graphics& g, const juce::String& text, juce::Rectangle<int> area, juce::Justification position)
+void drawText (juce::Graphics& g, const juce::String& text, juce::Rectangle<int> area, juce::Justification position,
+    float narrowest)
 {
-    g.drawFittedText (text, area, position, 1, 0.8f);
+    g.drawFittedText (text, area, position, 1, narrowest);
 }
 
 void drawChevron (juce::Graphics& g, juce::Point<float> centre, float reach, int direction)

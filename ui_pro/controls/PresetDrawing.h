@@ -29,8 +29,9 @@ void drawFocusRing (juce::Graphics& g, juce::Rectangle<float> r, float cornerRad
 
 juce::Colour textColour (const PartState& state);
 
-/** One line, narrowed a little and then shortened with dots until it fits. */
-void drawText (juce::Graphics& g, const juce::String& text, juce::Rectangle<int> area, juce::Justification position);
+/** One line, shortened with dots when it does not fit even at the narrowest allowed, a share of its natural width. */
+void drawText (juce::Graphics& g, const juce::String& text, juce::Rectangle<int> area, juce::Justification position,
+    float narrowest = 1.0f);
 
 /** A chevron around a point, `reach` wide along its open side; direction 0 is right, 1 down, 2 left, 3 up. */
 void drawChevron (juce::Graphics& g, juce::Point<float> centre, float reach, int direction);

@@ -102,7 +102,7 @@ void PresetSelectorButton::paintButton (juce::Graphics& g, bool isHovered, bool 
         if (kind == Kind::initialise)
         {
             g.setFont (style::boldFont (tokens.bodyText));
-            presets::drawText (g, "INIT", getLocalBounds().reduced (3), juce::Justification::centred);
+            presets::drawText (g, "INIT", getLocalBounds().reduced (3), juce::Justification::centred, 0.8f);
         }
         else
         {
@@ -132,7 +132,7 @@ void PresetSelectorButton::paintDisplay (juce::Graphics& g, const presets::PartS
     const auto chevron = area.removeFromRight (chevronWidth).toFloat();
     g.setColour (presets::textColour (state));
     g.setFont (style::boldFont (Theme::get().presetBrowser.bodyText));
-    presets::drawText (g, getButtonText(), area, juce::Justification::centredLeft);
+    presets::drawText (g, getButtonText(), area, juce::Justification::centredLeft, 0.9f);
 
     g.setColour (state.isEnabled ? palette.textSecondary : palette.textMuted);
     presets::drawChevron (g, chevron.getCentre(), 8.0f, isOpen ? 3 : 1);

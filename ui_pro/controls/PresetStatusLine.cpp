@@ -44,10 +44,12 @@ void PresetStatusLine::paint (juce::Graphics& g)
 
     if (markText.isNotEmpty())
     {
-        g.setFont (style::boldFont (tokens.labelText));
+        const auto font = style::boldFont (tokens.labelText);
+        g.setFont (font);
         g.setColour (palette.accent);
-        presets::drawText (g, markText, area.removeFromRight (56), juce::Justification::centredRight);
-        presets::drawTick (g, area.removeFromRight (14).toFloat().getCentre());
+        g.drawText (markText, area.removeFromRight (juce::GlyphArrangement::getStringWidthInt (font, markText) + 2),
+            juce::Justification::centredRight, false);
+        presets::drawTick (g, area.removeFromRight (20).toFloat().getCentre());
         area.removeFromRight (6);
     }
 

@@ -149,7 +149,9 @@ void addPresets (GallerySheet& sheet)
 
     sheet.addSection ("Preset browser");
     addBrowser (sheet, "All six programs").select (1);
-    addBrowser (sheet, "A search with few results, sorted down").setSearchText ("air");
+    auto& searched = addBrowser (sheet, "A search with few results, sorted down");
+    searched.setSearchText ("air");
+    searched.setSortDescending (true);
     addBrowser (sheet, "A search with no result").setSearchText ("reverb");
 
     auto& filtered = addBrowser (sheet, "A category chosen, the author's menu open, mouse over a row");
