@@ -1,6 +1,7 @@
 #include "ui_pro/controls/PresetBrowserPopup.h"
 
 #include "ui_pro/controls/PresetBrowserBackground.h"
+#include "ui_pro/controls/PresetFilterChoices.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -321,36 +322,6 @@ void PresetSelector::BrowserPopup::run (Hit hit)
     }
 }
 
-std::vector<PresetFilterMenu::Item> PresetSelector::BrowserPopup::menuItems (Target opener)
-{
-    std::vector<PresetFilterMenu::Item> items;
-    const auto& library = selector.getLibrary();
-    const auto addChoices = [&items, this] (const juce::StringArray& values, const juce::String& current,
-                                void (PresetSelector::*choose) (const juce::String&))
-    {
-        auto all = values;
-        all.insert (0, "All");
-
-        for (const auto& value : all)
-            items.push_back ({ value, value.equalsIgnoreCase (current),
-                [&owner = selector, choose, value] { (owner.*choose) (value); } });
-    };
-
-    if (opener == Target::filters)
-        items.push_back ({ "CATEGORY", false, nullptr });
-
-    if (opener != Target::author)
-        addChoices (library.getCategories(), library.getCategoryFilter(), &PresetSelector::setCategoryFilter);
-
-    if (opener == Target::filters)
-        items.push_back ({ "AUTHOR", false, nullptr });
-
-    if (opener != Target::category)
-        addChoices (library.getAuthors(), library.getAuthorFilter(), &PresetSelector::setAuthorFilter);
-
-    return items;
-}
-
 void PresetSelector::BrowserPopup::toggleMenu (Target opener)
 {
     if (menuOpener == opener)
@@ -365,7 +336,8 @@ void PresetSelector::BrowserPopup::openMenu (Target opener)
     constexpr int narrowest = 180;
 
     closeMenu();
-    menu = std::make_unique<PresetFilterMenu> (menuItems (opener));
+    menu = std::make_unique<PresetFilterMenu> (
+        presets::filterChoices (selector, opener != Target::author, opener != Target::category));
     menuOpener = opener;
     menu->onClose = [this] { closeMenu(); };
 

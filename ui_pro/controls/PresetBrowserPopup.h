@@ -74,7 +74,6 @@ private:
     void toggleMenu (Target opener);
     void openMenu (Target opener);
     void closeMenu();
-    std::vector<PresetFilterMenu::Item> menuItems (Target opener);
     void setHovered (presets::Hit hit);
     PresetBrowserTarget& button (Target target, int index = 0);
 

@@ -166,6 +166,8 @@ void PresetBrowserTarget::paint (juce::Graphics& g)
 
             if (look == Look::button)
             {
+                constexpr int narrow = 60;
+                g.setFont (style::boldFont (getWidth() < narrow ? tokens.labelText : tokens.bodyText));
                 presets::drawText (g, text, area.reduced (2, 0), juce::Justification::centred, 0.8f);
                 break;
             }
