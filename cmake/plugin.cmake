@@ -24,3 +24,8 @@ set_property(TARGET KestrelEQ PROPERTY INTERFACE_LINK_LIBRARIES "")
 target_sources(KestrelEQ PRIVATE editor/PluginEntry.cpp)
 target_link_libraries(KestrelEQ PUBLIC kestrel_engine kestrel_editor kestrel_framework)
 kestrel_warnings(KestrelEQ)
+
+# The helper that writes moduleinfo.json has a wide entry point.
+if(MINGW)
+    target_link_options(juce_vst3_helper PRIVATE -municode)
+endif()
