@@ -44,6 +44,7 @@ target_compile_definitions(kestrel_framework PUBLIC
     JUCE_PLUGINHOST_VST3=1
     JUCE_VST3_CAN_REPLACE_VST2=0
     JUCE_REPORT_APP_USAGE=0
+    JUCE_CATCH_UNHANDLED_EXCEPTIONS=1 # what painting, a timer or a message throws ends there, not in the host
     JUCE_STRICT_REFCOUNTEDPOINTER=1)
 
 target_link_libraries(kestrel_framework PRIVATE
