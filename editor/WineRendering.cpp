@@ -5,7 +5,7 @@
 namespace kestreleq
 {
 
-#if JUCE_WINDOWS
+#ifdef _WIN32
 
 namespace
 {

@@ -10,10 +10,11 @@ add_compile_options(
     "$<$<COMPILE_LANGUAGE:C,CXX>:-I${windows_dir}/shims>" # in front of what they extend
     "$<$<COMPILE_LANGUAGE:C,CXX>:SHELL:-include ${windows_dir}/compat.h>")
 
-add_library(kestrel_mingw_guids STATIC "${windows_dir}/guids.c")
+add_library(kestrel_mingw_support STATIC "${windows_dir}/guids.c" "${windows_dir}/unload.c")
 
 add_library(kestrel_mingw INTERFACE)
 target_compile_definitions(kestrel_mingw INTERFACE JUCE_DONT_AUTOLINK_TO_WIN32_LIBRARIES=1)
-target_link_libraries(kestrel_mingw INTERFACE kestrel_mingw_guids
+target_link_options(kestrel_mingw INTERFACE -Wl,-u,pthread_rwlock_rdlock) # takes unload.c in, in front of the thread library
+target_link_libraries(kestrel_mingw INTERFACE kestrel_mingw_support
     d2d1 dwrite dxgi d3d11 dcomp dxguid ksuser dwmapi uiautomationcore imm32 comctl32 vfw32 comdlg32 gdi32 ole32 oleaut32 uuid
     shlwapi shell32 version winmm wininet ws2_32 iphlpapi dbghelp advapi32 user32 kernel32)

@@ -64,6 +64,10 @@ void show (HostedModule& module, std::optional<double> seconds)
         throw Failure (module.description().name.toStdString() + " has no editor");
 
     const EditorWindow window (*editor);
+
+    if (window.getPeer() == nullptr || window.getPeer()->getNativeHandle() == nullptr)
+        throw Failure ("no window can be opened");
+
     const SilentPlayback playback (module);
     auto* messages = juce::MessageManager::getInstance();
 
