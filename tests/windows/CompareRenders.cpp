@@ -13,6 +13,7 @@ namespace
 {
 
 constexpr int blockSize = 4096;
+constexpr double none = -200.0;
 
 double differenceDb (const std::string& pathA, const std::string& pathB)
 {
@@ -49,7 +50,7 @@ double differenceDb (const std::string& pathA, const std::string& pathB)
     if (peak < 1e-3)
         throw std::runtime_error ("'" + pathA + "' is silent");
 
-    return 20.0 * std::log10 (std::max (difference / peak, 1e-10));
+    return std::max (20.0 * std::log10 (difference / peak), none);
 }
 
 } // namespace
@@ -63,7 +64,7 @@ int main (int argc, char* argv[])
 
         const auto difference = differenceDb (argv[1], argv[2]);
         const bool alike = difference < std::stod (argv[3]);
-        std::printf ("%.1f dB%s\n", difference, alike ? "" : ": too far apart");
+        std::printf (difference <= none ? "no difference" : "%.1f dB%s", difference, alike ? "" : ": too far apart");
         return alike ? 0 : 1;
     }
     catch (const std::exception& error)
