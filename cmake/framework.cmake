@@ -13,6 +13,10 @@ else()
     set(framework_bundles_libraries OFF)
 endif()
 
+if(MINGW)
+    include("${CMAKE_SOURCE_DIR}/cmake/windows/mingw.cmake")
+endif()
+
 # The framework's build helper is configured by a nested native CMake run, which takes its settings from here only.
 if(NOT framework_bundles_libraries)
     set(saved_toolchain "$ENV{CMAKE_TOOLCHAIN_FILE}")
@@ -40,6 +44,7 @@ target_compile_definitions(kestrel_framework PUBLIC
     JUCE_PLUGINHOST_VST3=1
     JUCE_VST3_CAN_REPLACE_VST2=0
     JUCE_REPORT_APP_USAGE=0
+    JUCE_CATCH_UNHANDLED_EXCEPTIONS=1 # what painting, a timer or a message throws ends there, not in the host
     JUCE_STRICT_REFCOUNTEDPOINTER=1)
 
 target_link_libraries(kestrel_framework PRIVATE
@@ -55,6 +60,10 @@ if(NOT framework_bundles_libraries)
     target_compile_definitions(kestrel_framework PUBLIC
         JUCE_INCLUDE_ZLIB_CODE=0 JUCE_INCLUDE_PNGLIB_CODE=0 JUCE_INCLUDE_JPEGLIB_CODE=0)
     target_link_libraries(kestrel_framework PUBLIC png jpeg z)
+endif()
+
+if(MINGW)
+    target_link_libraries(kestrel_framework PUBLIC kestrel_mingw)
 endif()
 
 # What a user of the compiled modules has to see of them.

@@ -24,3 +24,10 @@ set_property(TARGET KestrelEQ PROPERTY INTERFACE_LINK_LIBRARIES "")
 target_sources(KestrelEQ PRIVATE editor/PluginEntry.cpp)
 target_link_libraries(KestrelEQ PUBLIC kestrel_engine kestrel_editor kestrel_framework)
 kestrel_warnings(KestrelEQ)
+
+if(MINGW)
+    # The wrapper asks the Windows headers for a system older than those that the framework needs; the first to ask wins.
+    target_compile_options(KestrelEQ_Standalone PRIVATE "SHELL:-include windows.h")
+    # The helper that writes moduleinfo.json has a wide entry point.
+    target_link_options(juce_vst3_helper PRIVATE -municode)
+endif()

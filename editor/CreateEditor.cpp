@@ -1,11 +1,24 @@
+#include "editor/WineRendering.h"
+#include "engine/Contained.h"
 #include "engine/KestrelProcessor.h"
+
+#include <memory>
 
 namespace kestreleq
 {
 
 juce::AudioProcessorEditor* KestrelProcessor::createEditor()
 {
-    return new juce::GenericAudioProcessorEditor (*this);
+    std::unique_ptr<juce::AudioProcessorEditor> editor;
+
+    const bool made = contain (
+        [&]
+        {
+            editor = std::make_unique<juce::GenericAudioProcessorEditor> (*this);
+            paintInSoftwareUnderWine (*editor);
+        });
+
+    return made ? editor.release() : nullptr; // the wrapper then shows an empty window
 }
 
 } // namespace kestreleq

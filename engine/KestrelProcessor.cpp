@@ -1,5 +1,6 @@
 #include "engine/KestrelProcessor.h"
 
+#include "engine/Contained.h"
 #include "engine/PluginState.h"
 #include "engine/parameters/FactoryPrograms.h"
 #include "ui/settings/SettingsScopeManager.h"
@@ -32,8 +33,12 @@ void KestrelProcessor::prepareToPlay (double sampleRate, int maximumBlockSize)
     if (! std::isfinite (sampleRate) || sampleRate <= 0.0 || maximumBlockSize <= 0)
         return;
 
-    core.prepare (sampleRate, maximumBlockSize);
-    loadMeasurer.reset (sampleRate, maximumBlockSize);
+    contain (
+        [&]
+        {
+            core.prepare (sampleRate, maximumBlockSize);
+            loadMeasurer.reset (sampleRate, maximumBlockSize);
+        });
 }
 
 void KestrelProcessor::processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi)
@@ -121,29 +126,37 @@ void KestrelProcessor::setCurrentProgram (int index)
     if (! juce::isPositiveAndBelow (index, getNumPrograms()))
         return;
 
-    currentProgram = index;
-    core.setAllParameters (
-        valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
-    ++stateChangeCounter;
-    updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
+    contain (
+        [&]
+        {
+            currentProgram = index;
+            core.setAllParameters (
+                valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
+            ++stateChangeCounter;
+            updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
+        });
 }
 
 void KestrelProcessor::getStateInformation (juce::MemoryBlock& destination)
 {
-    writeState ({ core.copyState(), currentProgram, editorScaleStep }, destination);
+    contain ([&] { writeState ({ core.copyState(), currentProgram, editorScaleStep }, destination); });
 }
 
 void KestrelProcessor::setStateInformation (const void* data, int size)
 {
-    const auto state = readState (data, size);
+    contain (
+        [&]
+        {
+            const auto state = readState (data, size);
 
-    if (! state)
-        return;
+            if (! state)
+                return;
 
-    core.replaceState (state->parameters);
-    currentProgram = state->program;
-    editorScaleStep = state->editorScaleStep;
-    ++stateChangeCounter;
+            core.replaceState (state->parameters);
+            currentProgram = state->program;
+            editorScaleStep = state->editorScaleStep;
+            ++stateChangeCounter;
+        });
 }
 
 void KestrelProcessor::applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName)

@@ -15,6 +15,59 @@ as_root() {
     else die "not root and no sudo: cannot run '$*'"; fi
 }
 
+# install_packages PACKAGE... : installs those Debian packages that are not there yet.
+install_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    say "installing ${missing[*]}"
+    as_root apt-get -qq update || die "'apt-get update' failed: is the package mirror reachable?"
+    DEBIAN_FRONTEND=noninteractive as_root apt-get -qq install -y --no-install-recommends "${missing[@]}" > "$deps/apt.log" 2>&1 \
+        || { tail -n 20 "$deps/apt.log" >&2; die "apt-get could not install: ${missing[*]} (log: $deps/apt.log)"; }
+}
+
+# The mirror that this machine uses for Debian itself.
+debian_mirror() {
+    apt-get indextargets --format '$(SITE) $(COMPONENT)' 'Created-By: Packages' 2>/dev/null \
+        | awk '$2 == "main" && $1 !~ /security/ { print $1; exit }'
+}
+
+# has_hash SHA256 FILE : whether the file is there and is this one.
+has_hash() { echo "$1  $2" | sha256sum --check --status 2>/dev/null; }
+
+# fetch_debian SUITE SHA256 FILE ARGUMENT... : sees to it that .deps/download holds this file, which 'apt-get ARGUMENT...'
+# (download, or source) brings from that suite of Debian. The list, index and cache are private: this machine's own package
+# set stays as it is. apt checks the signatures.
+declare -A fresh_index
+fetch_debian() {
+    local suite=$1 sha256=$2 file="$deps/download/$3" type=deb mirror
+    shift 3
+    ! has_hash "$sha256" "$file" || return 0
+
+    [ "$1" = download ] || type=deb-src
+    local dir="$deps/apt/$suite-$type"
+    local private=(-qq -o "Dir::Etc::sourcelist=$dir/sources.list" -o Dir::Etc::sourceparts=/dev/null
+                   -o "Dir::State::Lists=$dir/lists" -o "Dir::Cache=$dir/cache" -o APT::Sandbox::User=root)
+    mkdir -p "$deps/download" "$dir/lists/partial" "$dir/cache/archives/partial"
+
+    if [ -z "${fresh_index[$dir]:-}" ]; then
+        mirror=$(debian_mirror)
+        [ -n "$mirror" ] || die "no Debian mirror in this machine's apt configuration; cannot fetch ${file##*/}"
+        echo "$type [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror $suite main" > "$dir/sources.list"
+        apt-get "${private[@]}" update > "$dir/log" 2>&1 \
+            || { cat "$dir/log" >&2; die "the index of Debian's $suite could not be read: is the package mirror reachable?"; }
+        fresh_index[$dir]=1
+    fi
+
+    say "fetching ${file##*/}"
+    (cd "$deps/download" && apt-get "${private[@]}" "$@") >> "$dir/log" 2>&1 \
+        || { cat "$dir/log" >&2; die "${file##*/} could not be downloaded"; }
+    has_hash "$sha256" "$file" || die "${file##*/} does not have the expected SHA-256 $sha256"
+}
+
 # A clone in another folder reuses what an earlier one compiled.
 export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 

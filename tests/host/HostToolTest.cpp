@@ -173,11 +173,13 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
     expectRefusal ({ "render", in, in, out }, 1, "good.wav");
     expectRefusal ({ "info", work.path ("none.vst3") }, 1, "none.vst3");
     expectRefusal ({ "render", module, in, work.path ("no/such/folder.wav") }, 1, "folder.wav");
+    expectRefusal ({ "render", module, in, in }, 1, "good.wav");
+    expectRefusal ({ "open", work.path ("none.vst3") }, 1, "none.vst3");
 
     for (const auto& wrong : std::vector<juce::StringArray> { {}, { "sing" }, { "info" }, { "render", module, in },
              { "render", module, in, out, "--block", "0" }, { "render", module, in, out, "--block", "x" },
              { "render", module, in, out, "--what" }, { "render", module, in, out, "--set", "sub" },
-             { "bench", module, "--rate", "1" } })
+             { "bench", module, "--rate", "1" }, { "open", module, "--seconds", "-1" } })
         expectRefusal (wrong, 2, "usage");
 
     EXPECT_EQ (runHost ({ "--help" }, HostStream::output).exitCode, 0);

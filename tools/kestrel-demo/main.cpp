@@ -10,12 +10,11 @@
 namespace
 {
 
-constexpr auto usage = "usage: kestrel-demo signal OUT.wav\n"
+constexpr auto usage = "usage: kestrel-demo signal OUT.wav [RATE]\n"
                        "       kestrel-demo table NAME=IN.wav...\n";
 
-void writeSignal (const std::string& path)
+void writeSignal (const std::string& path, std::uint32_t rate)
 {
-    constexpr int rate = 48000;
     const auto signal = kestreleq::demo::makeDemoSignal (rate);
     const auto length = static_cast<int> (signal[0].size());
     kestreleq::host::WavWriter writer (path, rate, length);
@@ -48,9 +47,10 @@ int main (int argc, char* argv[])
 
     try
     {
-        if (arguments.size() == 2 && arguments[0] == "signal")
+        if ((arguments.size() == 2 || arguments.size() == 3) && arguments[0] == "signal")
         {
-            writeSignal (arguments[1]);
+            writeSignal (
+                arguments[1], arguments.size() == 3 ? static_cast<std::uint32_t> (std::stoul (arguments[2])) : 48000u);
             return 0;
         }
 

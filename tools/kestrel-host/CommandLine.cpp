@@ -67,8 +67,9 @@ InfoOptions parseInfo (Arguments arguments)
     InfoOptions options;
     const auto readOption = [&] (std::string_view option, const NextValue&)
     {
-        options.json = options.json || option == "--json";
-        return option == "--json";
+        options.texts = options.texts || option == "--texts";
+        options.json = options.json || option == "--json" || options.texts;
+        return option == "--json" || option == "--texts";
     };
 
     options.module = readArguments (arguments, { "MODULE" }, readOption)[0];
@@ -130,6 +131,27 @@ BenchOptions parseBench (Arguments arguments)
     return options;
 }
 
+OpenOptions parseOpen (Arguments arguments)
+{
+    OpenOptions options;
+    const auto readOption = [&] (std::string_view option, const NextValue& next)
+    {
+        if (option == "--seconds")
+            options.seconds = numberFor (option, next(), 0.0, 86400.0);
+        else if (option == "--state")
+            options.state = next();
+        else if (option == "--save-state")
+            options.saveState = next();
+        else
+            return false;
+
+        return true;
+    };
+
+    options.module = readArguments (arguments, { "MODULE" }, readOption)[0];
+    return options;
+}
+
 } // namespace
 
 Command parseCommandLine (Arguments arguments)
@@ -154,23 +176,29 @@ Command parseCommandLine (Arguments arguments)
     if (command == "bench")
         return parseBench (rest);
 
+    if (command == "open")
+        return parseOpen (rest);
+
     throw UsageError ("unknown command " + quoted (command));
 }
 
 std::string_view usageText()
 {
-    return R"(usage: kestrel-host info   MODULE [--json]
+    return R"(usage: kestrel-host info   MODULE [--json] [--texts]
        kestrel-host render MODULE IN.wav OUT.wav [--block N] [--program N]
                            [--set ID=VALUE]... [--at SECONDS:ID=VALUE]...
                            [--state FILE] [--save-state FILE]
        kestrel-host bench  MODULE [--rate R] [--block N] [--seconds S] [--set ID=VALUE]... [--json]
+       kestrel-host open   MODULE [--seconds S] [--state FILE] [--save-state FILE]
        kestrel-host --help
 
 MODULE is a built VST3 module, ID a parameter ID of the plug-in ('info' lists them), VALUE 0 to 1.
+'info --texts' is JSON with every parameter's text in hundredths of its range.
 --program selects a factory program, counted from 0; --set then acts in the order given, before the first block;
 --at acts at the first block that starts at or after its time. --state restores a saved state before all of these,
 --save-state saves the state at the end. A block has 1 to 65536 samples (512 unless told
-otherwise), a rate 8000 to 768000 Hz, a bench 0.01 to 3600 seconds of audio.
+otherwise), a rate 8000 to 768000 Hz, a bench 0.01 to 3600 seconds of audio. 'open' shows the
+plug-in's editor in a window until that is closed, or for S seconds.
 )";
 }
 

@@ -13,7 +13,7 @@ struct HelpRequest
 {
 };
 
-using Command = std::variant<HelpRequest, InfoOptions, RenderOptions, BenchOptions>;
+using Command = std::variant<HelpRequest, InfoOptions, RenderOptions, BenchOptions, OpenOptions>;
 
 /** Reads the arguments that follow the program's name. Throws UsageError, or Failure for a parameter value that is not
    a number within 0 to 1. */

@@ -25,6 +25,7 @@ struct InfoOptions
 {
     std::string module;
     bool json = false;
+    bool texts = false; // in the JSON, every parameter's texts over its range
 };
 
 struct RenderOptions
@@ -50,6 +51,14 @@ struct BenchOptions
     bool json = false;
 };
 
+struct OpenOptions
+{
+    std::string module;
+    std::optional<double> seconds;        // until the window is closed, unless given
+    std::optional<std::string> state;     // file to restore before the editor opens
+    std::optional<std::string> saveState; // file for the state after it has closed
+};
+
 /** Prints what the module says of itself. Each command runs on the message thread and throws Failure. */
 void run (const InfoOptions& options);
 
@@ -58,5 +67,8 @@ void run (const RenderOptions& options);
 
 /** Measures the time that the module takes per stereo sample, on noise. */
 void run (const BenchOptions& options);
+
+/** Shows the module's editor in a window, while the module plays silence. */
+void run (const OpenOptions& options);
 
 } // namespace kestreleq::host

@@ -26,7 +26,18 @@ juce::var busList (const juce::AudioProcessor& processor, bool isInput)
     return buses;
 }
 
-juce::var parameterList (const HostedModule& module)
+/** The texts at 0, 0.01 ... 1. */
+juce::var textsOver (const juce::AudioProcessorParameter& parameter)
+{
+    juce::Array<juce::var> texts;
+
+    for (int i = 0; i <= 100; ++i)
+        texts.add (parameter.getText (static_cast<float> (i) / 100.0f, textLength));
+
+    return texts;
+}
+
+juce::var parameterList (const HostedModule& module, bool withTexts)
 {
     juce::Array<juce::var> parameters;
 
@@ -40,13 +51,17 @@ juce::var parameterList (const HostedModule& module)
         object->setProperty ("default", value);
         object->setProperty ("defaultText", hosted->getText (value, textLength));
         object->setProperty ("stepped", hosted->isDiscrete());
+
+        if (withTexts)
+            object->setProperty ("texts", textsOver (*hosted));
+
         parameters.add (object.get());
     }
 
     return parameters;
 }
 
-juce::var describe (HostedModule& module)
+juce::var describe (HostedModule& module, bool withTexts)
 {
     auto& instance = module.instance();
     instance.prepareToPlay (48000.0, 512); // only then does the host ask for the latency
@@ -58,7 +73,7 @@ juce::var describe (HostedModule& module)
     object->setProperty ("latencySamples", instance.getLatencySamples());
     object->setProperty ("inputs", busList (instance, true));
     object->setProperty ("outputs", busList (instance, false));
-    object->setProperty ("parameters", parameterList (module));
+    object->setProperty ("parameters", parameterList (module, withTexts));
     return object.get();
 }
 
@@ -97,7 +112,7 @@ void printText (const juce::var& module)
 void run (const InfoOptions& options)
 {
     HostedModule module (options.module);
-    const auto description = describe (module);
+    const auto description = describe (module, options.texts);
 
     if (options.json)
         std::cout << juce::JSON::toString (description, juce::JSON::FormatOptions {}.withMaxDecimalPlaces (7)) << '\n';

@@ -2,6 +2,7 @@
 
 #include <juce_core/juce_core.h>
 
+#include <filesystem>
 #include <string>
 
 namespace kestreleq::host
@@ -11,6 +12,20 @@ namespace kestreleq::host
 inline juce::File fileAt (const std::string& path)
 {
     return juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
+}
+
+/** The same file for the standard library, which on Windows takes a narrow text for one in the machine's code page. */
+inline std::filesystem::path standardPath (const juce::File& file)
+{
+    const auto path = file.getFullPathName().toStdString();
+    return std::u8string (path.begin(), path.end());
+}
+
+/** Whether both paths lead to one existing file, through links, too. */
+inline bool isSameFile (const std::string& a, const std::string& b)
+{
+    std::error_code error;
+    return std::filesystem::equivalent (standardPath (fileAt (a)), standardPath (fileAt (b)), error) && ! error;
 }
 
 } // namespace kestreleq::host

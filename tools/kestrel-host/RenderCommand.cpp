@@ -3,6 +3,7 @@
 #include "tools/kestrel-host/HostedModule.h"
 #include "tools/kestrel-host/Paths.h"
 #include "tools/kestrel-host/Progress.h"
+#include "tools/kestrel-host/StateFile.h"
 #include "tools/kestrel-host/WavReader.h"
 #include "tools/kestrel-host/WavWriter.h"
 
@@ -27,24 +28,6 @@ std::vector<TimedAssignment> inOrderOfTime (std::vector<TimedAssignment> timed)
     const auto isEarlier = [] (const TimedAssignment& a, const TimedAssignment& b) { return a.seconds < b.seconds; };
     std::stable_sort (timed.begin(), timed.end(), isEarlier);
     return timed;
-}
-
-juce::MemoryBlock readStateFile (const std::string& path)
-{
-    juce::MemoryBlock content;
-
-    if (! fileAt (path).loadFileAsData (content) || content.isEmpty())
-        throw Failure ("cannot read a state from '" + path + "'");
-
-    return content;
-}
-
-void writeStateFile (const std::string& path, const juce::MemoryBlock& state)
-{
-    const auto file = fileAt (path);
-
-    if (file.isDirectory() || ! file.replaceWithData (state.getData(), state.getSize()))
-        throw Failure ("cannot write the state to '" + path + "'");
 }
 
 void renderAll (HostedModule& module, WavReader& input, WavWriter& output, int maximumBlock,
@@ -78,6 +61,9 @@ void renderAll (HostedModule& module, WavReader& input, WavWriter& output, int m
 
 void run (const RenderOptions& options)
 {
+    if (isSameFile (options.input, options.output))
+        throw Failure ("'" + options.output + "' is the input file, too");
+
     HostedModule module (options.module);
     checkParameters (module, options);
 

@@ -4,7 +4,6 @@
 #include "tools/kestrel-host/Paths.h"
 
 #include <bit>
-#include <filesystem>
 #include <limits>
 #include <string_view>
 
@@ -53,9 +52,8 @@ std::vector<std::uint8_t> header (std::uint32_t sampleRate, std::uint32_t length
 /** True for anything but a regular file or a free name: a folder, or a device, which the final move would replace. */
 bool isTakenByOtherThing (const juce::File& file)
 {
-    const auto path = file.getFullPathName().toStdString();
     std::error_code error;
-    const auto status = std::filesystem::status (std::u8string (path.begin(), path.end()), error);
+    const auto status = std::filesystem::status (standardPath (file), error);
     return std::filesystem::exists (status) && ! std::filesystem::is_regular_file (status);
 }
 

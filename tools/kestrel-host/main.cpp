@@ -1,4 +1,5 @@
 #include "tools/kestrel-host/CommandLine.h"
+#include "tools/kestrel-host/Console.h"
 #include "tools/kestrel-host/Errors.h"
 
 #include <juce_events/juce_events.h>
@@ -25,7 +26,7 @@ void run (HelpRequest)
 
 void runCommand (const Command& command)
 {
-    // Makes this thread the message thread. Nothing below waits for a message, so that none is ever dispatched.
+    // Makes this thread the message thread. Only the command that opens a window waits for messages.
     const juce::ScopedJuceInitialiser_GUI framework;
     SilentLogger silence;
     juce::Logger::setCurrentLogger (&silence);
@@ -51,11 +52,12 @@ std::string asOneLine (std::string message)
 int main (int argc, char* argv[])
 {
     using namespace kestreleq::host;
+    const Console console;
 
     try
     {
-        const std::vector<std::string_view> arguments (argv + std::min (argc, 1), argv + argc);
-        runCommand (parseCommandLine (arguments));
+        const auto arguments = Console::arguments (argc, argv);
+        runCommand (parseCommandLine (std::vector<std::string_view> (arguments.begin(), arguments.end())));
         return 0;
     }
     catch (const UsageError& error)
