@@ -7,8 +7,10 @@ std::unique_ptr<GallerySheet> makeGallery()
 {
     auto sheet = std::make_unique<GallerySheet>();
     addPrimitives (*sheet);
-    addMeters (*sheet);
     addControls (*sheet);
+    addMeters (*sheet);
+    addCharts (*sheet);
+    addFooter (*sheet);
     return sheet;
 }
 
