@@ -7,11 +7,13 @@ std::unique_ptr<GallerySheet> makeGallery()
 {
     auto sheet = std::make_unique<GallerySheet>();
     addPrimitives (*sheet);
-    addMeters (*sheet);
     addControls (*sheet);
     addPresets (*sheet);
     addHeaderTools (*sheet);
     addSupport (*sheet);
+    addMeters (*sheet);
+    addCharts (*sheet);
+    addFooter (*sheet);
     return sheet;
 }
 

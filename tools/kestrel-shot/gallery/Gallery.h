@@ -6,8 +6,10 @@ namespace kestreleq::shot
 {
 
 // Each adds the controls of one family in all their states.
-void addMeters (GallerySheet& sheet);
+void addCharts (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
+void addFooter (GallerySheet& sheet);
+void addMeters (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 void addPresets (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <juce_graphics/juce_graphics.h>
+
+#include <span>
+
+namespace quillon::ui_pro::controls
+{
+
+using CurvePoints = std::span<const juce::Point<float>>;
+
+/** Fills between a curve, whose points run from left to right, and a horizontal baseline: a vertical gradient of the
+    colour from faint at the area's bottom to less faint at its top. */
+void fillCurve (
+    juce::Graphics& g, CurvePoints points, float baseline, juce::Rectangle<float> area, juce::Colour colour);
+
+/** Strokes a curve of many short pieces: bevelled joints and square ends, in a fraction of the time that the
+   framework's general stroke takes. */
+void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colour colour);
+
+} // namespace quillon::ui_pro::controls
