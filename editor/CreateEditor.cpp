@@ -1,3 +1,4 @@
+#include "editor/KestrelEditor.h"
 #include "editor/WineRendering.h"
 #include "engine/Contained.h"
 #include "engine/KestrelProcessor.h"
@@ -14,7 +15,7 @@ juce::AudioProcessorEditor* KestrelProcessor::createEditor()
     const bool made = contain (
         [&]
         {
-            editor = std::make_unique<juce::GenericAudioProcessorEditor> (*this);
+            editor = std::make_unique<KestrelEditor> (*this);
             paintInSoftwareUnderWine (*editor);
         });
 

@@ -56,7 +56,7 @@ struct Footer
 
 Footer placeFooter();
 
-inline constexpr juce::Rectangle<int> sidePanel()
+inline juce::Rectangle<int> sidePanel()
 {
     return { 1388, 78, 272, 704 };
 }

@@ -132,12 +132,12 @@ void LaneSection::place (const layout::Lane& places)
         knobs[i].setBounds (places.knobs[i]);
 }
 
-void LaneSection::setLook (const Look& look)
+void LaneSection::setLook (const ChannelMode::Lane& look)
 {
     panel.setCaption (look.caption, look.colour);
     powerButton.setColour (look.colour);
     chart->setColour (look.colour);
-    meterStrip.setBarColours (juce::Colour (0xff5d666b), look.meterColour);
+    meterStrip.setBarColours (ChannelMode::neutral(), look.meterColour);
 }
 
 void LaneSection::refreshPower()

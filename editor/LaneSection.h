@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/ChannelMode.h"
 #include "editor/EditorLayout.h"
 #include "editor/LaneKnobBinding.h"
 #include "editor/LaneKnobs.h"
@@ -22,27 +23,26 @@ namespace kestreleq
 class LaneSection
 {
 public:
-    /** What the lane goes by at the moment. */
-    struct Look
-    {
-        juce::String caption;
-        juce::Colour colour;      // of the caption, the power button, and the curve
-        juce::Colour meterColour; // of the output's bar
-    };
-
     /** Lane 0 or 1. All must outlive this object; `onStep` is called whenever an undoable step begins or ends. */
     LaneSection (KestrelProcessor& processorToShow, std::size_t laneToShow, std::function<void()> onStep);
 
     void addTo (juce::Component& canvas);
     void place (const layout::Lane& places);
     void setVisible (bool shouldBeVisible);
-    void setLook (const Look& look);
+    void setLook (const ChannelMode::Lane& look);
 
     /** Follows the lane's bypass, whoever changed it. */
     void refreshPower();
 
     /** Takes the levels of the lane's input and output, linear. */
     void setLevels (float input, float output) { meterStrip.setLevels (input, output); }
+
+    /** In milliseconds; of the meters' and the spectrum's fall. */
+    void setClock (const std::function<double()>& clock)
+    {
+        meterStrip.clock = clock;
+        chart->getSpectrum().clock = clock;
+    }
 
     KestrelChartView& getChart() { return *chart; }
 

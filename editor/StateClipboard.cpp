@@ -6,6 +6,12 @@
 
 namespace kestreleq
 {
+namespace
+{
+
+constexpr double lookInterval = 1000.0; // ms
+
+} // namespace
 
 StateClipboard::StateClipboard (KestrelProcessor& processorToCopy)
     : read ([] { return juce::SystemClipboard::getTextFromClipboard(); }),
@@ -14,12 +20,26 @@ StateClipboard::StateClipboard (KestrelProcessor& processorToCopy)
 {
 }
 
-void StateClipboard::copy() const
+bool StateClipboard::canPaste()
+{
+    const auto now = juce::Time::getMillisecondCounterHiRes();
+
+    if (lastLook < 0.0 || now - lastLook >= lookInterval)
+    {
+        lastLook = now;
+        hasText = read().isNotEmpty();
+    }
+
+    return hasText;
+}
+
+void StateClipboard::copy()
 {
     const auto xml = processor.getCore().copyState().createXml();
     auto format = juce::XmlElement::TextFormat();
     format.newLineChars = "\r\n";
     write (xml->toString (format));
+    lastLook = -1.0;
 }
 
 bool StateClipboard::paste()

@@ -13,13 +13,14 @@ class StateClipboard
 public:
     explicit StateClipboard (KestrelProcessor& processorToCopy);
 
-    void copy() const;
+    void copy();
 
     /** Takes the state from the clipboard, as one undoable step. False, and nothing changed, when what is there is no
         state. */
     bool paste();
 
-    bool canPaste() const { return read().isNotEmpty(); }
+    /** Whether there is any text to paste, as of the last second: asking another program for its text may take long. */
+    bool canPaste();
 
     // The system's own unless replaced.
     std::function<juce::String()> read;
@@ -27,6 +28,8 @@ public:
 
 private:
     KestrelProcessor& processor;
+    bool hasText = false;
+    double lastLook = -1.0; // ms; never
 };
 
 } // namespace kestreleq

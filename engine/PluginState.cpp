@@ -68,16 +68,9 @@ juce::ValueTree cleaned (const juce::ValueTree& stored)
     return clean;
 }
 
-std::optional<PluginState> fromXml (const juce::XmlElement* xml)
+std::optional<PluginState> fromXml (const juce::XmlElement& xml)
 {
-    if (xml == nullptr)
-        return {};
-
-    const auto tree = juce::ValueTree::fromXml (*xml);
-
-    if (! tree.hasType (treeType))
-        return {};
-
+    const auto tree = juce::ValueTree::fromXml (xml);
     const int program = tree[programProperty];
     return PluginState { cleaned (tree), program < static_cast<int> (factoryPrograms.size()) ? program : 0,
         tree.getProperty (scaleStepProperty, -1) };
@@ -182,7 +175,8 @@ std::optional<PluginState> readState (const void* data, int size)
     if (! isHarmlessXml (text))
         return {};
 
-    return fromXml (juce::AudioProcessor::getXmlFromBinary (data, size).get());
+    const auto xml = juce::AudioProcessor::getXmlFromBinary (data, size);
+    return xml != nullptr && xml->hasTagName (treeType) ? fromXml (*xml) : std::nullopt;
 }
 
 std::optional<PluginState> readStateText (const juce::String& text)
@@ -192,7 +186,9 @@ std::optional<PluginState> readStateText (const juce::String& text)
     if (! isHarmlessXml (trimmed.toRawUTF8()))
         return {};
 
-    return fromXml (juce::parseXML (trimmed).get());
+    const auto xml = juce::parseXML (trimmed);
+    const bool isOurs = xml != nullptr && (xml->hasTagName (treeType) || xml->hasTagName ("KestrelEQ"));
+    return isOurs ? fromXml (*xml) : std::nullopt;
 }
 
 } // namespace kestreleq

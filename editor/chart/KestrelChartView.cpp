@@ -180,7 +180,7 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
             levels[i] = spectrum.levelAt (
                 trace, 20.0 * std::pow (1000.0, static_cast<double> (i) / static_cast<double> (painterBins - 1)));
 
-        controls::paintSpectrum (g, scale.spectrumArea(), levels, colours[trace]);
+        controls::paintSpectrum (g, scale.spectrumArea(), levels, { .colour = colours[trace], .fill = trace == 1 });
     }
 }
 

@@ -1,37 +1,47 @@
 #include "tools/kestrel-shot/ShotOptions.h"
 
-#include <charconv>
+#include "tools/kestrel-host/Errors.h"
+#include "tools/kestrel-host/OptionValues.h"
+
+#include <array>
+#include <utility>
 
 namespace kestreleq::shot
 {
 namespace
 {
 
-float parseScale (const std::string& text)
+using host::UsageError;
+
+constexpr std::array<std::pair<std::string_view, OpenPart>, 4> openParts { {
+    { "presets", OpenPart::presets },
+    { "menu", OpenPart::menu },
+    { "support", OpenPart::support },
+    { "oversampling", OpenPart::oversampling },
+} };
+
+OpenPart parseOpenPart (std::string_view text)
 {
-    float scale = 0.0f;
-    const auto* const end = text.data() + text.size();
-    const auto result = std::from_chars (text.data(), end, scale);
+    for (const auto& [name, part] : openParts)
+        if (text == name)
+            return part;
 
-    if (result.ec != std::errc() || result.ptr != end || ! (scale >= 0.25f && scale <= 4.0f))
-        throw UsageError ("--scale needs a number from 0.25 to 4, not '" + text + "'");
-
-    return scale;
+    throw UsageError ("--open needs presets, menu, support or oversampling, not " + host::quoted (text));
 }
 
 } // namespace
 
-ShotOptions parseOptions (const std::vector<std::string>& arguments)
+ShotOptions parseOptions (std::span<const std::string_view> arguments)
 {
     ShotOptions options;
 
     for (std::size_t i = 0; i < arguments.size(); ++i)
     {
-        const auto& argument = arguments[i];
-        const auto next = [&]() -> const std::string&
+        const auto argument = arguments[i];
+        const auto next = [&]
         {
             if (++i == arguments.size())
-                throw UsageError (argument + " needs a value");
+                throw UsageError (std::string (argument) + " needs a value");
 
             return arguments[i];
         };
@@ -39,11 +49,19 @@ ShotOptions parseOptions (const std::vector<std::string>& arguments)
         if (argument == "--gallery")
             options.gallery = true;
         else if (argument == "--scale")
-            options.scale = parseScale (next());
+            options.scale = static_cast<float> (host::numberFor (argument, next(), 0.5, 2.0));
+        else if (argument == "--program")
+            options.program = host::integerFor (argument, next(), 0, 5);
+        else if (argument == "--set")
+            options.sets.push_back (host::parseAssignment (next()));
+        else if (argument == "--audio")
+            options.audio = next();
+        else if (argument == "--open")
+            options.open = parseOpenPart (next());
         else if (argument.starts_with ('-'))
-            throw UsageError ("unknown option '" + argument + "'");
+            throw UsageError ("unknown option " + host::quoted (argument));
         else if (! options.output.empty())
-            throw UsageError ("unexpected argument '" + argument + "'");
+            throw UsageError ("unexpected argument " + host::quoted (argument));
         else
             options.output = argument;
     }
@@ -51,17 +69,23 @@ ShotOptions parseOptions (const std::vector<std::string>& arguments)
     if (options.output.empty())
         throw UsageError ("OUT.png is missing");
 
-    if (! options.gallery)
-        throw UsageError ("--gallery is missing");
+    if (options.gallery &&
+        (options.program || ! options.sets.empty() || options.audio || options.open != OpenPart::nothing))
+        throw UsageError ("--gallery goes with --scale only");
 
     return options;
 }
 
 std::string_view usageText()
 {
-    return "usage: kestrel-shot --gallery OUT.png [--scale S]\n"
-           "\n"
-           "Draws every control of the library in its states; a scale is 0.25 to 4.\n";
+    return R"(usage: kestrel-shot OUT.png [--scale S] [--program N] [--set ID=VALUE]... [--audio IN.wav]
+                    [--open presets|menu|support|oversampling]
+       kestrel-shot --gallery OUT.png [--scale S]
+
+Draws the editor, or every control of the library in its states, without a window. A scale is 0.5 to 2, a program 0 to 5,
+ID a parameter ID and VALUE 0 to 1. --set acts in the order given, after --program. With --audio the picture shows the
+editor while the file's end plays.
+)";
 }
 
 } // namespace kestreleq::shot

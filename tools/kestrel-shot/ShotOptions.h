@@ -1,6 +1,9 @@
 #pragma once
 
-#include <stdexcept>
+#include "tools/kestrel-host/Commands.h"
+
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,10 +11,14 @@
 namespace kestreleq::shot
 {
 
-/** The command line is wrong: the exit code is 2, and the usage follows the text. */
-struct UsageError : std::runtime_error
+/** What lies open in the picture. */
+enum class OpenPart
 {
-    using std::runtime_error::runtime_error;
+    nothing,
+    presets,
+    menu,
+    support,
+    oversampling
 };
 
 struct ShotOptions
@@ -19,10 +26,17 @@ struct ShotOptions
     bool gallery = false;
     std::string output;
     float scale = 1.0f; // pixels per design pixel
+
+    // Of the editor.
+    std::optional<int> program;
+    std::vector<host::Assignment> sets;
+    std::optional<std::string> audio; // a WAV file that plays
+    OpenPart open = OpenPart::nothing;
 };
 
-/** Reads the arguments that follow the program's name. Throws UsageError. */
-ShotOptions parseOptions (const std::vector<std::string>& arguments);
+/** Reads the arguments that follow the program's name. Throws host::UsageError, or host::Failure for a parameter value
+    that is not a number within 0 to 1. */
+ShotOptions parseOptions (std::span<const std::string_view> arguments);
 
 std::string_view usageText();
 

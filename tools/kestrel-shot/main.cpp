@@ -1,3 +1,5 @@
+#include "tools/kestrel-host/Errors.h"
+#include "tools/kestrel-shot/EditorShot.h"
 #include "tools/kestrel-shot/Picture.h"
 #include "tools/kestrel-shot/ShotOptions.h"
 #include "tools/kestrel-shot/gallery/Gallery.h"
@@ -7,18 +9,21 @@
 
 int main (int argc, char* argv[])
 {
-    using namespace kestreleq::shot;
+    using namespace kestreleq;
 
     try
     {
-        const auto options = parseOptions ({ argv + std::min (argc, 1), argv + argc });
+        const std::vector<std::string_view> arguments (argv + std::min (argc, 1), argv + argc);
+        const auto options = shot::parseOptions (arguments);
         const juce::ScopedJuceInitialiser_GUI framework;
-        writePng (paintPicture (*makeGallery(), options.scale), options.output);
+        const auto picture =
+            options.gallery ? shot::paintPicture (*shot::makeGallery(), options.scale) : shot::shootEditor (options);
+        shot::writePng (picture, options.output);
         return 0;
     }
-    catch (const UsageError& error)
+    catch (const host::UsageError& error)
     {
-        std::cerr << "kestrel-shot: " << error.what() << '\n' << usageText();
+        std::cerr << "kestrel-shot: " << error.what() << '\n' << shot::usageText();
         return 2;
     }
     catch (const std::exception& error)

@@ -45,6 +45,9 @@ public:
     /** Goes over to another scope file and reads the scope from it, without a notification. */
     void setFileOptions (const Options& options);
 
+    /** Where the scope file is, or would be. */
+    juce::File getScopeFolder() const { return fileOptions().getDefaultFile().getParentDirectory(); }
+
     /** Goes back to the usual scope file in the same way. */
     void resetFileOptions();
 

@@ -99,7 +99,7 @@ void SlideInOverlay::startAnimation (bool shouldOpen)
     startTimerHz (framesPerSecond);
 }
 
-void SlideInOverlay::timerCallback()
+void SlideInOverlay::advance()
 {
     const auto duration = opening ? openingMs : closingMs;
     const auto t = static_cast<float> (std::clamp ((clock() - animationStartMs) / duration, 0.0, 1.0));

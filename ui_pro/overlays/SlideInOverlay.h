@@ -23,6 +23,9 @@ public:
     /** Slides the content out, from wherever it has got to. */
     void close();
 
+    /** Moves a running animation to where the clock has got to, as its timer does. */
+    void advance();
+
     /** 0 is hidden, 1 fully shown. */
     float getProgress() const { return progress; }
 
@@ -54,7 +57,7 @@ private:
         SlideInOverlay& owner;
     };
 
-    void timerCallback() override;
+    void timerCallback() override { advance(); }
     bool keyPressed (const juce::KeyPress& key, juce::Component* origin) override;
 
     void startAnimation (bool shouldOpen);

@@ -1,0 +1,310 @@
+#include "editor/KestrelEditor.h"
+
+#include "editor/EditorLayout.h"
+#include "editor/SupportRecord.h"
+#include "engine/dsp/LevelMeasure.h"
+#include "ui_pro/style/Theme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestreleq
+{
+namespace
+{
+
+using namespace quillon::ui_pro;
+
+constexpr int tickInterval = 50; // ms
+constexpr int smallestWidth = layout::designWidth / 2;
+constexpr int smallestHeight = layout::designHeight / 2;
+constexpr int largestWidth = layout::designWidth * 2;
+constexpr int largestHeight = layout::designHeight * 2;
+
+// The window's size is kept as a step of its scale.
+constexpr double smallestScale = 0.5;
+constexpr double scaleStep = 0.05;
+constexpr int largestScaleStep = 30;
+
+juce::Colour accent (int role)
+{
+    return style::Theme::accentForId (style::accentRole (role));
+}
+
+/** What a meter takes for a level in dB; silence must not light it. */
+float amplitudeFor (float level)
+{
+    return level <= dsp::silenceLevel ? 0.0f : std::pow (10.0f, level / 20.0f);
+}
+
+std::array<float, numLanes> amplitudesFor (const std::array<float, numLanes>& levels)
+{
+    return { amplitudeFor (levels[0]), amplitudeFor (levels[1]) };
+}
+
+constexpr auto idOf (Parameter parameter)
+{
+    return infoOf (parameter).id;
+}
+
+controls::ParameterIds globalParameters()
+{
+    controls::ParameterIds ids;
+    ids.bypass = idOf (Parameter::bypass);
+    ids.link = idOf (Parameter::link);
+    ids.msMode = idOf (Parameter::msMode);
+    ids.inGainLink = idOf (Parameter::inGainLink);
+    ids.outGainLink = idOf (Parameter::outGainLink);
+    ids.inAutoGain = idOf (Parameter::inAutoGain);
+    ids.outAutoGain = idOf (Parameter::outAutoGain);
+    ids.inGain1 = idOf (Parameter::inGain1);
+    ids.inGain2 = idOf (Parameter::inGain2);
+    ids.outGain1 = idOf (Parameter::outGain1);
+    ids.outGain2 = idOf (Parameter::outGain2);
+    return ids;
+}
+
+} // namespace
+
+KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
+    : AudioProcessorEditor (processorToEdit),
+      processor (processorToEdit),
+      header (processorToEdit, manifest, { [this] { refreshEditor(); }, [this] { openSupport(); } }),
+      breakButton (accent (16)),
+      footer (processorToEdit, "v" + manifest.version())
+{
+    addAndMakeVisible (background);
+    addAndMakeVisible (content);
+    addChildComponent (overlay);
+    content.setInterceptsMouseClicks (false, true);
+    header.addTo (content);
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+    {
+        lanes[lane] = std::make_unique<LaneSection> (processor, lane, [this] { header.refreshCommands(); });
+        lanes[lane]->addTo (content);
+    }
+
+    breakButton.setButtonText ("BREAK");
+    initialiseScaffold();
+    footer.addTo (content);
+    refreshChannelMode();
+    refreshLinkState();
+    initialiseWindow();
+}
+
+KestrelEditor::~KestrelEditor()
+{
+    stopTimer();
+    processor.setCapturing (false);
+    removeKeyListener (&header.getKeyListener());
+
+    if (resizableCorner != nullptr)
+        resizableCorner->setLookAndFeel (nullptr);
+
+    breakAttachment.reset();
+    trimAttachment.reset();
+}
+
+void KestrelEditor::initialiseScaffold()
+{
+    auto& core = processor.getCore();
+    scaffold = std::make_unique<controls::EffectEditorScaffold> (
+        core.getTree(), globalParameters(), accent (5), accent (16), &core.getUndoManager());
+    scaffold->onGestureStart = [this]
+    {
+        processor.getCore().getHistory().beginStep();
+        header.refreshCommands();
+    };
+    scaffold->onGestureEnd = [this]
+    {
+        processor.getCore().getHistory().endStep();
+        header.refreshCommands();
+    };
+
+    const auto modeChanged = [this]
+    {
+        refreshChannelMode();
+        resized();
+    };
+    scaffold->onLinkChanged = modeChanged;
+    scaffold->onMsModeChanged = modeChanged;
+    scaffold->setLaneAreaVisible (false);
+    scaffold->setExtraContent (&breakWrapper);
+    scaffold->wireKnob (idOf (Parameter::trim), scaffold->getGlobalPanel().getTrimKnob(), trimAttachment);
+    scaffold->wireBoolButton (idOf (Parameter::breakMode), breakButton, breakAttachment);
+    content.addAndMakeVisible (*scaffold);
+}
+
+void KestrelEditor::initialiseWindow()
+{
+    setResizable (true, true);
+    setResizeLimits (smallestWidth, smallestHeight, largestWidth, largestHeight);
+    getConstrainer()->setFixedAspectRatio (static_cast<double> (smallestWidth) / smallestHeight);
+
+    if (resizableCorner != nullptr)
+        resizableCorner->setLookAndFeel (&resizeLookAndFeel);
+
+    setWantsKeyboardFocus (true);
+    addKeyListener (&header.getKeyListener());
+
+    const auto step = processor.getEditorScaleStep();
+    const auto openingScale = step < 0 ? smallestScale : smallestScale + scaleStep * std::min (step, largestScaleStep);
+    setSize (
+        juce::roundToInt (layout::designWidth * openingScale), juce::roundToInt (layout::designHeight * openingScale));
+    openingBounds = getLocalBounds();
+    constructed = true;
+
+    seenStateChange = processor.getStateChangeCounter();
+    processor.setCapturing (true);
+    startTimer (tickInterval);
+}
+
+void KestrelEditor::resized()
+{
+    background.setBounds (getLocalBounds());
+    overlay.setBounds (getLocalBounds());
+
+    const auto placement = layout::placeContent (getWidth(), getHeight());
+    scale = placement.scale;
+    contentBounds = placement.bounds;
+    content.setBounds (0, 0, layout::designWidth, layout::designHeight);
+    content.setTransform (placement.transform());
+    layOutCanvas();
+    storeScaleStep();
+}
+
+void KestrelEditor::layOutCanvas()
+{
+    laidOutLinked = readMode().linked;
+    header.place();
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        lanes[lane]->place (layout::placeLane (lane, laidOutLinked));
+
+    lanes[1]->setVisible (! laidOutLinked);
+    scaffold->setBounds (layout::sidePanel());
+    footer.place();
+}
+
+void KestrelEditor::storeScaleStep()
+{
+    if (! constructed || getLocalBounds() == openingBounds)
+        return;
+
+    const auto step = juce::roundToInt ((static_cast<double> (scale) - smallestScale) / scaleStep);
+    processor.setEditorScaleStep (std::clamp (step, 0, largestScaleStep));
+    openingBounds = {}; // from the first other size on, every size counts
+}
+
+ChannelMode KestrelEditor::readMode() const
+{
+    const auto& values = processor.getCore().getValues();
+    return { values.isOn (Parameter::link), values.isOn (Parameter::msMode) };
+}
+
+void KestrelEditor::refreshChannelMode()
+{
+    const auto mode = readMode();
+
+    if (shownMode != mode)
+    {
+        shownMode = mode;
+        footer.setMode (mode);
+
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+            if (lane == 0 || ! mode.linked)
+                lanes[lane]->setLook (mode.lookOf (lane));
+    }
+
+    breakButton.setToggleState (
+        processor.getCore().getValues().isOn (Parameter::breakMode), juce::dontSendNotification);
+
+    for (auto& lane : lanes)
+        lane->refreshPower();
+}
+
+void KestrelEditor::refreshCharts()
+{
+    for (auto& lane : lanes)
+        lane->getChart().refresh();
+}
+
+void KestrelEditor::refreshLinkState()
+{
+    if (readMode().linked != laidOutLinked)
+        layOutCanvas();
+}
+
+void KestrelEditor::refreshEditor()
+{
+    refreshChannelMode();
+    refreshCharts();
+    refreshLinkState();
+    header.refresh();
+    resized();
+    repaint();
+}
+
+void KestrelEditor::tick()
+{
+    auto& core = processor.getCore();
+
+    if (! processor.isCapturing()) // preparing switches it off
+        processor.setCapturing (true);
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        core.getAnalyser (lane).update();
+
+    if (const auto counter = processor.getStateChangeCounter(); counter != seenStateChange)
+    {
+        seenStateChange = counter;
+
+        if (processor.isCapturing())
+            for (std::size_t lane = 0; lane < numLanes; ++lane)
+                core.getAnalyser (lane).clear();
+
+        header.refresh();
+    }
+
+    refreshChannelMode();
+    refreshCharts();
+    refreshLinkState();
+    header.refreshCommands();
+    pushLevels();
+    footer.refreshTelemetry();
+}
+
+void KestrelEditor::pushLevels()
+{
+    const auto input = amplitudesFor (processor.getInputLevels());
+    const auto output = amplitudesFor (processor.getOutputLevels());
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        lanes[lane]->setLevels (input[lane], output[lane]);
+
+    footer.setLevels (input, output);
+}
+
+void KestrelEditor::setClock (const std::function<double()>& clock)
+{
+    for (auto& lane : lanes)
+        lane->setClock (clock);
+
+    footer.setClock (clock);
+    overlay.clock = clock;
+}
+
+void KestrelEditor::openSupport()
+{
+    if (supportPanel == nullptr)
+    {
+        supportPanel = std::make_unique<controls::SupportDiagnosticsPanel>();
+        supportPanel->setHooks ({ [this] { header.selectProgram (0); }, [this] { overlay.close(); } });
+    }
+
+    supportPanel->setRecord (makeSupportRecord (processor, manifest));
+    overlay.show (supportPanel.get());
+}
+
+} // namespace kestreleq

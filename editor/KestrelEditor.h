@@ -1,0 +1,103 @@
+#pragma once
+
+#include "editor/BreakWrapper.h"
+#include "editor/ChannelMode.h"
+#include "editor/EditorFooter.h"
+#include "editor/EditorHeader.h"
+#include "editor/LaneSection.h"
+#include "editor/ResourceManifest.h"
+
+#include "engine/KestrelProcessor.h"
+#include "ui_pro/chrome/ResizeHandleLookAndFeel.h"
+#include "ui_pro/controls/EffectEditorScaffold.h"
+#include "ui_pro/controls/OnOffButton.h"
+#include "ui_pro/controls/SupportDiagnosticsPanel.h"
+#include "ui_pro/overlays/SlideInOverlay.h"
+#include "ui_pro/primitives/RootBackground.h"
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace kestreleq
+{
+
+/** The plug-in's window: one canvas of a fixed size, scaled as a whole to the window. It polls the processor twenty
+    times a second, and switches the processor's analysers on for as long as it lives. Message thread. */
+class KestrelEditor final : public juce::AudioProcessorEditor, private juce::Timer
+{
+public:
+    explicit KestrelEditor (KestrelProcessor& processorToEdit);
+    ~KestrelEditor() override;
+
+    void resized() override;
+
+    /** Shows the processor as it is now, after anything that may have changed everything. */
+    void refreshEditor();
+
+    /** Slides the support and diagnostics panel in. */
+    void openSupport();
+
+    /** One round of the timer, for whoever has no time to wait. */
+    void tick();
+
+    /** Replaces the clock, in milliseconds, of everything that falls or slides with time. */
+    void setClock (const std::function<double()>& clock);
+
+    LaneSection& getLane (std::size_t lane) { return *lanes[lane]; }
+
+    EditorHeader& getHeader() { return header; }
+
+    EditorFooter& getFooter() { return footer; }
+
+    quillon::ui_pro::controls::EffectEditorScaffold& getScaffold() { return *scaffold; }
+
+    quillon::ui_pro::overlays::SlideInOverlay& getOverlay() { return overlay; }
+
+    float getScale() const { return scale; }
+
+private:
+    void timerCallback() override { tick(); }
+
+    void initialiseScaffold();
+    void initialiseWindow();
+    void layOutCanvas();
+    void storeScaleStep();
+
+    ChannelMode readMode() const;
+    void refreshChannelMode();
+    void refreshCharts();
+    void refreshLinkState();
+    void pushLevels();
+
+    KestrelProcessor& processor;
+    ResourceManifest manifest;
+    quillon::ui_pro::chrome::ResizeHandleLookAndFeel resizeLookAndFeel;
+    quillon::ui_pro::primitives::RootBackground background;
+    juce::Component content;
+    EditorHeader header;
+    std::array<std::unique_ptr<LaneSection>, numLanes> lanes;
+    quillon::ui_pro::controls::OnOffButton breakButton;
+    BreakWrapper breakWrapper { breakButton };
+    std::unique_ptr<quillon::ui_pro::controls::EffectEditorScaffold> scaffold;
+    EditorFooter footer;
+    std::unique_ptr<quillon::ui_pro::controls::SupportDiagnosticsPanel> supportPanel; // once it was opened
+    quillon::ui_pro::overlays::SlideInOverlay overlay;
+
+    std::unique_ptr<juce::ButtonParameterAttachment> breakAttachment;
+    std::unique_ptr<juce::ParameterAttachment> trimAttachment;
+
+    float scale = 1.0f;
+    juce::Rectangle<int> contentBounds; // of the canvas, in pixels of the window
+    std::optional<ChannelMode> shownMode;
+    bool laidOutLinked = true;
+    std::uint32_t seenStateChange = 0;
+    juce::Rectangle<int> openingBounds;
+    bool constructed = false;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (KestrelEditor)
+};
+
+} // namespace kestreleq

@@ -1,0 +1,140 @@
+#include "tools/kestrel-shot/EditorShot.h"
+
+#include "editor/EditorLayout.h"
+#include "editor/KestrelEditor.h"
+#include "tools/kestrel-host/Errors.h"
+#include "tools/kestrel-host/OptionValues.h"
+#include "tools/kestrel-host/WavReader.h"
+#include "tools/kestrel-shot/Picture.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestreleq::shot
+{
+namespace
+{
+
+constexpr int blockSize = 512;
+constexpr double usualRate = 48000.0;
+constexpr double tickLength = 50.0; // ms
+constexpr double playedTime = 4.0;  // s, of the file's end: longer than anything on the screen remembers
+constexpr int ticksToSlideIn = 8;
+
+/** An editor whose time goes on only when told. */
+struct Stage
+{
+    explicit Stage (double sampleRate)
+    {
+        processor.prepareToPlay (sampleRate, blockSize);
+        editor = std::make_unique<KestrelEditor> (processor);
+        editor->setClock ([this] { return now; });
+    }
+
+    void set (const host::Assignment& assignment)
+    {
+        auto* parameter = processor.getCore().getTree().getParameter (assignment.id);
+
+        if (parameter == nullptr)
+            throw host::Failure ("no parameter " + host::quoted (assignment.id));
+
+        parameter->setValueNotifyingHost (assignment.value);
+    }
+
+    void tick()
+    {
+        now += tickLength;
+        editor->tick();
+    }
+
+    void play (host::WavReader& file)
+    {
+        const auto rate = static_cast<double> (file.sampleRate());
+        const auto played = static_cast<std::int64_t> (playedTime * rate);
+        juce::AudioBuffer<float> buffer (2, blockSize);
+        juce::MidiBuffer midi;
+        auto position = std::int64_t {};
+        auto nextTick = tickLength;
+
+        for (auto left = file.length(); left > 0;)
+        {
+            const auto count = static_cast<int> (std::min<std::int64_t> (left, blockSize));
+            file.read (buffer.getWritePointer (0), buffer.getWritePointer (1), count);
+
+            if (left <= played)
+            {
+                juce::AudioBuffer<float> block (buffer.getArrayOfWritePointers(), 2, count);
+                processor.processBlock (block, midi);
+                position += count;
+
+                if (static_cast<double> (position) * 1000.0 / rate >= nextTick)
+                {
+                    tick();
+                    nextTick += tickLength;
+                }
+            }
+
+            left -= count;
+        }
+    }
+
+    void open (OpenPart part)
+    {
+        switch (part)
+        {
+            case OpenPart::nothing:
+                break;
+            case OpenPart::presets:
+                editor->getHeader().getPresetSelector().openBrowser();
+                break;
+            case OpenPart::menu:
+                editor->getHeader().getMenu().openPopup();
+                break;
+            case OpenPart::oversampling:
+                editor->getFooter().getOversampling().openPopup();
+                break;
+            case OpenPart::support:
+                editor->openSupport();
+                for (int i = 0; i < ticksToSlideIn; ++i)
+                {
+                    now += tickLength;
+                    editor->getOverlay().advance();
+                }
+                break;
+        }
+    }
+
+    double now = 1000.0; // ms
+    KestrelProcessor processor;
+    std::unique_ptr<KestrelEditor> editor;
+};
+
+} // namespace
+
+juce::Image shootEditor (const ShotOptions& options)
+{
+    std::optional<host::WavReader> audio;
+
+    if (options.audio)
+        audio.emplace (*options.audio);
+
+    Stage stage (audio ? static_cast<double> (audio->sampleRate()) : usualRate);
+
+    if (options.program)
+        stage.processor.setCurrentProgram (*options.program);
+
+    for (const auto& assignment : options.sets)
+        stage.set (assignment);
+
+    stage.editor->setSize (juce::roundToInt (layout::designWidth * static_cast<double> (options.scale)),
+        juce::roundToInt (layout::designHeight * static_cast<double> (options.scale)));
+    stage.tick();
+
+    if (audio)
+        stage.play (*audio);
+
+    stage.open (options.open);
+    return paintPicture (*stage.editor, 1.0f);
+}
+
+} // namespace kestreleq::shot

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/kestrel-shot/ShotOptions.h"
+
+#include <juce_graphics/juce_graphics.h>
+
+namespace kestreleq::shot
+{
+
+/** Draws the editor of a new processor, set up as the options say. Message thread. Throws host::Failure for an unknown
+    parameter or a file that cannot be played. */
+juce::Image shootEditor (const ShotOptions& options);
+
+} // namespace kestreleq::shot
