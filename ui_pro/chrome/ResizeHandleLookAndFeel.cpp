@@ -12,19 +12,21 @@ void ResizeHandleLookAndFeel::drawCornerResizer (
     const juce::Point<float> corner (
         static_cast<float> (width) - tokens.inset, static_cast<float> (height) - tokens.inset);
 
-    // The first line has no length: its round caps are the dot in the very corner.
-    juce::Path grip;
+    juce::Path strokes;
 
-    for (int i = 0; i < 3; ++i)
+    for (int i = 1; i < 3; ++i)
     {
         const auto reach = tokens.lineSpacing * static_cast<float> (i);
-        grip.startNewSubPath (corner.translated (-reach, 0.0f));
-        grip.lineTo (corner.translated (0.0f, -reach));
+        strokes.startNewSubPath (corner.translated (-reach, 0.0f));
+        strokes.lineTo (corner.translated (0.0f, -reach));
     }
 
     g.setColour (isMouseDragging ? tokens.dragging : isMouseOver ? tokens.mouseOver : tokens.idle);
     g.strokePath (
-        grip, juce::PathStrokeType (tokens.lineWidth, juce::PathStrokeType::curved, juce::PathStrokeType::rounded));
+        strokes, juce::PathStrokeType (tokens.lineWidth, juce::PathStrokeType::curved, juce::PathStrokeType::rounded));
+
+    // The first stroke has no length: what is left of it are its round caps, which the framework would leave out.
+    g.fillEllipse (juce::Rectangle<float> (tokens.lineWidth, tokens.lineWidth).withCentre (corner));
 }
 
 } // namespace quillon::ui_pro::chrome

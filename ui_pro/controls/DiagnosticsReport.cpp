@@ -49,19 +49,19 @@ juce::String diagnosticsFileName (const DiagnosticsRecord& record, juce::Time ge
 bool writeDiagnosticsReport (const juce::File& file, const juce::String& report)
 {
     const auto text = report.replace ("\n", "\r\n");
+    const auto size = text.getNumBytesAsUTF8();
     const juce::TemporaryFile replacement (file, juce::TemporaryFile::useHiddenFile);
 
     {
         juce::FileOutputStream stream (replacement.getFile());
 
-        if (! stream.openedOk() || ! stream.write (text.toRawUTF8(), text.getNumBytesAsUTF8()))
-            return false;
-
-        stream.flush();
-
-        if (stream.getStatus().failed())
+        if (! stream.openedOk() || ! stream.write (text.toRawUTF8(), size))
             return false;
     }
+
+    // The stream counts a write that the disk cut short as a good one, so only the file tells.
+    if (replacement.getFile().getSize() != static_cast<juce::int64> (size))
+        return false;
 
     return replacement.overwriteTargetFileWithTemporary();
 }

@@ -1,0 +1,223 @@
+#include "tests/support/MessagePump.h"
+#include "tests/support/Pictures.h"
+#include "tests/support/Window.h"
+
+#include "ui_pro/chrome/ResizeHandleLookAndFeel.h"
+#include "ui_pro/overlays/SlideInOverlay.h"
+
+#include <gtest/gtest.h>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace quillon::ui_pro;
+
+class SlideInOverlayTest : public testing::Test
+{
+protected:
+    SlideInOverlayTest()
+    {
+        overlay.clock = [this]
+        {
+            ++timeAsked;
+            return now;
+        };
+        overlay.onOpened = [this] (juce::Component* content) { opened.push_back (content); };
+        overlay.setBounds (window.getLocalBounds());
+        window.addChildComponent (overlay);
+    }
+
+    /** Lets the time pass and one frame be drawn. */
+    void advance (double milliseconds)
+    {
+        now += milliseconds;
+        const auto before = timeAsked;
+        ASSERT_TRUE (pumpMessagesUntil ([&] { return timeAsked > before; }, 2000)) << "no animation runs";
+    }
+
+    void open (juce::Component& content)
+    {
+        overlay.show (&content);
+        advance (200);
+    }
+
+    double now = 1000.0;
+    int timeAsked = 0;
+    std::vector<juce::Component*> opened;
+    Window window { 400, 200 };
+    juce::Component first;
+    juce::Component second;
+    overlays::SlideInOverlay overlay;
+};
+
+TEST_F (SlideInOverlayTest, SlidesInFastThenSlowAndOutSlowThenFast)
+{
+    first.setWantsKeyboardFocus (true);
+    overlay.show (&first);
+    EXPECT_EQ (first.getBounds(), juce::Rectangle<int> (400, 0, 400, 200)); // just outside
+    EXPECT_TRUE (overlay.hasKeyboardFocus (false));
+
+    advance (100);
+    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f);
+    EXPECT_EQ (first.getX(), 50);
+    EXPECT_TRUE (opened.empty());
+
+    advance (100);
+    EXPECT_EQ (overlay.getProgress(), 1.0f);
+    EXPECT_FALSE (overlay.isAnimating());
+    EXPECT_EQ (first.getBounds(), overlay.getLocalBounds());
+    EXPECT_EQ (opened, std::vector<juce::Component*> { &first });
+    EXPECT_TRUE (first.hasKeyboardFocus (false));
+
+    overlay.close();
+    advance (80);
+    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f);
+    advance (80);
+    EXPECT_EQ (overlay.getProgress(), 0.0f);
+    EXPECT_FALSE (overlay.isVisible());
+    EXPECT_FALSE (first.isVisible());
+    EXPECT_EQ (overlay.getContent(), nullptr);
+    overlay.close(); // nothing to close
+    EXPECT_FALSE (overlay.isAnimating());
+}
+
+TEST_F (SlideInOverlayTest, ShowingWhatIsShownOrOpeningRestartsNothing)
+{
+    overlay.show (nullptr);
+    EXPECT_FALSE (overlay.isVisible());
+
+    overlay.show (&first);
+    advance (100);
+    overlay.show (&first);
+    advance (100);
+    EXPECT_EQ (overlay.getProgress(), 1.0f);
+
+    overlay.show (&first);
+    EXPECT_FALSE (overlay.isAnimating());
+    EXPECT_EQ (opened.size(), 1u);
+}
+
+TEST_F (SlideInOverlayTest, AnotherContentWaitsUntilTheFirstIsOut)
+{
+    open (first);
+    overlay.show (&second);
+    advance (80);
+    EXPECT_EQ (overlay.getContent(), &first);
+    overlay.show (&second); // does not begin the way out again
+    advance (80);
+    EXPECT_EQ (overlay.getContent(), &second);
+    EXPECT_FALSE (first.isVisible());
+    EXPECT_EQ (overlay.getProgress(), 0.0f);
+    EXPECT_TRUE (overlay.isVisible());
+
+    advance (200);
+    EXPECT_EQ (second.getBounds(), overlay.getLocalBounds());
+    EXPECT_EQ (opened.back(), &second);
+}
+
+TEST_F (SlideInOverlayTest, TheFirstComesBackWhenWantedWhileItLeaves)
+{
+    open (first);
+    overlay.show (&second);
+    advance (80);
+    overlay.show (&first);
+    advance (0);
+    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f); // from where it was
+    advance (200);
+    EXPECT_EQ (overlay.getContent(), &first);
+    EXPECT_FALSE (overlay.isAnimating()); // the other one is forgotten
+}
+
+TEST_F (SlideInOverlayTest, EscapeTurnsAnOpeningBackWithoutAJump)
+{
+    overlay.show (&first);
+    advance (100);
+    EXPECT_FALSE (window.pressKey (juce::KeyPress ('a')));
+    EXPECT_FALSE (window.pressKey (juce::KeyPress (juce::KeyPress::spaceKey)));
+    EXPECT_TRUE (window.pressKey (juce::KeyPress (juce::KeyPress::escapeKey)));
+    advance (0);
+    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f);
+    advance (80);
+    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f * (1.0f - 0.125f));
+    advance (80);
+    EXPECT_FALSE (overlay.isVisible());
+    EXPECT_TRUE (opened.empty());
+}
+
+TEST_F (SlideInOverlayTest, APressBesideTheContentClosesAndOneOnItDoesNot)
+{
+    overlay.show (&first);
+    advance (100); // the content begins at 50
+    window.click ({ 60, 100 });
+    advance (10);
+    EXPECT_GT (overlay.getProgress(), 0.875f);
+    window.click ({ 20, 100 });
+    advance (160);
+    EXPECT_FALSE (overlay.isVisible());
+
+    window.click ({ 20, 100 }); // hidden: takes no presses
+    EXPECT_FALSE (overlay.isAnimating());
+}
+
+TEST_F (SlideInOverlayTest, DimsByItsProgressAndGoesWithItsContent)
+{
+    const auto alpha = [this] { return paintPicture (overlay).getPixelAt (5, 5).getAlpha(); };
+    EXPECT_EQ (alpha(), 0);
+
+    {
+        juce::Component shortLived;
+        open (shortLived);
+        EXPECT_NEAR (alpha(), 0.55 * 255.0, 1.0);
+    }
+
+    EXPECT_FALSE (overlay.isVisible());
+    EXPECT_EQ (alpha(), 0);
+    open (first);
+    EXPECT_EQ (overlay.getContent(), &first);
+}
+
+TEST (SlideInOverlay, MayBeDeletedByItsCallbackOrInItsAnimation)
+{
+    Window window (100, 100);
+    juce::Component content;
+    auto overlay = std::make_unique<overlays::SlideInOverlay>();
+    overlay->clock = [time = 0.0]() mutable { return time += 150.0; };
+    overlay->onOpened = [&] (juce::Component*) { overlay.reset(); };
+    window.addAndMakeVisible (*overlay);
+    overlay->show (&content);
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return overlay == nullptr; }, 2000));
+    EXPECT_EQ (content.getParentComponent(), nullptr);
+
+    overlay = std::make_unique<overlays::SlideInOverlay>();
+    window.addAndMakeVisible (*overlay);
+    overlay->show (&content);
+    overlay.reset();
+    EXPECT_EQ (content.getParentComponent(), nullptr);
+}
+
+TEST (ResizeHandle, IsADotAndTwoStrokesWhoseColourTellsTheState)
+{
+    const auto draw = [] (bool over, bool dragging)
+    {
+        juce::Image picture (juce::Image::ARGB, 18, 18, true, juce::SoftwareImageType());
+        juce::Graphics g (picture);
+        chrome::ResizeHandleLookAndFeel().drawCornerResizer (g, 18, 18, over, dragging);
+        return picture;
+    };
+
+    const auto idle = draw (false, false);
+    EXPECT_GT (idle.getPixelAt (15, 15).getAlpha(), 8);  // the dot in the corner, over four pixels
+    EXPECT_GT (idle.getPixelAt (12, 12).getAlpha(), 20); // on the stroke from (10, 15) to (15, 10)
+    EXPECT_GT (idle.getPixelAt (10, 10).getAlpha(), 20); // on the stroke from (5, 15) to (15, 5)
+    EXPECT_EQ (idle.getPixelAt (7, 7).getAlpha(), 0);    // no third stroke
+    EXPECT_EQ (idle.getPixelAt (17, 17).getAlpha(), 0);
+
+    EXPECT_GT (draw (true, false).getPixelAt (12, 12).getAlpha(), idle.getPixelAt (12, 12).getAlpha());
+    const auto dragged = draw (true, true).getPixelAt (12, 12);
+    EXPECT_GT (dragged.getRed(), 2 * dragged.getBlue());
+}
+
+} // namespace
+} // namespace kestreleq::test

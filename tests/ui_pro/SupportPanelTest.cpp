@@ -1,0 +1,271 @@
+#include "tests/support/Window.h"
+
+#include "ui_pro/controls/SupportDiagnosticsPanel.h"
+#include "ui_pro/overlays/SlideInOverlay.h"
+
+#include <gtest/gtest.h>
+
+#if JUCE_LINUX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace quillon::ui_pro::controls;
+using Action = SupportDiagnosticsPanel::Action;
+
+const juce::Time noon (2026, 2, 1, 12, 0, 7, 45);
+
+DiagnosticsRecord exampleRecord()
+{
+    DiagnosticsRecord record;
+    record.pluginName = "Kestrel EQ";
+    record.version = "1.2.0";
+    record.format = "Standalone/VST3";
+    record.architecture = "x64";
+    record.type = "Audio Effect";
+    record.operatingSystem = "Windows 11";
+    record.cpu = juce::String::fromUTF8 ("Prozessor \xc2\xb5");
+    record.channelLayout = "2 in / 2 out";
+    record.ramMegabytes = 16384;
+    record.inputChannels = 2;
+    record.outputChannels = 2;
+    record.bufferSize = 512;
+    record.sampleRate = 44100.0;
+    record.supportLink = "mailto:help";
+    record.supportEmail = "help";
+    record.manualAddress = "manual";
+    record.quickStartAddress = "start";
+    return record;
+}
+
+juce::String storedReport()
+{
+    return "=== Kestrel EQ 1.2.0 - Diagnostics ===\n"
+           "Generated: 2026-03-01T12:00:07.045" +
+        noon.getUTCOffsetString (true) +
+        juce::String::fromUTF8 ("\n\n[About]\n"
+                                "  Plugin       : Kestrel EQ v1.2.0\n"
+                                "  Format       : Standalone/VST3\n"
+                                "  Architecture : x64\n"
+                                "  Type         : Audio Effect\n\n"
+                                "[System]\n"
+                                "  OS          : Windows 11\n"
+                                "  CPU         : Prozessor \xc2\xb5\n"
+                                "  RAM         : 16384 MB\n"
+                                "  Host        : Standalone\n"
+                                "  Sample rate : 44100.0 Hz\n"
+                                "  Buffer      : 512 samples\n"
+                                "  Channels    : 2 in / 2 out (in 2 / out 2)\n\n");
+}
+
+TEST (DiagnosticsReport, IsToTheLetter)
+{
+    auto record = exampleRecord();
+    EXPECT_EQ (makeDiagnosticsReport (record, noon), storedReport());
+    EXPECT_EQ (diagnosticsFileName (record, noon), "KestrelEQ-diagnostics-20260301-120007.txt");
+
+    record.host = "A host";
+    EXPECT_TRUE (makeDiagnosticsReport (record, noon).contains ("  Host        : A host\n"));
+}
+
+class ReportFileTest : public testing::Test
+{
+protected:
+    ReportFileTest() { folder.createDirectory(); }
+
+    ~ReportFileTest() override { folder.deleteRecursively(); }
+
+    const juce::File folder = juce::File::createTempFile ("");
+    const juce::File file = folder.getChildFile ("report.txt");
+};
+
+TEST_F (ReportFileTest, HasWindowsLineEndsAndNoMarkAndReplacesWhatWasThere)
+{
+    file.replaceWithText ("something longer than a report would ever be, on a single line");
+    EXPECT_TRUE (writeDiagnosticsReport (file, juce::String::fromUTF8 ("one\n\xc2\xb5\n")));
+
+    juce::MemoryBlock bytes;
+    file.loadFileAsData (bytes);
+    const char expected[] = "one\r\n\xc2\xb5\r\n";
+    EXPECT_EQ (std::string (static_cast<const char*> (bytes.getData()), bytes.getSize()), expected);
+    EXPECT_EQ (folder.getNumberOfChildFiles (juce::File::findFiles), 1); // no half-made one beside it
+}
+
+TEST_F (ReportFileTest, AForbiddenPlaceLeavesNothing)
+{
+    file.replaceWithText ("a file, not a folder");
+    EXPECT_FALSE (writeDiagnosticsReport (file.getChildFile ("report.txt"), "text"));
+    EXPECT_EQ (file.loadFileAsString(), "a file, not a folder");
+}
+
+#if JUCE_LINUX
+TEST_F (ReportFileTest, ADiskThatFillsUpLeavesTheOldFileWhole)
+{
+    file.replaceWithText ("old");
+
+    rlimit before {};
+    getrlimit (RLIMIT_FSIZE, &before);
+    auto limited = before;
+    limited.rlim_cur = 100; // the report is longer
+    const auto handler = std::signal (SIGXFSZ, SIG_IGN);
+    setrlimit (RLIMIT_FSIZE, &limited);
+    const auto written = writeDiagnosticsReport (file, storedReport());
+    setrlimit (RLIMIT_FSIZE, &before);
+    std::signal (SIGXFSZ, handler);
+
+    EXPECT_FALSE (written);
+    EXPECT_EQ (file.loadFileAsString(), "old");
+    EXPECT_EQ (folder.getNumberOfChildFiles (juce::File::findFiles + juce::File::ignoreHiddenFiles), 1);
+    EXPECT_EQ (folder.getNumberOfChildFiles (juce::File::findFiles), 1);
+}
+#endif
+
+class SupportPanelTest : public ReportFileTest
+{
+protected:
+    SupportPanelTest()
+    {
+        panel.services.now = [] { return noon; };
+        panel.services.copyText = [this] (const juce::String& text) { log.add ("copy " + text); };
+        panel.services.openAddress = [this] (const juce::String& address) { log.add ("open " + address); };
+        panel.services.openFolder = [this] (const juce::File& opened) { log.add ("show " + opened.getFileName()); };
+        panel.services.chooseFile = [this] (const juce::File& suggestion, auto done)
+        {
+            log.add ("choose " + suggestion.getFileName());
+            answerChooser = done;
+        };
+        panel.setHooks ({ [this] { log.add ("reset"); }, [this] { log.add ("close"); } });
+        panel.setRecord (exampleRecord());
+        panel.setSize (836, 429);
+    }
+
+    /** What a click on a button does; a disabled one gets none, as in the window. */
+    juce::String click (Action action)
+    {
+        log.clear();
+
+        if (auto& button = panel.getButton (action); button.isEnabled())
+            button.onClick();
+
+        return log.joinIntoString ("|");
+    }
+
+    /** What the rows of the current tab say. */
+    juce::String rows() const
+    {
+        juce::StringArray texts;
+
+        for (const auto* child : panel.getChildComponent (0)->getChildren())
+            if (child->getTitle().isNotEmpty())
+                texts.add (child->getTitle());
+
+        return texts.joinIntoString ("|");
+    }
+
+    juce::StringArray log;
+    std::function<void (const juce::File&)> answerChooser;
+    SupportDiagnosticsPanel panel;
+};
+
+TEST_F (SupportPanelTest, EachButtonDoesItsOneThing)
+{
+    auto record = exampleRecord();
+    record.configurationFolder = folder.getChildFile ("made");
+    panel.setRecord (record);
+
+    EXPECT_EQ (click (Action::copyDiagnostics), "copy " + storedReport());
+    EXPECT_EQ (click (Action::contactSupport), "open mailto:help");
+    EXPECT_EQ (click (Action::copyEmail), "copy help");
+    EXPECT_EQ (click (Action::resetDsp), "reset");
+    EXPECT_EQ (click (Action::openConfigFolder), "show made");
+    EXPECT_TRUE (record.configurationFolder.isDirectory());
+    EXPECT_EQ (click (Action::userManual), "open manual");
+    EXPECT_EQ (click (Action::quickStart), "open start");
+    EXPECT_EQ (click (Action::close), "close");
+}
+
+TEST_F (SupportPanelTest, WhatLeadsNowhereIsDisabledAndDoesNothing)
+{
+    panel.setRecord ({});
+    panel.setHooks ({});
+
+    for (const auto action : { Action::contactSupport, Action::copyEmail, Action::resetDsp, Action::openConfigFolder,
+             Action::userManual, Action::quickStart, Action::close })
+    {
+        EXPECT_FALSE (panel.getButton (action).isEnabled());
+        EXPECT_EQ (click (action), "");
+    }
+
+    panel.getButton (Action::contactSupport).onClick(); // even so
+    EXPECT_TRUE (log.isEmpty());
+}
+
+TEST_F (SupportPanelTest, SavesWhereTheUserSaysAndNothingWhenCancelled)
+{
+    EXPECT_EQ (click (Action::saveDiagnostics), "choose KestrelEQ-diagnostics-20260301-120007.txt");
+    answerChooser ({});
+    EXPECT_FALSE (file.exists());
+
+    click (Action::saveDiagnostics);
+    panel.setRecord ({}); // the report is of the moment of the press
+    answerChooser (file);
+    EXPECT_EQ (file.loadFileAsString(), storedReport().replace ("\n", "\r\n"));
+}
+
+TEST_F (SupportPanelTest, TheTabsTellTheRecord)
+{
+    using Tab = SupportDiagnosticsPanel::Tab;
+    EXPECT_EQ (rows(), "Plugin: Kestrel EQ  v1.2.0|Format: Standalone/VST3|Architecture: x64|Type: Audio Effect");
+    panel.setTab (Tab::system);
+    EXPECT_EQ (rows(),
+        juce::String::fromUTF8 ("OS: Windows 11|CPU: Prozessor \xc2\xb5|RAM: 16384 MB|Host: Standalone|"
+                                "Sample rate: 44100.0 Hz|Buffer: 512 samples|Channels: 2 in / 2 out  (in: 2, out: 2)"));
+    auto record = exampleRecord();
+    record.host = "A host";
+    panel.setRecord (record);
+    EXPECT_TRUE (rows().contains ("|Host: A host|"));
+    panel.setTab (Tab::privacy);
+    EXPECT_EQ (rows(), "Diagnostics are built locally on demand. The plugin makes no automatic network requests.");
+}
+
+TEST_F (SupportPanelTest, NothingOverlapsOrLeavesTheSheetAtAnySize)
+{
+    for (const auto size : { juce::Point<int> (836, 429), { 1338, 686 }, { 1672, 858 }, { 3344, 1716 } })
+    {
+        panel.setSize (size.x, size.y);
+        EXPECT_TRUE (panel.getLocalBounds().contains (panel.getSheetBounds().reduced (1)));
+        EXPECT_NEAR (panel.getSheetBounds().getRight(), size.x, 1);
+
+        const auto* sheet = panel.getChildComponent (0);
+        panel.setTab (SupportDiagnosticsPanel::Tab::system);
+
+        for (const auto* one : sheet->getChildren())
+        {
+            EXPECT_TRUE (sheet->getLocalBounds().contains (one->getBounds()));
+
+            for (const auto* other : sheet->getChildren())
+                EXPECT_TRUE (one == other || ! one->getBounds().intersects (other->getBounds()));
+        }
+    }
+}
+
+TEST_F (SupportPanelTest, APressBesideTheSheetReachesTheOverlay)
+{
+    Window window (836, 429);
+    quillon::ui_pro::overlays::SlideInOverlay overlay;
+    overlay.setBounds (window.getLocalBounds());
+    window.addChildComponent (overlay);
+    overlay.show (&panel);
+    panel.setBounds (overlay.getLocalBounds()); // as at the end of the way in
+
+    EXPECT_EQ (window.getComponentAt (20, 200), &overlay);
+    EXPECT_NE (window.getComponentAt (800, 20), &overlay);
+}
+
+} // namespace
+} // namespace kestreleq::test
