@@ -8,6 +8,7 @@ std::unique_ptr<GallerySheet> makeGallery()
     auto sheet = std::make_unique<GallerySheet>();
     addPrimitives (*sheet);
     addControls (*sheet);
+    addPanels (*sheet);
     return sheet;
 }
 

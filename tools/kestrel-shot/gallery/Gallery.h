@@ -7,6 +7,7 @@ namespace kestreleq::shot
 
 // Each adds the controls of one family in all their states.
 void addControls (GallerySheet& sheet);
+void addPanels (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
