@@ -13,6 +13,7 @@ public:
     {
         auto* const counter = new RepaintCounter;
         component.setCachedComponentImage (counter);
+        counter->clear(); // of the change of the cache itself
         return *counter;
     }
 

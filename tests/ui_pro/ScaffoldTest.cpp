@@ -67,7 +67,7 @@ public:
 
     void set (const char* id, float value) { tree.getParameter (id)->setValueNotifyingHost (value); }
 
-    juce::StringArray take() { return std::exchange (events, {}); }
+    std::string take() { return std::exchange (events, {}).joinIntoString (" ").toStdString(); }
 
     juce::UndoManager undo;
     juce::StringArray events;
@@ -97,7 +97,7 @@ private:
         events.add (juce::String (value, 2));
     }
 
-    void audioProcessorChanged (AudioProcessor*, const ChangeDetails&) override {}
+    void audioProcessorChanged (AudioProcessor*, const AudioProcessorListener::ChangeDetails&) override {}
 
     void audioProcessorParameterChangeGestureBegin (AudioProcessor*, int) override { events.add ("begin"); }
 
@@ -133,8 +133,6 @@ struct Rig
     std::optional<EffectEditorScaffold> scaffold;
 };
 
-using Events = juce::StringArray;
-
 TEST (Scaffold, LaysOutItsPanels)
 {
     Rig rig;
@@ -166,11 +164,11 @@ TEST (Scaffold, AKnobShowsItsParameterAndIsOneGesturePerDrag)
     mouse.drag ({ 10.0f, 15.0f });
     mouse.drag ({ 10.0f, -20.0f });
     mouse.up ({ 10.0f, -20.0f });
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "0.50", "0.75", "end", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< begin 0.50 0.75 end >");
     EXPECT_EQ (knob.getValueText(), "6.0 dB");
 
     knob.triggerReset();
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "0.63", "end", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< begin 0.62 end >");
     EXPECT_EQ (knob.getValueText(), "3.0 dB");
 }
 
@@ -193,18 +191,18 @@ TEST (Scaffold, ASwitchIsOneGesturePerClickAndNoneWhenTheHostMovesIt)
     Rig rig;
     auto& link = rig.scaffold->getGlobalPanel().getLink();
     Mouse (link).click ({ 5.0f, 5.0f });
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "1.00", "end", "link", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< begin 1.00 end link >");
     EXPECT_TRUE (link.getToggleState());
 
     rig.processor.set ("link", 0.0f);
     EXPECT_FALSE (link.getToggleState());
-    EXPECT_EQ (rig.processor.take(), (Events { "0.00", "link" }));
+    EXPECT_EQ (rig.processor.take(), "link 0.00");
 
     Mouse (rig.scaffold->getGlobalPanel().getMsMode()).click ({ 5.0f, 5.0f });
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "1.00", "end", "ms", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< begin 1.00 end ms >");
 
     link.setToggleState (true, juce::dontSendNotification); // a refresh
-    EXPECT_EQ (rig.processor.take(), Events {});
+    EXPECT_EQ (rig.processor.take(), "");
 }
 
 TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
@@ -212,6 +210,7 @@ TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
     Rig rig;
     controls::PowerButton power (juce::Colours::green);
     power.setSize (26, 26);
+    power.setVisible (true);
     std::unique_ptr<juce::ParameterAttachment> slot;
     power.onClick = [&] { rig.processor.events.add ("previous"); };
     rig.scaffold->wireLaneEnableButton ("bypass", power, slot, [&] { rig.processor.events.add ("changed"); });
@@ -219,11 +218,10 @@ TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
 
     Mouse (power).click ({ 5.0f, 5.0f });
     EXPECT_EQ (rig.processor.get ("bypass"), 1.0f);
-    rig.processor.events.removeString ("ms");
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "previous", "begin", "1.00", "end", "changed", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< previous begin 1.00 end changed >");
     rig.processor.set ("bypass", 0.0f);
     EXPECT_TRUE (power.getToggleState());
-    EXPECT_EQ (rig.processor.take(), (Events { "0.00" }));
+    EXPECT_EQ (rig.processor.take(), "0.00");
 }
 
 TEST (Scaffold, WhatIsNotNamedStaysUnconnectedAndIsPainted)
@@ -233,7 +231,7 @@ TEST (Scaffold, WhatIsNotNamedStaysUnconnectedAndIsPainted)
     EXPECT_EQ (section.getGain1().onDragStart, nullptr);
     EXPECT_EQ (section.getGain1().getValueText(), "50%");
     Mouse (rig.scaffold->getGlobalPanel().getBypass()).click ({ 5.0f, 5.0f });
-    EXPECT_EQ (rig.processor.take(), Events {});
+    EXPECT_EQ (rig.processor.take(), "");
 
     Rig named;
     EXPECT_EQ (named.scaffold->getInputOutputPanel().getOutput().getGain1().onDragStart, nullptr)
@@ -263,7 +261,7 @@ TEST (Scaffold, LanesShowAndSetTheChannelModeInPairs)
     EXPECT_EQ (lanes.getModeSelector (1).getButtonText(), "STEREO");
 
     lanes.getModeSelector (1).choose (controls::LaneMode::mid);
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "0.50", "end", ">" })); // the first lane's side
+    EXPECT_EQ (rig.processor.take(), "< begin 0.50 end >"); // the first lane's side
     EXPECT_EQ (lanes.getModeSelector (0).getButtonText(), "SIDE");
 
     lanes.getModeSelector (0).choose (controls::LaneMode::stereo);
@@ -275,7 +273,7 @@ TEST (Scaffold, AGestureEndsWithTheScaffold)
     Rig rig;
     Mouse (rig.scaffold->getInputOutputPanel().getInput().getGain1()).down ({ 10.0f, 50.0f });
     rig.scaffold.reset();
-    EXPECT_EQ (rig.processor.take(), (Events { "<", "begin", "end", ">" }));
+    EXPECT_EQ (rig.processor.take(), "< begin end >");
 }
 
 /** No control of a panel lies over another one or outside. */
@@ -323,8 +321,9 @@ TEST (Panels, LookAsStored)
     rig.scaffold->setSize (260, 704);
     EXPECT_TRUE (looksAsStored (*rig.scaffold, "side-panels"));
 
+    const auto picture = paintPicture (*rig.scaffold);
     rig.processor.set ("bypass", 1.0f);
-    EXPECT_FALSE (looksAsStored (*rig.scaffold, "side-panels"));
+    EXPECT_FALSE (looksLike (paintPicture (*rig.scaffold), picture));
 }
 
 TEST (HeaderBar, PlacesToolsInTheSlotsAndShowsTheDefaultPresetUntilThere)

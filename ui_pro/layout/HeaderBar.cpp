@@ -81,16 +81,9 @@ void HeaderBar::place (juce::Component& child, juce::Rectangle<int> slot)
         children.push_back ({ &child, slot });
 
     addAndMakeVisible (child);
-    child.setBounds (slot - getPosition());
+    child.setBounds (slot);
     layer.invalidate();
     repaint();
-}
-
-void HeaderBar::resized()
-{
-    for (const auto& child : children)
-        if (child.component != nullptr)
-            child.component->setBounds (child.slot - getPosition());
 }
 
 void HeaderBar::paint (juce::Graphics& g)
@@ -125,7 +118,7 @@ void HeaderBar::paintBar (juce::Graphics& g) const
 
     if (! isTaken (theme.header.presetSelector))
     {
-        const auto slot = (theme.header.presetSelector - getPosition()).toFloat();
+        const auto slot = theme.header.presetSelector.toFloat();
         primitives::fillPanel (g, slot, palette.surface3, 5.0f);
         g.setFont (style::boldFont (13.0f));
         g.setColour (palette.textSecondary);
@@ -139,7 +132,7 @@ void HeaderBar::paintNames (juce::Graphics& g) const
     const auto& palette = theme.palette();
     const auto height = getHeight();
     const auto middle = height / 2;
-    const auto limit = theme.header.spare.getX() - getX() - dividerGap;
+    const auto limit = theme.header.spare.getX() - dividerGap;
 
     const auto brandFont = style::boldFont (brandSize).withExtraKerningFactor (brandTracking);
     auto x = drawFrom (g, namesX, limit, { 0, height }, brandFont, palette.textPrimary, brand) + dividerGap;

@@ -32,12 +32,11 @@ public:
     /** What a preset is called that has no name; the header shows it until a preset selector has its place. */
     const juce::String& getDefaultPresetName() const { return defaultPresetName; }
 
-    /** Shows a component, which is not owned, in a rectangle measured from the canvas, such as a slot of the theme. A
+    /** Shows a component, which is not owned, in a rectangle measured from the bar, such as a slot of the theme. A
         second call moves it. */
     void place (juce::Component& child, juce::Rectangle<int> slot);
 
     void paint (juce::Graphics& g) override;
-    void resized() override;
 
 private:
     struct Placed
