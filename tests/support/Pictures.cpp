@@ -59,6 +59,11 @@ int countDifferentPixels (const juce::Image& a, const juce::Image& b, int tolera
     return count;
 }
 
+bool looksLike (const juce::Image& a, const juce::Image& b)
+{
+    return countDifferentPixels (a, b, antialiasing) < fewestForAMark;
+}
+
 testing::AssertionResult looksAsStored (juce::Component& component, const juce::String& name)
 {
     const auto picture = paintPicture (component);

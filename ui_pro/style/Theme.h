@@ -24,6 +24,9 @@ struct Theme
     /** The colour of a role; the brand accent for 0 and for anything outside the table. */
     static juce::Colour accentForId (AccentColorRole role);
 
+    /** The first role that has this colour; the brand accent for a colour outside the table. */
+    static AccentColorRole roleOf (juce::Colour colour);
+
     /** How much larger than the design canvas an area is: the smaller ratio of the two sides; 1 for an empty area. */
     static float scaleFor (juce::Rectangle<int> area);
 

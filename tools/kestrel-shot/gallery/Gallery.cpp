@@ -14,6 +14,7 @@ std::unique_ptr<GallerySheet> makeGallery()
     addMeters (*sheet);
     addCharts (*sheet);
     addFooter (*sheet);
+    addPanels (*sheet);
     return sheet;
 }
 

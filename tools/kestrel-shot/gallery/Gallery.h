@@ -10,6 +10,7 @@ void addCharts (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
 void addFooter (GallerySheet& sheet);
 void addMeters (GallerySheet& sheet);
+void addPanels (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 void addPresets (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);

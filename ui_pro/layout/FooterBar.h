@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui_pro/primitives/CachedLayer.h"
+
+namespace quillon::ui_pro::layout
+{
+
+/** The strip below an editor, on which the editor places its read-outs. */
+class FooterBar final : public juce::Component
+{
+public:
+    FooterBar();
+
+    void paint (juce::Graphics& g) override;
+
+private:
+    primitives::CachedLayer layer;
+};
+
+} // namespace quillon::ui_pro::layout
