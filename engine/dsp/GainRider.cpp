@@ -1,5 +1,7 @@
 #include "engine/dsp/GainRider.h"
 
+#include "engine/dsp/simd/Kernels.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -18,6 +20,21 @@ constexpr double gateLevel = -80.0; // the gain holds still at and below this le
 double limitedOr (double fallback, double value, double least, double greatest)
 {
     return std::isfinite (value) ? std::clamp (value, least, greatest) : fallback;
+}
+
+/** Adds the squares of the samples that are finite, and counts them. */
+void addFinite (const float* samples, int numSamples, double& sum, std::int64_t& count)
+{
+    for (int n = 0; n < numSamples; ++n)
+    {
+        const auto x = static_cast<double> (samples[n]);
+
+        if (std::isfinite (x))
+        {
+            sum += x * x;
+            ++count;
+        }
+    }
 }
 
 } // namespace
@@ -59,15 +76,17 @@ double GainRider::levelOf (std::span<float* const> channels, int numSamples) con
 
     for (const auto* channel : channels)
     {
-        for (int n = 0; n < numSamples; ++n)
-        {
-            const auto x = static_cast<double> (channel[n]);
+        const auto power = simd::bestKernels().measure (channel, channel, numSamples).first;
 
-            if (std::isfinite (x))
-            {
-                sum += x * x;
-                ++count;
-            }
+        // The squares of finite samples cannot add up to anything else.
+        if (std::isfinite (power))
+        {
+            sum += power;
+            count += numSamples;
+        }
+        else
+        {
+            addFinite (channel, numSamples, sum, count);
         }
     }
 
