@@ -27,16 +27,19 @@ double coefficient (float value)
     return static_cast<double> (value);
 }
 
-void writeStages (simd::EnginePlan& plan, int chain, std::span<const SectionSettings> stages, double sampleRate)
+/** Writes a chain's filters; the last one carries the gain by which the residue is mixed in. */
+void writeStages (
+    simd::EnginePlan& plan, int chain, std::span<const SectionSettings> stages, double mix, double sampleRate)
 {
     for (std::size_t i = 0; i < simd::numBreakStages; ++i)
     {
         auto& set = plan.breakStages[i];
 
-        if (i >= stages.size())
+        if (i < stages.size())
+            writeSection (set, chain, designSection (stages[i], sampleRate).value_or (BiquadCoefficients {}),
+                i + 1 == stages.size() ? mix : 1.0);
+        else
             writePassThrough (set, chain);
-        else if (const auto section = designSection (stages[i], sampleRate))
-            writeSection (set, chain, *section);
     }
 }
 
@@ -45,12 +48,13 @@ double cubed (float drive)
     return std::pow (std::clamp (static_cast<double> (drive), 0.0, 1.0), driveExponent);
 }
 
-/** Whether any state of a chain's filters is above a magnitude. */
-bool isRinging (const simd::EngineState& state, int chain, double magnitude)
+/** Whether a chain's filters remember anything that counts. */
+bool isRinging (const simd::EngineState& state, int chain)
 {
     return std::any_of (std::begin (state.breakStages), std::end (state.breakStages),
-        [=] (const auto& stage)
-        { return ! (std::abs (stage.first[chain]) <= magnitude && std::abs (stage.second[chain]) <= magnitude); });
+        [=] (const auto& stage) {
+            return ! (std::abs (stage.first[chain]) <= smallestTail && std::abs (stage.second[chain]) <= smallestTail);
+        });
 }
 
 void rest (simd::EngineState& state, int chain)
@@ -74,16 +78,14 @@ void BreakProcessor::prepare (simd::EnginePlan& plan, double sampleRate)
             plan.square[chain] = coefficient (row.shaperSquare);
             plan.cube[chain] = coefficient (row.shaperCube);
             plan.fourth[chain] = 0.0;
-            plan.mix[chain] = std::pow (10.0, row.breakMixExponent);
-            writeStages (plan, chain, row.breakSections(), sampleRate);
+            writeStages (plan, chain, row.breakSections(), std::pow (10.0, row.breakMixExponent), sampleRate);
         }
 
         const auto air = chainOf (lane, numBands);
         plan.square[air] = coefficient (0.08f);
         plan.cube[air] = 0.0;
         plan.fourth[air] = coefficient (0.02f);
-        plan.mix[air] = std::pow (10.0, airMixDecibels / 20.0);
-        writeStages (plan, air, airBreakFilter, sampleRate);
+        writeStages (plan, air, airBreakFilter, std::pow (10.0, airMixDecibels / 20.0), sampleRate);
     }
 
     gateStep = 1.0 / (airGateSeconds * sampleRate);
@@ -96,15 +98,21 @@ void BreakProcessor::reset (simd::EngineState& state)
 
     for (auto& gate : gates)
         gate.value = 0.0;
+
+    ringing = 0;
 }
 
 void BreakProcessor::setDrive (
     simd::EnginePlan& plan, std::size_t lane, const std::array<float, numBands>& weights, float airAmount, bool bypass)
 {
-    for (std::size_t i = 0; i < numBands; ++i)
-        plan.drive[chainOf (lane, i)] = cubed (weights[i]);
+    for (std::size_t i = 0; i <= numBands; ++i)
+    {
+        const auto chain = chainOf (lane, i);
+        const auto bit = 1u << chain;
+        plan.drive[chain] = cubed (i < numBands ? weights[i] : airAmount);
+        driven = plan.drive[chain] != 0.0 ? driven | bit : driven & ~bit;
+    }
 
-    plan.drive[chainOf (lane, numBands)] = cubed (airAmount);
     gates[lane].open = airAmount > airGateThreshold;
     gates[lane].frozen = bypass;
 }
@@ -150,22 +158,32 @@ simd::BreakChunk BreakProcessor::begin (const simd::EnginePlan& plan, simd::Engi
     simd::BreakChunk chunk {};
     moveGates (chunk, numSamples);
 
+    const auto candidates = driven | ringing;
+
     for (int chain = 0; chain < simd::numChains; ++chain)
     {
         const auto lane = static_cast<std::size_t> (chain % 2);
         const auto bit = 1u << chain;
-        const bool shaping = plan.drive[chain] != 0.0 || state.shaped1[chain] != 0.0 || state.shaped2[chain] != 0.0;
 
-        if (gates[lane].frozen || (chain >= simd::firstAirChain && ! (gateRows[2 + lane] > 0.0)))
+        if ((candidates & bit) == 0 || gates[lane].frozen ||
+            (chain >= simd::firstAirChain && ! (gateRows[2 + lane] > 0.0)))
             continue;
+
+        const bool shaping = plan.drive[chain] != 0.0 || state.shaped1[chain] != 0.0 || state.shaped2[chain] != 0.0;
 
         if (shaping)
             chunk.shaping |= bit;
 
-        if (shaping || isRinging (state, chain, smallestTail))
+        if (shaping || isRinging (state, chain))
+        {
             chunk.running |= bit;
-        else if (isRinging (state, chain, 0.0))
+            ringing |= bit;
+        }
+        else
+        {
             rest (state, chain);
+            ringing &= ~bit;
+        }
     }
 
     return chunk;

@@ -51,6 +51,8 @@ private:
 
     std::array<Gate, numLanes> gates;
     double gateStep = 0.0;
+    unsigned driven = 0;  // a bit for each chain with a drive
+    unsigned ringing = 0; // and for each that may not be at rest
     alignas (32) double gateRows[gateRow * simd::chunkSize] = {};
 };
 

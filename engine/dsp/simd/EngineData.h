@@ -60,8 +60,7 @@ struct alignas (32) EnginePlan
     double square[numChains]; // the shapers' coefficients
     double cube[numChains];
     double fourth[numChains];
-    double mix[numChains];
-    SectionSet<numChains> breakStages[numBreakStages];
+    SectionSet<numChains> breakStages[numBreakStages]; // the last of a chain mixes it in
 
     bool midSide;
     bool bypass[2];

@@ -12,6 +12,8 @@ namespace
 /** Four doubles in one register; see FourSse2.h, which says what each operation does. */
 struct Four
 {
+    static constexpr int size = 4;
+
     __m256d v;
 
     static Four load (const double* p) { return { _mm256_loadu_pd (p) }; }
@@ -93,6 +95,8 @@ inline Four whereAny (Four a, Four b, Four c, Four x)
     const auto bits = _mm256_or_pd (_mm256_or_pd (a.v, b.v), c.v);
     return { _mm256_and_pd (_mm256_cmp_pd (bits, _mm256_setzero_pd(), _CMP_NEQ_UQ), x.v) };
 }
+
+using BreakVector = Four;
 
 inline unsigned nonZero (Four a, Four b)
 {

@@ -7,9 +7,11 @@ namespace kestreleq::dsp::simd
 namespace
 {
 
-/** Four doubles in two registers; also what a comparison gives, all bits or none. */
+/** Four doubles in two registers. */
 struct Four
 {
+    static constexpr int size = 4;
+
     __m128d l, h;
 
     static Four load (const double* p) { return { _mm_load_pd (p), _mm_load_pd (p + 2) }; }
@@ -42,15 +44,6 @@ struct Four
 
     /** Each pair's elements exchanged. */
     Four swapped() const { return { _mm_shuffle_pd (l, l, 1), _mm_shuffle_pd (h, h, 1) }; }
-
-    Four magnitude() const
-    {
-        const auto sign = _mm_set1_pd (-0.0);
-        return { _mm_andnot_pd (sign, l), _mm_andnot_pd (sign, h) };
-    }
-
-    /** One bit for each element's sign. */
-    unsigned bits() const { return static_cast<unsigned> (_mm_movemask_pd (l) | _mm_movemask_pd (h) << 2); }
 };
 
 inline Four operator+ (Four a, Four b)
@@ -68,32 +61,6 @@ inline Four operator* (Four a, Four b)
     return { _mm_mul_pd (a.l, b.l), _mm_mul_pd (a.h, b.h) };
 }
 
-inline Four operator/ (Four a, Four b)
-{
-    return { _mm_div_pd (a.l, b.l), _mm_div_pd (a.h, b.h) };
-}
-
-inline Four operator& (Four a, Four b)
-{
-    return { _mm_and_pd (a.l, b.l), _mm_and_pd (a.h, b.h) };
-}
-
-inline Four atLeast (Four a, Four b)
-{
-    return { _mm_cmpge_pd (a.l, b.l), _mm_cmpge_pd (a.h, b.h) };
-}
-
-inline Four smaller (Four a, Four b)
-{
-    return { _mm_min_pd (a.l, b.l), _mm_min_pd (a.h, b.h) };
-}
-
-inline Four select (Four mask, Four yes, Four no)
-{
-    return { _mm_or_pd (_mm_and_pd (mask.l, yes.l), _mm_andnot_pd (mask.l, no.l)),
-        _mm_or_pd (_mm_and_pd (mask.h, yes.h), _mm_andnot_pd (mask.h, no.h)) };
-}
-
 inline Four lowerOf (Four a, Four b)
 {
     return { _mm_unpacklo_pd (a.l, b.l), _mm_unpacklo_pd (a.h, b.h) };
@@ -103,6 +70,9 @@ inline Four whereAny (Four a, Four b, Four c, Four x)
 {
     return { whereAny (a.low(), b.low(), c.low(), x.low()).v, whereAny (a.high(), b.high(), c.high(), x.high()).v };
 }
+
+/** What the break stage works on: it has too much at hand for two registers of each. */
+using BreakVector = Pair;
 
 inline unsigned nonZero (Four a, Four b)
 {

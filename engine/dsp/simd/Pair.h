@@ -10,9 +10,11 @@ namespace kestreleq::dsp::simd
 namespace
 {
 
-/** Two doubles, one of each lane. */
+/** Two doubles, one of each lane; also what a comparison gives, all bits or none. */
 struct Pair
 {
+    static constexpr int size = 2;
+
     __m128d v;
 
     static Pair load (const double* p) { return { _mm_load_pd (p) }; }
@@ -22,6 +24,11 @@ struct Pair
     void store (double* p) const { _mm_store_pd (p, v); }
 
     Pair swapped() const { return { _mm_shuffle_pd (v, v, 1) }; }
+
+    Pair magnitude() const { return { _mm_andnot_pd (_mm_set1_pd (-0.0), v) }; }
+
+    /** One bit for each element's sign. */
+    unsigned bits() const { return static_cast<unsigned> (_mm_movemask_pd (v)); }
 };
 
 inline Pair operator+ (Pair a, Pair b)
@@ -37,6 +44,31 @@ inline Pair operator- (Pair a, Pair b)
 inline Pair operator* (Pair a, Pair b)
 {
     return { _mm_mul_pd (a.v, b.v) };
+}
+
+inline Pair operator/ (Pair a, Pair b)
+{
+    return { _mm_div_pd (a.v, b.v) };
+}
+
+inline Pair operator& (Pair a, Pair b)
+{
+    return { _mm_and_pd (a.v, b.v) };
+}
+
+inline Pair atLeast (Pair a, Pair b)
+{
+    return { _mm_cmpge_pd (a.v, b.v) };
+}
+
+inline Pair smaller (Pair a, Pair b)
+{
+    return { _mm_min_pd (a.v, b.v) };
+}
+
+inline Pair select (Pair mask, Pair yes, Pair no)
+{
+    return { _mm_or_pd (_mm_and_pd (mask.v, yes.v), _mm_andnot_pd (mask.v, no.v)) };
 }
 
 /** The lower element of each. */

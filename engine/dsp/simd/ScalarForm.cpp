@@ -12,7 +12,7 @@ namespace kestreleq::dsp::simd
 namespace
 {
 
-/** One step of section i of a set: its output, and whether that is anything. An input or state that is not finite
+/** One step of section i of a set. An input or state that is not finite
     clears the state and gives 0. */
 template <unsigned count>
 double advance (const SectionSet<count>& set, SectionMemory<count>& memory, int i, double x)
@@ -44,18 +44,18 @@ struct ChainOutput
     double all;
 };
 
-ChainOutput advanceChain (const EnginePlan& plan, EngineState& state, int chain, double x)
+ChainOutput advanceChain (const EnginePlan& plan, EngineState& state, int chain, double x, bool isFinite)
 {
     constexpr auto nothing = std::numeric_limits<double>::quiet_NaN();
 
     // The air passes on what is not finite and forgets nothing for it; a band drops it.
-    if (! std::isfinite (x) && chain >= firstAirChain)
+    if (! isFinite && chain >= firstAirChain)
         return { nothing, nothing };
 
     const auto fromState = plan.weight[chain] * state.tone.first[chain];
     advance (plan.tone, state.tone, chain, x);
 
-    if (! std::isfinite (x))
+    if (! isFinite)
         return { 0.0, 0.0 };
 
     return { fromState, plan.weightedDirect[chain] * x + fromState };
@@ -73,7 +73,7 @@ double advanceBreak (const EnginePlan& plan, EngineState& state, int chain, doub
     for (int stage = 0; stage < numBreakStages; ++stage)
         residue = advance (plan.breakStages[stage], state.breakStages[stage], chain, residue);
 
-    return residue * plan.mix[chain];
+    return residue;
 }
 
 /** One sample of a lane's tone bank and break stage. The chains are summed in two halves, as the others have it. */
@@ -82,11 +82,12 @@ double toneSample (
 {
     double sums[2] = {};
     double residues[2] = {};
+    const bool isFinite = std::isfinite (x);
 
     for (int i = 0; i < numChains / 2; ++i)
     {
         const int chain = 2 * i + lane;
-        const auto output = advanceChain (plan, state, chain, x);
+        const auto output = advanceChain (plan, state, chain, x, isFinite);
         sums[i % 2] += output.fromState;
 
         if (breakChunk == nullptr || (breakChunk->running >> chain & 1u) == 0)

@@ -4,7 +4,7 @@
 // times Four.
 
 #include "engine/dsp/simd/Kernels.h"
-#include "engine/dsp/simd/VectorShaper.h"
+#include "engine/dsp/simd/VectorBreak.h"
 #include "engine/dsp/simd/VectorTransfer.h"
 
 #include <string.h>
@@ -13,8 +13,6 @@ namespace kestreleq::dsp::simd
 {
 namespace
 {
-
-constexpr int width = 4;
 
 /** A chunk on its way through the engine, as pairs. */
 struct ChunkBuffers
@@ -99,95 +97,6 @@ void runTone (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffers,
     tone.store (state.tone);
 }
 
-/** The break stage of four chains, from the i-th. */
-template <bool asleep, unsigned numStages, bool hasFourth>
-void runBreak (
-    const EnginePlan& plan, EngineState& state, const BreakChunk& chunk, int i, ChunkBuffers& buffers, int numSamples)
-{
-    const auto drive = Four::load (plan.drive + i);
-    const auto mix = Four::load (plan.mix + i);
-    Shapers<hasFourth> shapers (ShaperCurves::load (plan, i), Four::load (state.shaped1 + i),
-        Four::load (state.shaped2 + i), chunk.shaping >> i & 0xfu);
-    Sections<Four> stages[numStages];
-    Four antiDenormal[numStages];
-
-    // What does not run stays as it is.
-    alignas (32) double ones[width];
-
-    for (int k = 0; k < width; ++k)
-        ones[k] = (chunk.running >> (i + k) & 1u) != 0 ? 1.0 : 0.0;
-
-    const auto running = atLeast (Four::load (ones), Four::all (1.0));
-
-    for (unsigned stage = 0; stage < numStages; ++stage)
-    {
-        stages[stage] = Sections<Four>::load (state.breakStages[stage], i);
-        antiDenormal[stage] = Four::load (plan.breakStages[stage].antiDenormal + i) & running;
-    }
-
-    const auto* signals = buffers.signals + i;
-    const auto* gate = chunk.gate;
-
-    for (int n = 0; n < numSamples; ++n, signals += numChains)
-    {
-        const auto u = drive * Four::load (signals);
-        auto residue = shapers.process (u) - u;
-
-        for (unsigned stage = 0; stage < numStages; ++stage)
-        {
-            const auto y = Four::load (plan.breakStages[stage].direct + i) * residue + stages[stage].first;
-            stages[stage].template advance<asleep> (plan.breakStages[stage], i, residue, antiDenormal[stage]);
-            residue = y;
-        }
-
-        residue = residue * mix;
-
-        if constexpr (hasFourth)
-        {
-            residue = residue * Four::load (gate);
-            gate += chunk.gateStride;
-        }
-
-        auto* const sum = buffers.residues + width * n;
-        (Four::load (sum) + residue).store (sum);
-    }
-
-    const auto keep = [running] (Four x, double* memory) { select (running, x, Four::load (memory)).store (memory); };
-    keep (shapers.lastInput(), state.shaped1 + i);
-    keep (shapers.inputBeforeLast(), state.shaped2 + i);
-
-    for (unsigned stage = 0; stage < numStages; ++stage)
-    {
-        keep (stages[stage].first, state.breakStages[stage].first + i);
-        keep (stages[stage].second, state.breakStages[stage].second + i);
-    }
-}
-
-template <unsigned numStages, bool hasFourth>
-void runBreak (
-    const EnginePlan& plan, EngineState& state, const BreakChunk& chunk, int i, ChunkBuffers& buffers, int numSamples)
-{
-    const auto running = chunk.running >> i & 0xfu;
-
-    if (running == 0)
-        return;
-
-    bool asleep = false;
-
-    for (unsigned stage = 0; stage < numStages; ++stage)
-    {
-        const auto& memory = state.breakStages[stage];
-        const auto live = nonZero (Four::load (plan.breakStages[stage].antiDenormal + i), Four::zero());
-        const auto awake = nonZero (Four::load (memory.first + i), Four::load (memory.second + i));
-        asleep = asleep || (live & running & ~awake) != 0;
-    }
-
-    if (asleep)
-        runBreak<true, numStages, hasFourth> (plan, state, chunk, i, buffers, numSamples);
-    else
-        runBreak<false, numStages, hasFourth> (plan, state, chunk, i, buffers, numSamples);
-}
-
 template <bool asleep, bool midSide>
 void runOutput (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffers, int numSamples)
 {
@@ -218,9 +127,7 @@ void run (const EnginePlan& plan, EngineState& state, const BreakChunk* chunk, C
     }
 
     runTone<asleep> (plan, state, buffers, numSamples);
-    runBreak<2, false> (plan, state, *chunk, 0, buffers, numSamples);
-    runBreak<2, false> (plan, state, *chunk, width, buffers, numSamples);
-    runBreak<3, true> (plan, state, *chunk, 2 * width, buffers, numSamples);
+    runBreak<0> (plan, state, *chunk, buffers.signals, buffers.residues, numSamples);
     runOutput<asleep, midSide> (plan, state, buffers, numSamples);
 }
 

@@ -1,50 +1,33 @@
 #pragma once
 
-// dsp::Waveshaper, four at a time.
+// dsp::Waveshaper, as many at a time as a register holds.
 
 #include "engine/dsp/simd/VectorSteps.h"
-
-#if defined(_MSC_VER)
-#define KESTREL_NOINLINE __declspec(noinline)
-#else
-#define KESTREL_NOINLINE __attribute__ ((noinline))
-#endif
 
 namespace kestreleq::dsp::simd
 {
 namespace
 {
 
-struct ShaperCurves
+template <typename Vector>
+Vector scaled (Vector x, double by)
 {
-    Four a, b, c;
-
-    static ShaperCurves load (const EnginePlan& plan, int i)
-    {
-        return { Four::load (plan.square + i), Four::load (plan.cube + i), Four::load (plan.fourth + i) };
-    }
-};
-
-inline Four smallestStep()
-{
-    return Four::all (1e-5);
+    return x * Vector::all (by);
 }
 
-inline Four isStep (Four difference)
+template <typename Vector>
+Vector isStep (Vector difference)
 {
-    return atLeast (difference.magnitude(), smallestStep());
+    return atLeast (difference.magnitude(), Vector::all (1e-5));
 }
 
-inline Four scaled (Four x, double by)
-{
-    return x * Four::all (by);
-}
-
+/** Sums of the products of two points, by degree. */
+template <typename Vector>
 struct DifferenceSums
 {
-    Four one, two, three, four, five;
+    Vector one, two, three, four, five;
 
-    DifferenceSums (Four p, Four q)
+    DifferenceSums (Vector p, Vector q)
     {
         const auto q2 = q * q;
         const auto q3 = q2 * q;
@@ -55,111 +38,193 @@ struct DifferenceSums
         four = p * three + q4;
         five = p * four + q4 * q;
     }
+};
 
-    Four first (const ShaperCurves& k) const
+template <typename Vector>
+struct ShaperCurves
+{
+    Vector a, b, c;
+
+    ShaperCurves (const EnginePlan& plan, int i)
+        : a (Vector::load (plan.square + i)),
+          b (Vector::load (plan.cube + i)),
+          c (Vector::load (plan.fourth + i))
     {
-        return scaled (one, 1.0 / 2.0) +
-            (scaled (k.a, 1.0 / 3.0) * two + (scaled (k.b, 1.0 / 4.0) * three + scaled (k.c, 1.0 / 5.0) * four));
     }
 
-    Four ofSecond (const ShaperCurves& k) const
+    /** The output for an input and the two before it, whatever the steps between them. */
+    Vector shape (Vector x, Vector before, Vector beforeThat) const
     {
-        return scaled (two, 1.0 / 6.0) +
-            (scaled (k.a, 1.0 / 12.0) * three + (scaled (k.b, 1.0 / 20.0) * four + scaled (k.c, 1.0 / 30.0) * five));
+        const auto moved = isStep (x - before);
+        const auto movedBefore = isStep (before - beforeThat);
+        const auto step = x - beforeThat;
+        const DifferenceSums<Vector> now (x, before), then (before, beforeThat);
+
+        const auto late = select (moved, differenceOfSecond (now), firstAntiderivative (x));
+        const auto early = select (movedBefore, differenceOfSecond (then), firstAntiderivative (before));
+        const auto divided = scaled (late - early, 2.0) / step;
+        const auto regular = secondDifference (x, now, beforeThat, then);
+        const auto curve = x * (Vector::all (1.0) + x * (a + x * (b + x * c)));
+
+        return select (isStep (step), select (moved & movedBefore, regular, divided),
+            select (moved, firstDifference (now), curve));
+    }
+
+private:
+    Vector firstAntiderivative (Vector x) const
+    {
+        const auto inner = scaled (b, 1.0 / 4.0) + x * scaled (c, 1.0 / 5.0);
+        return x * x * (Vector::all (1.0 / 2.0) + x * (scaled (a, 1.0 / 3.0) + x * inner));
+    }
+
+    Vector firstDifference (const DifferenceSums<Vector>& sum) const
+    {
+        return scaled (sum.one, 1.0 / 2.0) +
+            (scaled (a, 1.0 / 3.0) * sum.two + (scaled (b, 1.0 / 4.0) * sum.three + scaled (c, 1.0 / 5.0) * sum.four));
+    }
+
+    Vector differenceOfSecond (const DifferenceSums<Vector>& sum) const
+    {
+        return scaled (sum.two, 1.0 / 6.0) +
+            (scaled (a, 1.0 / 12.0) * sum.three +
+                (scaled (b, 1.0 / 20.0) * sum.four + scaled (c, 1.0 / 30.0) * sum.five));
+    }
+
+    Vector secondDifference (
+        Vector p, const DifferenceSums<Vector>& late, Vector r, const DifferenceSums<Vector>& early) const
+    {
+        const auto one = late.one + r;
+        const auto two = p * one + early.two;
+        const auto three = p * two + early.three;
+        const auto four = p * three + early.four;
+        return scaled (one, 1.0 / 3.0) +
+            (scaled (a, 1.0 / 6.0) * two + (scaled (b, 1.0 / 10.0) * three + scaled (c, 1.0 / 15.0) * four));
     }
 };
 
-inline Four firstAntiderivative (const ShaperCurves& k, Four x)
+/** The inputs and residues of some shapers as if no step between inputs were small. Gives a bit for each four samples
+    with one that is; the caller mends these. inputs holds the two inputs before the chunk already. */
+template <typename Vector, bool hasFourth>
+unsigned shapeLargeSteps (const EnginePlan& plan, unsigned watched, int i, const double* signals, double* inputs,
+    double* residues, int numSamples)
 {
-    const auto inner = scaled (k.b, 1.0 / 4.0) + x * scaled (k.c, 1.0 / 5.0);
-    return x * x * (Four::all (1.0 / 2.0) + x * (scaled (k.a, 1.0 / 3.0) + x * inner));
-}
+    const ShaperCurves<Vector> curves (plan, i);
+    const auto drive = Vector::load (plan.drive + i);
+    const auto a = scaled (curves.a, 1.0 / 6.0);
+    const auto b = scaled (curves.b, 1.0 / 10.0);
+    const auto c = scaled (curves.c, 1.0 / 15.0);
 
-/** The output where a step is too small for the method; where none is, it stays what it was. */
-KESTREL_NOINLINE Four shapeSmallSteps (const ShaperCurves& k, Four regular, Four x, Four before, Four beforeThat)
-{
-    const auto moved = isStep (x - before);
-    const auto movedBefore = isStep (before - beforeThat);
-    const auto step = x - beforeThat;
-    const DifferenceSums now (x, before), then (before, beforeThat);
+    auto x2 = Vector::load (inputs);
+    auto x1 = Vector::load (inputs + Vector::size);
+    auto step = (x1 - x2).magnitude();
+    const DifferenceSums<Vector> before (x1, x2);
+    auto two1 = before.two;
+    auto three1 = before.three;
+    [[maybe_unused]] auto four1 = before.four;
+    signals += i;
+    inputs += 2 * Vector::size;
+    unsigned small = 0;
 
-    const auto late = select (moved, now.ofSecond (k), firstAntiderivative (k, x));
-    const auto early = select (movedBefore, then.ofSecond (k), firstAntiderivative (k, before));
-    const auto divided = scaled (late - early, 2.0) / step;
-    const auto curve = x * (Four::all (1.0) + x * (k.a + x * (k.b + x * k.c)));
-
-    return select (isStep (step), select (moved & movedBefore, regular, divided), select (moved, now.first (k), curve));
-}
-
-/** Four shapers, with what they keep of one sample for the next. */
-template <bool hasFourth>
-class Shapers
-{
-public:
-    Shapers (const ShaperCurves& curvesToUse, Four before, Four beforeThat, unsigned numbersToWatch)
-        : curves (curvesToUse),
-          a (scaled (curves.a, 1.0 / 6.0)),
-          b (scaled (curves.b, 1.0 / 10.0)),
-          c (scaled (curves.c, 1.0 / 15.0)),
-          x1 (before),
-          x2 (beforeThat),
-          step1 ((before - beforeThat).magnitude()),
-          watched (numbersToWatch)
+    const auto sample = [&] (int n, Vector& least)
     {
-        const DifferenceSums sums (x1, x2);
-        two1 = sums.two;
-        three1 = sums.three;
-        four1 = sums.four;
-    }
+        const auto x = drive * Vector::load (signals + numChains * n);
+        x.store (inputs + Vector::size * n);
+        step = (x - x1).magnitude();
+        least = smaller (smaller (least, step), (x - x2).magnitude());
 
-    Four process (Four x)
-    {
-        const auto step = (x - x1).magnitude();
-        const auto least = smaller (smaller (step, step1), (x - x2).magnitude());
-
-        // Of this sample and the last; the next one needs them.
-        const auto pair = x + x1;
+        // Of this sample and the last, for the next one.
+        const auto one = x + x1;
         const auto square1 = x1 * x1;
         const auto cube1 = square1 * x1;
-        const auto two = x * pair + square1;
+        const auto two = x * one + square1;
         const auto three = x * two + cube1;
 
-        const auto sum = pair + x2;
+        // Of this one and both before.
+        const auto sum = one + x2;
         const auto sum2 = x * sum + two1;
         const auto sum3 = x * sum2 + three1;
-        auto y = scaled (sum, 1.0 / 3.0);
+        auto y = b * sum3;
 
         if constexpr (hasFourth)
         {
-            y = y + (a * sum2 + (b * sum3 + c * (x * sum3 + four1)));
+            y = y + c * (x * sum3 + four1);
             four1 = x * three + cube1 * x1;
         }
-        else
-        {
-            y = y + (a * sum2 + b * sum3);
-        }
 
-        if ((~atLeast (least, smallestStep()).bits() & watched) != 0)
-            y = shapeSmallSteps (curves, y, x, x1, x2);
-
+        y = scaled (sum, 1.0 / 3.0) + (a * sum2 + y);
+        (y - x).store (residues + Vector::size * n);
         two1 = two;
         three1 = three;
-        step1 = step;
         x2 = x1;
         x1 = x;
-        return y;
+    };
+    const auto note = [&] (int n, Vector least)
+    {
+        if ((~atLeast (least, Vector::all (1e-5)).bits() & watched) != 0)
+            small |= 1u << (n / 4);
+    };
+    int n = 0;
+
+    for (; n + 4 <= numSamples; n += 4)
+    {
+        auto least = step;
+        sample (n, least);
+        sample (n + 1, least);
+        sample (n + 2, least);
+        sample (n + 3, least);
+        note (n, least);
     }
 
-    Four lastInput() const { return x1; }
+    for (; n < numSamples; ++n)
+    {
+        auto least = step;
+        sample (n, least);
+        note (n, least);
+    }
 
-    Four inputBeforeLast() const { return x2; }
+    return small;
+}
 
-private:
-    const ShaperCurves curves;
-    const Four a, b, c;
-    Four x1, x2, step1, two1, three1, four1;
-    const unsigned watched; // a bit for each of the four that has an input
-};
+/** The residues of some chains' shapers, from the i-th, for a chunk of their signals. Watched are those that have an
+    input; what does not run keeps its memory. */
+template <typename Vector, bool hasFourth>
+void shape (const EnginePlan& plan, EngineState& state, unsigned running, unsigned watched, int i,
+    const double* signals, double* residues, int numSamples)
+{
+    constexpr int size = Vector::size;
+    constexpr unsigned numInputs = size * (chunkSize + 2);
+    alignas (32) double inputs[numInputs];
+    Vector::load (state.shaped2 + i).store (inputs);
+    Vector::load (state.shaped1 + i).store (inputs + size);
+
+    auto small = shapeLargeSteps<Vector, hasFourth> (plan, watched, i, signals, inputs, residues, numSamples);
+    const ShaperCurves<Vector> curves (plan, i);
+
+    for (int first = 0; small != 0; first += 4, small >>= 1)
+    {
+        if ((small & 1u) == 0)
+            continue;
+
+        for (int n = first; n < first + 4 && n < numSamples; ++n)
+        {
+            const auto* const at = inputs + size * n;
+            const auto x = Vector::load (at + 2 * size), x1 = Vector::load (at + size), x2 = Vector::load (at);
+            const auto large = isStep (x - x1) & isStep (x1 - x2) & isStep (x - x2);
+
+            if ((~large.bits() & watched) != 0)
+                (curves.shape (x, x1, x2) - x).store (residues + size * n);
+        }
+    }
+
+    for (int k = 0; k < size; ++k)
+    {
+        if ((running >> k & 1u) == 0)
+            continue;
+
+        state.shaped2[i + k] = inputs[size * numSamples + k];
+        state.shaped1[i + k] = inputs[size * (numSamples + 1) + k];
+    }
+}
 
 } // namespace
 } // namespace kestreleq::dsp::simd
