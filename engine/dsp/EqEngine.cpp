@@ -48,7 +48,8 @@ void copyLane (const simd::EngineState& from, simd::EngineState& to, std::size_t
 
 } // namespace
 
-EqEngine::EqEngine()
+EqEngine::EqEngine (const simd::Kernels& kernelsToUse)
+    : kernels (kernelsToUse)
 {
     for (std::size_t lane = 0; lane < numLanes; ++lane)
     {
@@ -190,7 +191,7 @@ void EqEngine::runChunk (const simd::BreakChunk* breakChunk, float* left, float*
 {
     const auto run = [&] (simd::EngineState& used)
     {
-        if (! kernels->process (plan, used, breakChunk, left, right, numSamples))
+        if (! kernels.process (plan, used, breakChunk, left, right, numSamples))
             simd::scalarKernels().process (plan, used, breakChunk, left, right, numSamples);
     };
 

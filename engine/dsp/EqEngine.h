@@ -19,7 +19,8 @@ namespace kestreleq::dsp
 class EqEngine
 {
 public:
-    EqEngine();
+    /** Another form of the inner loops than the best one is for tests. */
+    explicit EqEngine (const simd::Kernels& kernelsToUse = simd::bestKernels());
 
     /** Designs every filter for a sample rate in Hz and clears all filter state. */
     void prepare (double sampleRate);
@@ -36,9 +37,6 @@ public:
     /** The tone bank, to ask for its response. */
     const ToneBank& getToneBank() const { return toneBank; }
 
-    /** For tests and benchmarks: another form of the inner loops than the best one. */
-    void setKernels (const simd::Kernels& newKernels) { kernels = &newKernels; }
-
 private:
     void applyLane (std::size_t lane, const LaneParameters& next);
     void writeLane (std::size_t lane);
@@ -46,7 +44,7 @@ private:
     void reset();
     void runChunk (const simd::BreakChunk* breakChunk, float* left, float* right, int numSamples);
 
-    const simd::Kernels* kernels = &simd::bestKernels();
+    const simd::Kernels& kernels;
     simd::EnginePlan plan {};
     simd::EngineState state {};
     EngineParameters parameters;

@@ -22,9 +22,17 @@ double limitedOr (double fallback, double value, double least, double greatest)
     return std::isfinite (value) ? std::clamp (value, least, greatest) : fallback;
 }
 
-/** Adds the squares of the samples that are finite, and counts them. */
-void addFinite (const float* samples, int numSamples, double& sum, std::int64_t& count)
+/** Adds the squares of the samples that are finite, and counts them. power is the sum of all squares: the squares of
+    finite samples cannot add up to anything else. */
+void addPower (const float* samples, int numSamples, double power, double& sum, std::int64_t& count)
 {
+    if (std::isfinite (power))
+    {
+        sum += power;
+        count += numSamples;
+        return;
+    }
+
     for (int n = 0; n < numSamples; ++n)
     {
         const auto x = static_cast<double> (samples[n]);
@@ -74,20 +82,16 @@ double GainRider::levelOf (std::span<float* const> channels, int numSamples) con
     double sum = 0.0;
     std::int64_t count = 0;
 
-    for (const auto* channel : channels)
+    for (std::size_t i = 0; i < channels.size(); i += 2)
     {
-        const auto power = simd::bestKernels().measure (channel, channel, numSamples).first;
+        const auto* const first = channels[i];
+        const auto* const second = i + 1 < channels.size() ? channels[i + 1] : nullptr;
+        const auto power = simd::bestKernels().measure (first, second != nullptr ? second : first, numSamples);
 
-        // The squares of finite samples cannot add up to anything else.
-        if (std::isfinite (power))
-        {
-            sum += power;
-            count += numSamples;
-        }
-        else
-        {
-            addFinite (channel, numSamples, sum, count);
-        }
+        addPower (first, numSamples, power.first, sum, count);
+
+        if (second != nullptr)
+            addPower (second, numSamples, power.second, sum, count);
     }
 
     const auto rms = count > 0 ? std::sqrt (sum / static_cast<double> (count)) : 0.0;

@@ -2,6 +2,8 @@
 
 #include "engine/dsp/simd/VectorKernels.h"
 
+#include <atomic>
+
 #if KESTREL_HAS_X86_FORMS && defined(_MSC_VER)
 #include <intrin.h>
 #endif
@@ -36,6 +38,12 @@ bool machineHasAvx2()
 #endif
 }
 
+std::atomic<const Kernels*>& best()
+{
+    static std::atomic<const Kernels*> kernels { &kernelsFor (InstructionSet::KESTREL_BEST_INSTRUCTION_SET) };
+    return kernels;
+}
+
 } // namespace
 
 const Kernels& kernelsFor ([[maybe_unused]] InstructionSet set)
@@ -55,8 +63,12 @@ const Kernels& kernelsFor ([[maybe_unused]] InstructionSet set)
 
 const Kernels& bestKernels()
 {
-    static const auto& best = kernelsFor (InstructionSet::KESTREL_BEST_INSTRUCTION_SET);
-    return best;
+    return *best().load (std::memory_order_relaxed);
+}
+
+void overrideBestKernels (const Kernels& kernels)
+{
+    best() = &kernels;
 }
 
 } // namespace kestreleq::dsp::simd

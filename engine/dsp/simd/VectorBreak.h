@@ -96,10 +96,10 @@ void runBreak (const EnginePlan& plan, EngineState& state, const BreakChunk& chu
         alignas (32) double residues[Vector::size * chunkSize];
         shape<Vector, isAir> (plan, state, running, chunk.shaping >> i & all, i, signals, residues, numSamples);
 
-        const auto filter = isBreakAsleep<Vector, numStages> (plan, state, running, i)
-            ? filterResidues<true, Vector, numStages, isAir>
-            : filterResidues<false, Vector, numStages, isAir>;
-        filter (plan, state, chunk, i, residues, sums, numSamples);
+        if (isBreakAsleep<Vector, numStages> (plan, state, running, i))
+            filterResidues<true, Vector, numStages, isAir> (plan, state, chunk, i, residues, sums, numSamples);
+        else
+            filterResidues<false, Vector, numStages, isAir> (plan, state, chunk, i, residues, sums, numSamples);
     }
 
     if constexpr (i + Vector::size < numChains)
