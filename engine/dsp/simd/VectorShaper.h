@@ -40,11 +40,11 @@ struct DifferenceSums
     }
 };
 
+/** The shapers' polynomials and their antiderivatives. */
 template <typename Vector>
-struct ShaperCurves
+class ShaperCurves
 {
-    Vector a, b, c;
-
+public:
     ShaperCurves (const EnginePlan& plan, int i)
         : a (Vector::load (plan.square + i)),
           b (Vector::load (plan.cube + i)),
@@ -52,42 +52,49 @@ struct ShaperCurves
     {
     }
 
-    /** The output for an input and the two before it, whatever the steps between them. */
-    Vector shape (Vector x, Vector before, Vector beforeThat) const
+    /** The residue of an input after the two before it, whatever the steps between them; watched are the elements that
+        count. */
+    Vector residue (Vector x, Vector before, Vector beforeThat, unsigned watched) const
     {
-        const auto moved = isStep (x - before);
-        const auto movedBefore = isStep (before - beforeThat);
         const auto step = x - beforeThat;
-        const DifferenceSums<Vector> now (x, before), then (before, beforeThat);
+        const auto moved = isStep (x - before);
+        const auto far = isStep (step);
 
+        // In near silence nothing moves at all.
+        if (((moved.bits() | far.bits()) & watched) == 0)
+            return curve (x) - x;
+
+        const DifferenceSums<Vector> now (x, before);
+        const auto near = select (moved, firstDifference (now), curve (x));
+
+        if ((far.bits() & watched) == 0)
+            return near - x;
+
+        const auto movedBefore = isStep (before - beforeThat);
+        const DifferenceSums<Vector> then (before, beforeThat);
         const auto late = select (moved, differenceOfSecond (now), firstAntiderivative (x));
         const auto early = select (movedBefore, differenceOfSecond (then), firstAntiderivative (before));
         const auto divided = scaled (late - early, 2.0) / step;
         const auto regular = secondDifference (x, now, beforeThat, then);
-        const auto curve = x * (Vector::all (1.0) + x * (a + x * (b + x * c)));
-
-        return select (isStep (step), select (moved & movedBefore, regular, divided),
-            select (moved, firstDifference (now), curve));
+        return select (far, select (moved & movedBefore, regular, divided), near) - x;
     }
 
 private:
+    Vector curve (Vector x) const { return x * (Vector::all (1.0) + x * (a + x * (b + x * c))); }
+
     Vector firstAntiderivative (Vector x) const
     {
-        const auto inner = scaled (b, 1.0 / 4.0) + x * scaled (c, 1.0 / 5.0);
-        return x * x * (Vector::all (1.0 / 2.0) + x * (scaled (a, 1.0 / 3.0) + x * inner));
+        return x * x * (Vector::all (1.0 / 2.0) + x * (a3 + x * (b4 + x * c5)));
     }
 
     Vector firstDifference (const DifferenceSums<Vector>& sum) const
     {
-        return scaled (sum.one, 1.0 / 2.0) +
-            (scaled (a, 1.0 / 3.0) * sum.two + (scaled (b, 1.0 / 4.0) * sum.three + scaled (c, 1.0 / 5.0) * sum.four));
+        return scaled (sum.one, 1.0 / 2.0) + (a3 * sum.two + (b4 * sum.three + c5 * sum.four));
     }
 
     Vector differenceOfSecond (const DifferenceSums<Vector>& sum) const
     {
-        return scaled (sum.two, 1.0 / 6.0) +
-            (scaled (a, 1.0 / 12.0) * sum.three +
-                (scaled (b, 1.0 / 20.0) * sum.four + scaled (c, 1.0 / 30.0) * sum.five));
+        return scaled (sum.two, 1.0 / 6.0) + (a12 * sum.three + (b20 * sum.four + c30 * sum.five));
     }
 
     Vector secondDifference (
@@ -97,9 +104,13 @@ private:
         const auto two = p * one + early.two;
         const auto three = p * two + early.three;
         const auto four = p * three + early.four;
-        return scaled (one, 1.0 / 3.0) +
-            (scaled (a, 1.0 / 6.0) * two + (scaled (b, 1.0 / 10.0) * three + scaled (c, 1.0 / 15.0) * four));
+        return scaled (one, 1.0 / 3.0) + (a6 * two + (b10 * three + c15 * four));
     }
+
+    const Vector a, b, c;
+    const Vector a3 = scaled (a, 1.0 / 3.0), b4 = scaled (b, 1.0 / 4.0), c5 = scaled (c, 1.0 / 5.0);
+    const Vector a6 = scaled (a, 1.0 / 6.0), b10 = scaled (b, 1.0 / 10.0), c15 = scaled (c, 1.0 / 15.0);
+    const Vector a12 = scaled (a, 1.0 / 12.0), b20 = scaled (b, 1.0 / 20.0), c30 = scaled (c, 1.0 / 30.0);
 };
 
 /** The inputs and residues of some shapers as if no step between inputs were small. Gives a bit for each four samples
@@ -108,11 +119,10 @@ template <typename Vector, bool hasFourth>
 unsigned shapeLargeSteps (const EnginePlan& plan, unsigned watched, int i, const double* signals, double* inputs,
     double* residues, int numSamples)
 {
-    const ShaperCurves<Vector> curves (plan, i);
     const auto drive = Vector::load (plan.drive + i);
-    const auto a = scaled (curves.a, 1.0 / 6.0);
-    const auto b = scaled (curves.b, 1.0 / 10.0);
-    const auto c = scaled (curves.c, 1.0 / 15.0);
+    const auto a = scaled (Vector::load (plan.square + i), 1.0 / 6.0);
+    const auto b = scaled (Vector::load (plan.cube + i), 1.0 / 10.0);
+    const auto c = scaled (Vector::load (plan.fourth + i), 1.0 / 15.0);
 
     auto x2 = Vector::load (inputs);
     auto x1 = Vector::load (inputs + Vector::size);
@@ -185,6 +195,32 @@ unsigned shapeLargeSteps (const EnginePlan& plan, unsigned watched, int i, const
     return small;
 }
 
+/** Computes anew what shapeLargeSteps could not, in the groups of four samples that it gave. */
+template <typename Vector>
+void mendSmallSteps (const EnginePlan& plan, unsigned watched, int i, unsigned groups, const double* inputs,
+    double* residues, int numSamples)
+{
+    const ShaperCurves<Vector> curves (plan, i);
+
+    for (int first = 0; groups != 0; first += 4, groups >>= 1)
+    {
+        if ((groups & 1u) == 0)
+            continue;
+
+        for (int n = first; n < first + 4 && n < numSamples; ++n)
+        {
+            const auto* const at = inputs + Vector::size * n;
+            const auto x2 = Vector::load (at);
+            const auto x1 = Vector::load (at + Vector::size);
+            const auto x = Vector::load (at + 2 * Vector::size);
+            const auto large = isStep (x - x1) & isStep (x1 - x2) & isStep (x - x2);
+
+            if ((~large.bits() & watched) != 0)
+                curves.residue (x, x1, x2, watched).store (residues + Vector::size * n);
+        }
+    }
+}
+
 /** The residues of some chains' shapers, from the i-th, for a chunk of their signals. Watched are those that have an
     input; what does not run keeps its memory. */
 template <typename Vector, bool hasFourth>
@@ -197,24 +233,10 @@ void shape (const EnginePlan& plan, EngineState& state, unsigned running, unsign
     Vector::load (state.shaped2 + i).store (inputs);
     Vector::load (state.shaped1 + i).store (inputs + size);
 
-    auto small = shapeLargeSteps<Vector, hasFourth> (plan, watched, i, signals, inputs, residues, numSamples);
-    const ShaperCurves<Vector> curves (plan, i);
+    const auto small = shapeLargeSteps<Vector, hasFourth> (plan, watched, i, signals, inputs, residues, numSamples);
 
-    for (int first = 0; small != 0; first += 4, small >>= 1)
-    {
-        if ((small & 1u) == 0)
-            continue;
-
-        for (int n = first; n < first + 4 && n < numSamples; ++n)
-        {
-            const auto* const at = inputs + size * n;
-            const auto x = Vector::load (at + 2 * size), x1 = Vector::load (at + size), x2 = Vector::load (at);
-            const auto large = isStep (x - x1) & isStep (x1 - x2) & isStep (x - x2);
-
-            if ((~large.bits() & watched) != 0)
-                (curves.shape (x, x1, x2) - x).store (residues + size * n);
-        }
-    }
+    if (small != 0)
+        mendSmallSteps<Vector> (plan, watched, i, small, inputs, residues, numSamples);
 
     for (int k = 0; k < size; ++k)
     {
