@@ -1,7 +1,8 @@
 # Warnings for our own sources; they are errors. The framework's sources are built without (see framework.cmake).
 function(kestrel_warnings target)
     if(MSVC)
-        target_compile_options(${target} PRIVATE /W4 /WX /permissive-)
+        target_compile_options(${target} PRIVATE /W4 /WX /permissive-
+            /wd4324) # the alignment of the engine's arrays pads the classes that hold them, and may
     else()
         target_compile_options(${target} PRIVATE
             -Wall -Wextra -Wpedantic -Werror

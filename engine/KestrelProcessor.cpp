@@ -9,6 +9,16 @@
 
 namespace kestreleq
 {
+namespace
+{
+
+/** A mono block is measured as two equal channels. */
+const float* secondChannel (const juce::AudioBuffer<float>& buffer)
+{
+    return buffer.getReadPointer (buffer.getNumChannels() > 1 ? 1 : 0);
+}
+
+} // namespace
 
 KestrelProcessor::KestrelProcessor()
     : AudioProcessor (BusesProperties()
@@ -51,32 +61,31 @@ void KestrelProcessor::processBlock (juce::AudioBuffer<float>& buffer, juce::Mid
     const bool link = values.isOn (Parameter::link);
     const bool midSide = values.isOn (Parameter::msMode);
 
-    measure (buffer, inputLevels, link, midSide);
+    measureInput (buffer, link, midSide);
     core.process (buffer);
-    measure (buffer, outputLevels, link, midSide);
-    measureCorrelation (buffer);
+    measureOutput (buffer, link, midSide);
 
     registerRenderTime (juce::Time::getHighResolutionTicks() - start, buffer.getNumSamples());
 }
 
-void KestrelProcessor::measure (
-    const juce::AudioBuffer<float>& buffer, LevelPair& levels, bool link, bool midSide) const
+void KestrelProcessor::measureInput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide)
+{
+    if (buffer.getNumChannels() > 0 && buffer.getNumSamples() > 0)
+        inputLevels.store (dsp::measureLevels (
+            buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide));
+}
+
+void KestrelProcessor::measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide)
 {
     if (buffer.getNumChannels() == 0 || buffer.getNumSamples() == 0)
         return;
 
-    const auto* left = buffer.getReadPointer (0);
-    const auto* right = buffer.getReadPointer (buffer.getNumChannels() > 1 ? 1 : 0);
+    const auto measured =
+        dsp::measureOutput (buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide);
+    outputLevels.store (measured.levels);
 
-    levels.store (dsp::measureLevels (left, right, buffer.getNumSamples(), link, midSide));
-}
-
-void KestrelProcessor::measureCorrelation (const juce::AudioBuffer<float>& buffer)
-{
-    if (buffer.getNumChannels() > 1 && buffer.getNumSamples() > 0)
-        correlation.store (
-            dsp::measureCorrelation (buffer.getReadPointer (0), buffer.getReadPointer (1), buffer.getNumSamples()),
-            std::memory_order_relaxed);
+    if (buffer.getNumChannels() > 1)
+        correlation.store (measured.correlation, std::memory_order_relaxed);
 }
 
 void KestrelProcessor::registerRenderTime (juce::int64 ticks, int numSamples)

@@ -116,8 +116,8 @@ private:
         std::array<float, numLanes> load() const;
     };
 
-    void measure (const juce::AudioBuffer<float>& buffer, LevelPair& levels, bool link, bool midSide) const;
-    void measureCorrelation (const juce::AudioBuffer<float>& buffer);
+    void measureInput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
+    void measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void registerRenderTime (juce::int64 ticks, int numSamples);
 
     KestrelCore core;

@@ -77,3 +77,19 @@ configure() {
     cmake --preset "$1" > "build/configure-$1.log" 2>&1 \
         || { tail -n 40 "build/configure-$1.log" >&2; die "CMake failed (log: build/configure-$1.log)"; }
 }
+
+# count_instructions BEGINNING OUT : instructions per stereo sample of the workloads (kestrel-speed) whose name begins so,
+# as lines of name, tab and figure. Exact, and the same on an idle and on a busy machine.
+count_instructions() {
+    local profiles
+    profiles=$(mktemp -d)
+    valgrind --tool=callgrind --callgrind-out-file="$profiles/profile" \
+        build/release/benchmarks/kestrel-speed count "$1" > "$profiles/log" 2>&1 \
+        || { tail -n 20 "$profiles/log" >&2; rm -rf "$profiles"; die "kestrel-speed could not be run under callgrind"; }
+    # A profile for each workload, labelled "NAME samples NUMBER".
+    find "$profiles" -name 'profile.*' -print0 | sort -z -V | xargs -0 -r awk '
+        sub(/^desc: Trigger: Client Request: /, "") { split($0, label, " samples ") }
+        /^totals: / && label[2] { printf "%s\t%.1f\n", label[1], $2 / label[2]; delete label }' > "$2"
+    rm -rf "$profiles"
+    [ -s "$2" ] || die "no workload begins with '$1'"
+}

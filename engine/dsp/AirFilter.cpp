@@ -63,7 +63,6 @@ int airIndexFor (float value)
 void AirFilter::prepare (double newSampleRate)
 {
     sampleRate = newSampleRate;
-    reset();
     design();
 }
 
@@ -97,10 +96,7 @@ void AirFilter::design()
     active = sampleRate > 0.0 && index > 0 && amount > 0.0f;
 
     if (! active)
-    {
-        reset();
         return;
-    }
 
     const auto& row = airTable[static_cast<std::size_t> (index)];
     const auto point = pointAt (row, static_cast<double> (amount));
@@ -115,12 +111,12 @@ void AirFilter::design()
     const auto gain = std::clamp (point.shapeA - row.front().shapeA, -60.0, 36.0);
 
     preGain = std::pow (10.0, point.preGain / 20.0);
-    section.setCoefficients (cookbookSection (FilterType::peaking, frequency, sampleRate, q, gain));
+    section = cookbookSection (FilterType::peaking, frequency, sampleRate, q, gain);
 }
 
 std::complex<double> AirFilter::response (double frequency) const
 {
-    return active ? preGain * section.response (frequency, sampleRate) : 1.0;
+    return active ? preGain * responseAt (section, frequency, sampleRate) : 1.0;
 }
 
 } // namespace kestreleq::dsp

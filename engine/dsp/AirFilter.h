@@ -1,13 +1,13 @@
 #pragma once
 
-#include "engine/dsp/Biquad.h"
+#include "engine/dsp/Cookbook.h"
 
 #include <complex>
 
 namespace kestreleq::dsp
 {
 
-/** The air band: a pre-gain and one peaking section, set by a frequency index and an amount.
+/** The air band's design: a pre-gain and one peaking section, set by a frequency index and an amount.
 
     The section's centre lies near or above half of the usual sample rates. Where it has to move down, its Q is widened
     so that its lower skirt, the part that is heard, stays the same at every sample rate. */
@@ -16,12 +16,10 @@ class AirFilter
 public:
     static constexpr int numIndices = 5;
 
-    /** Takes the sample rate in Hz, designs, and clears the state. */
+    /** Takes the sample rate in Hz and designs. */
     void prepare (double newSampleRate);
 
-    void reset() { section.reset(); }
-
-    /** 0 to 1, limited; ignored when not finite. At 0 the filter is inactive. */
+    /** 0 to 1, limited; ignored when not finite. At 0 the filter is inactive: the identity. */
     void setAmount (float newAmount);
 
     /** 0 to 4, limited. At 0 the filter is inactive. */
@@ -31,16 +29,10 @@ public:
 
     float getAmount() const { return amount; }
 
-    /** One sample; the input itself while inactive. */
-    double process (double x)
-    {
-        if (! active)
-            return x;
+    /** Linear, before the section. */
+    double getPreGain() const { return preGain; }
 
-        const auto y = x * preGain;
-
-        return std::isfinite (y) ? section.process (y) : y;
-    }
+    const BiquadCoefficients& getSection() const { return section; }
 
     /** The transfer function at a frequency in Hz. */
     std::complex<double> response (double frequency) const;
@@ -53,7 +45,7 @@ private:
     float amount = 0.0f;
     bool active = false;
     double preGain = 1.0;
-    BiquadSection section;
+    BiquadCoefficients section;
 };
 
 /** The index of a 0..1 air step value: the nearest of 0..4, halves away from zero; 2 when the value is not finite. */

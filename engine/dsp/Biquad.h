@@ -1,19 +1,13 @@
 #pragma once
 
 #include "engine/dsp/BiquadDesigner.h"
+#include "engine/dsp/SectionWriter.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <complex>
-#include <cstddef>
-#include <span>
 
 namespace kestreleq::dsp
 {
-
-/** Added to a filter's state so that a decaying tail never becomes denormal. A single-precision constant. */
-inline constexpr double antiDenormal = static_cast<double> (1e-25f);
 
 /** One second-order section in transposed direct form II. Coefficients as designed; state and recursion in double
     precision, because single-precision state is wrong by -64 dB on the low bands. */
@@ -67,52 +61,6 @@ private:
     BiquadCoefficients coefficients;
     double s1 = 0.0;
     double s2 = 0.0;
-};
-
-/** Up to four sections in series. */
-class BiquadCascade
-{
-public:
-    static constexpr std::size_t maxSections = 4;
-
-    /** Redesigns all sections, one for each of at most four settings, and clears their state. */
-    void design (std::span<const SectionSettings> settings, double sampleRate)
-    {
-        count = std::min (settings.size(), maxSections);
-
-        for (std::size_t i = 0; i < count; ++i)
-            sections[i].design (settings[i], sampleRate);
-
-        reset();
-    }
-
-    void reset()
-    {
-        for (auto& section : sections)
-            section.reset();
-    }
-
-    double process (double x)
-    {
-        for (std::size_t i = 0; i < count; ++i)
-            x = sections[i].process (x);
-
-        return x;
-    }
-
-    std::complex<double> response (double frequency, double sampleRate) const
-    {
-        std::complex<double> product = 1.0;
-
-        for (std::size_t i = 0; i < count; ++i)
-            product *= sections[i].response (frequency, sampleRate);
-
-        return product;
-    }
-
-private:
-    std::array<BiquadSection, maxSections> sections;
-    std::size_t count = 0;
 };
 
 } // namespace kestreleq::dsp

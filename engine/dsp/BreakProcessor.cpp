@@ -1,7 +1,10 @@
 #include "engine/dsp/BreakProcessor.h"
 
+#include "engine/dsp/SectionWriter.h"
+
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace kestreleq::dsp
 {
@@ -13,96 +16,177 @@ constexpr double airMixDecibels = -33.0;
 constexpr double airGateSeconds = 0.02;
 constexpr float airGateThreshold = 0.1f;
 
-constexpr std::array<SectionSettings, 3> airBreakFilter { { highPass (5.0, 0.707),
+constexpr std::array<SectionSettings, simd::numBreakStages> airBreakFilter { { highPass (5.0, 0.707),
     { FilterType::highShelf, 8000.0, 0.707, 3.0 }, lowPass (18000.0, 0.707) } };
+
+// A tail below this (-300 dB) is none; what the anti-denormal constant leaves behind is far lower.
+constexpr double smallestTail = 1e-15;
 
 double coefficient (float value)
 {
     return static_cast<double> (value);
 }
 
-Waveshaper bandShaper (std::size_t band)
+/** Writes a chain's filters; the last one carries the gain by which the residue is mixed in. */
+void writeStages (
+    simd::EnginePlan& plan, int chain, std::span<const SectionSettings> stages, double mix, double sampleRate)
 {
-    return { coefficient (bandTable[band].shaperSquare), coefficient (bandTable[band].shaperCube), 0.0 };
+    for (std::size_t i = 0; i < simd::numBreakStages; ++i)
+    {
+        auto& set = plan.breakStages[i];
+
+        if (i < stages.size())
+            writeSection (set, chain, designSection (stages[i], sampleRate).value_or (BiquadCoefficients {}),
+                i + 1 == stages.size() ? mix : 1.0);
+        else
+            writePassThrough (set, chain);
+    }
 }
 
-double bandMix (std::size_t band)
+double cubed (float drive)
 {
-    return std::pow (10.0, bandTable[band].breakMixExponent);
+    return std::pow (std::clamp (static_cast<double> (drive), 0.0, 1.0), driveExponent);
+}
+
+/** Whether a chain's filters remember anything that counts. */
+bool isRinging (const simd::EngineState& state, int chain)
+{
+    return std::any_of (std::begin (state.breakStages), std::end (state.breakStages),
+        [=] (const auto& stage) {
+            return ! (std::abs (stage.first[chain]) <= smallestTail && std::abs (stage.second[chain]) <= smallestTail);
+        });
+}
+
+void rest (simd::EngineState& state, int chain)
+{
+    state.shaped1[chain] = state.shaped2[chain] = 0.0;
+
+    for (auto& stage : state.breakStages)
+        clearSection (stage, chain);
 }
 
 } // namespace
 
-BreakProcessor::BreakProcessor()
-    : bandChains { { { bandShaper (0), {}, bandMix (0) }, { bandShaper (1), {}, bandMix (1) },
-          { bandShaper (2), {}, bandMix (2) }, { bandShaper (3), {}, bandMix (3) },
-          { bandShaper (4), {}, bandMix (4) } } },
-      airChain { { coefficient (0.08f), 0.0, coefficient (0.02f) }, {}, std::pow (10.0, airMixDecibels / 20.0) }
+void BreakProcessor::prepare (simd::EnginePlan& plan, double sampleRate)
 {
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+    {
+        for (std::size_t i = 0; i < numBands; ++i)
+        {
+            const auto& row = bandTable[i];
+            const auto chain = chainOf (lane, i);
+            plan.square[chain] = coefficient (row.shaperSquare);
+            plan.cube[chain] = coefficient (row.shaperCube);
+            plan.fourth[chain] = 0.0;
+            writeStages (plan, chain, row.breakSections(), std::pow (10.0, row.breakMixExponent), sampleRate);
+        }
+
+        const auto air = chainOf (lane, numBands);
+        plan.square[air] = coefficient (0.08f);
+        plan.cube[air] = 0.0;
+        plan.fourth[air] = coefficient (0.02f);
+        writeStages (plan, air, airBreakFilter, std::pow (10.0, airMixDecibels / 20.0), sampleRate);
+    }
+
+    gateStep = 1.0 / (airGateSeconds * sampleRate);
 }
 
-void BreakProcessor::Chain::setDrive (float newSource)
+void BreakProcessor::reset (simd::EngineState& state)
 {
-    if (newSource == driveSource)
-        return;
+    for (int chain = 0; chain < simd::numChains; ++chain)
+        rest (state, chain);
 
-    driveSource = newSource;
-    drive = std::pow (std::clamp (static_cast<double> (newSource), 0.0, 1.0), driveExponent);
+    for (auto& gate : gates)
+        gate.value = 0.0;
+
+    ringing = 0;
 }
 
-void BreakProcessor::Chain::reset()
+void BreakProcessor::setDrive (
+    simd::EnginePlan& plan, std::size_t lane, const std::array<float, numBands>& weights, float airAmount, bool bypass)
 {
-    shaper.reset();
-    filter.reset();
+    for (std::size_t i = 0; i <= numBands; ++i)
+    {
+        const auto chain = chainOf (lane, i);
+        const auto bit = 1u << chain;
+        plan.drive[chain] = cubed (i < numBands ? weights[i] : airAmount);
+        driven = plan.drive[chain] != 0.0 ? driven | bit : driven & ~bit;
+    }
+
+    gates[lane].open = airAmount > airGateThreshold;
+    gates[lane].frozen = bypass;
 }
 
-void BreakProcessor::prepare (double sampleRate)
+double BreakProcessor::Gate::next (double step) const
 {
-    for (std::size_t i = 0; i < numBands; ++i)
-        bandChains[i].filter.design (bandTable[i].breakSections(), sampleRate);
+    if (frozen)
+        return value;
 
-    airChain.filter.design (airBreakFilter, sampleRate);
-    airGateStep = 1.0 / (airGateSeconds * sampleRate);
-    ready = true;
-    reset();
+    return open ? std::min (1.0, value + step) : std::max (0.0, value - step);
 }
 
-void BreakProcessor::reset()
+/** Fills the gate's rows, one if the gates stand still, and cuts the chunk where one starts or stops. */
+void BreakProcessor::moveGates (simd::BreakChunk& chunk, int& numSamples)
 {
-    for (auto& chain : bandChains)
-        chain.reset();
+    const bool moving = std::any_of (gates.begin(), gates.end(), [] (const Gate& gate) { return gate.isMoving(); });
+    const auto length = moving ? numSamples : 1;
+    int n = 0;
 
-    airChain.reset();
-    airGate = 0.0;
+    for (; n < length; ++n)
+    {
+        const double next[] = { gates[0].next (gateStep), gates[1].next (gateStep) };
+        auto* const row = gateRows + gateRow * n;
+
+        if (n > 0 && ((next[0] > 0.0) != (row[2 - gateRow] > 0.0) || (next[1] > 0.0) != (row[3 - gateRow] > 0.0)))
+            break;
+
+        row[0] = row[1] = 1.0;
+
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+            row[2 + lane] = gates[lane].value = next[lane];
+    }
+
+    if (moving)
+        numSamples = n;
+
+    chunk.gate = gateRows;
+    chunk.gateStride = moving ? gateRow : 0;
 }
 
-void BreakProcessor::setDrive (const std::array<float, numBands>& weights, float airAmount)
+simd::BreakChunk BreakProcessor::begin (const simd::EnginePlan& plan, simd::EngineState& state, int& numSamples)
 {
-    for (std::size_t i = 0; i < numBands; ++i)
-        bandChains[i].setDrive (weights[i]);
+    simd::BreakChunk chunk {};
+    moveGates (chunk, numSamples);
 
-    airChain.setDrive (airAmount);
-    airGateOpen = airAmount > airGateThreshold;
-}
+    const auto candidates = driven | ringing;
 
-double BreakProcessor::process (const std::array<double, numBands>& bands, double airDifference)
-{
-    if (! ready)
-        return 0.0;
+    for (int chain = 0; chain < simd::numChains; ++chain)
+    {
+        const auto lane = static_cast<std::size_t> (chain % 2);
+        const auto bit = 1u << chain;
 
-    double sum = 0.0;
+        if ((candidates & bit) == 0 || gates[lane].frozen ||
+            (chain >= simd::firstAirChain && ! (gateRows[2 + lane] > 0.0)))
+            continue;
 
-    for (std::size_t i = 0; i < numBands; ++i)
-        sum += bandChains[i].mix * bandChains[i].process (bands[i]);
+        const bool shaping = plan.drive[chain] != 0.0 || state.shaped1[chain] != 0.0 || state.shaped2[chain] != 0.0;
 
-    return sum + processAir (airDifference);
-}
+        if (shaping)
+            chunk.shaping |= bit;
 
-double BreakProcessor::processAir (double difference)
-{
-    airGate = airGateOpen ? std::min (1.0, airGate + airGateStep) : std::max (0.0, airGate - airGateStep);
+        if (shaping || isRinging (state, chain))
+        {
+            chunk.running |= bit;
+            ringing |= bit;
+        }
+        else
+        {
+            rest (state, chain);
+            ringing &= ~bit;
+        }
+    }
 
-    return airGate > 0.0 ? airChain.process (difference) * airChain.mix * airGate : 0.0;
+    return chunk;
 }
 
 } // namespace kestreleq::dsp

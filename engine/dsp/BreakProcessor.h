@@ -1,63 +1,59 @@
 #pragma once
 
 #include "engine/dsp/Bands.h"
-#include "engine/dsp/Biquad.h"
-#include "engine/dsp/Waveshaper.h"
+#include "engine/dsp/simd/EngineData.h"
 
 #include <array>
+#include <cstddef>
 
 namespace kestreleq::dsp
 {
 
-/** The break stage of one lane: the band-limited residue that a waveshaper leaves of each weighted band and of the air.
+/** The break stage of both lanes: the band-limited residue that a waveshaper leaves of each weighted band and of the
+    air. Residue means the shaper's output less its present input, as it comes, without compensation of the shaper's
+    delay.
 
-    Residue means the shaper's output less its present input, as it comes, without compensation of the shaper's delay.
- */
+    This is what the stage is to do, and its air gates; the simd forms do the rest. */
 class BreakProcessor
 {
 public:
-    BreakProcessor();
+    /** Designs the filters for a sample rate in Hz and writes them and all else that is fixed. */
+    void prepare (simd::EnginePlan& plan, double sampleRate);
 
-    /** Designs the filters for a sample rate in Hz and clears all state. Until then the output is 0. */
-    void prepare (double sampleRate);
+    /** Clears shapers, filters and air gates. */
+    void reset (simd::EngineState& state);
 
-    /** Clears shapers, filters and the air gate. */
-    void reset();
+    /** Writes a lane's drives: the positive part up to 1 of its weights drives the shapers of the bands, the air amount
+        that of the air. A bypassed lane stands still. */
+    void setDrive (simd::EnginePlan& plan, std::size_t lane, const std::array<float, numBands>& weights,
+        float airAmount, bool bypass);
 
-    /** Once per block: the bands' weights, of which the positive part up to 1 drives the shapers, and the air amount.
-     */
-    void setDrive (const std::array<float, numBands>& weights, float airAmount);
-
-    /** One sample: the five weighted band signals and the air's difference signal in, the sum of residues out. */
-    double process (const std::array<double, numBands>& bands, double airDifference);
+    /** What the stage does in a chunk that starts now. The chunk's length is cut where an air gate starts or stops. The
+        result is valid until the next call. */
+    simd::BreakChunk begin (const simd::EnginePlan& plan, simd::EngineState& state, int& numSamples);
 
 private:
-    struct Chain
+    /** The air's way into the stage: opens and shuts linearly. */
+    struct Gate
     {
-        Waveshaper shaper;
-        BiquadCascade filter;
-        double mix;
-        double drive = 0.0;
-        float driveSource = 0.0f;
+        double value = 0.0;
+        bool open = false;
+        bool frozen = false;
 
-        double process (double x)
-        {
-            const auto u = drive * x;
-            return filter.process (shaper.process (u) - u);
-        }
+        bool isMoving() const { return ! frozen && value != (open ? 1.0 : 0.0); }
 
-        void setDrive (float newSource);
-        void reset();
+        double next (double step) const;
     };
 
-    double processAir (double difference);
+    void moveGates (simd::BreakChunk& chunk, int& numSamples);
 
-    std::array<Chain, numBands> bandChains;
-    Chain airChain;
-    bool airGateOpen = false;
-    double airGate = 0.0;
-    double airGateStep = 0.0;
-    bool ready = false;
+    static constexpr int gateRow = 4;
+
+    std::array<Gate, numLanes> gates;
+    double gateStep = 0.0;
+    unsigned driven = 0;  // a bit for each chain with a drive
+    unsigned ringing = 0; // and for each that may not be at rest
+    alignas (32) double gateRows[gateRow * simd::chunkSize] = {};
 };
 
 } // namespace kestreleq::dsp

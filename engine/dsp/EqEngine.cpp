@@ -1,8 +1,9 @@
 #include "engine/dsp/EqEngine.h"
 
+#include "engine/dsp/SectionWriter.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace kestreleq::dsp
 {
@@ -20,126 +21,139 @@ double linearGain (float value, double span)
     return std::pow (10.0, (static_cast<double> (value) - 0.5) * span / 20.0);
 }
 
-/** Mid and side of left and right, in their place. */
-void encodeMidSide (double* left, double* right, int numSamples)
+/** A lane's states from one to the other. */
+void copyLane (const simd::EngineState& from, simd::EngineState& to, std::size_t lane)
 {
-    for (int n = 0; n < numSamples; ++n)
+    const auto copySections = [lane] (const auto& source, auto& destination)
     {
-        const auto l = left[n];
-        const auto r = right[n];
-        left[n] = (l + r) * 0.5;
-        right[n] = (l - r) * 0.5;
-    }
-}
+        for (std::size_t i = lane; i < std::size (source.first); i += numLanes)
+        {
+            destination.first[i] = source.first[i];
+            destination.second[i] = source.second[i];
+        }
+    };
 
-void decodeMidSide (double* mid, double* side, int numSamples)
-{
-    for (int n = 0; n < numSamples; ++n)
-    {
-        const auto m = mid[n];
-        const auto s = side[n];
-        mid[n] = m + s;
-        side[n] = m - s;
-    }
-}
+    copySections (from.tone, to.tone);
+    copySections (from.output, to.output);
 
-/** Rounds to single precision and lets nothing through that is not finite there. */
-void store (const double* source, float* destination, int numSamples)
-{
-    for (int n = 0; n < numSamples; ++n)
+    for (std::size_t i = 0; i < simd::numBreakStages; ++i)
+        copySections (from.breakStages[i], to.breakStages[i]);
+
+    for (std::size_t i = lane; i < simd::numChains; i += numLanes)
     {
-        const auto y = static_cast<float> (source[n]);
-        destination[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
+        to.shaped1[i] = from.shaped1[i];
+        to.shaped2[i] = from.shaped2[i];
     }
 }
 
 } // namespace
 
-void EqEngine::Lane::prepare (double sampleRate)
+EqEngine::EqEngine (const simd::Kernels& kernelsToUse)
+    : kernels (kernelsToUse)
 {
-    toneBank.prepare (sampleRate);
-    breakProcessor.prepare (sampleRate);
-    outputFilter.design (outputFilterSettings, sampleRate);
-    outputFilter.reset();
-}
-
-void EqEngine::Lane::apply (const LaneParameters& next)
-{
-    for (std::size_t i = 0; i < numBands; ++i)
-        toneBank.setBandValue (i, next.bands[i]);
-
-    auto& air = toneBank.getAir();
-    air.setAmount (next.airAmount);
-    air.setIndex (airIndexFor (next.airStep));
-}
-
-void EqEngine::Lane::reset()
-{
-    toneBank.reset();
-    breakProcessor.reset();
-    outputFilter.reset();
-}
-
-EqEngine::EqEngine()
-{
-    for (auto& lane : lanes)
-        lane.apply (parameters.lanes.front());
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+    {
+        applyLane (lane, parameters.lanes[lane]);
+        writeLane (lane);
+    }
 }
 
 void EqEngine::prepare (double sampleRate)
 {
+    toneBank.prepare (sampleRate);
+    breakProcessor.prepare (plan, sampleRate);
+    outputFilter = designSection (outputFilterSettings, sampleRate).value_or (outputFilter);
 
-    for (auto& lane : lanes)
-        lane.prepare (sampleRate);
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        writeLane (lane);
 
-    resetPending = false;
+    reset();
     prepared = true;
+}
+
+void EqEngine::reset()
+{
+    state = {};
+    breakProcessor.reset (state);
+    resetPending = false;
+}
+
+void EqEngine::applyLane (std::size_t lane, const LaneParameters& next)
+{
+    for (std::size_t i = 0; i < numBands; ++i)
+        toneBank.setBandValue (lane, i, next.bands[i]);
+
+    auto& air = toneBank.getAir (lane);
+    air.setAmount (next.airAmount);
+    air.setIndex (airIndexFor (next.airStep));
+
+    // An inactive filter forgets.
+    if (! air.isActive())
+        clearSection (state.tone, chainOf (lane, numBands));
+}
+
+/** Writes a lane's part of the plan. */
+void EqEngine::writeLane (std::size_t lane)
+{
+    const bool bypass = parameters.lanes[lane].bypass;
+    const auto i = static_cast<int> (lane);
+    plan.bypass[lane] = bypass;
+    toneBank.write (plan, lane, bypass);
+    breakProcessor.setDrive (plan, lane, toneBank.getWeights (lane), toneBank.getAir (lane).getAmount(), bypass);
+
+    if (bypass)
+        writePassThrough (plan.output, i);
+    else
+        writeSection (plan.output, i, outputFilter);
+
+    writeGains (lane);
+}
+
+void EqEngine::writeGains (std::size_t lane)
+{
+    const bool bypass = parameters.lanes[lane].bypass;
+    plan.inputGain[lane] = bypass ? 1.0 : inputGains[lane];
+    plan.outputGain[lane] = bypass ? 1.0 : outputGains[lane] * trimGain;
 }
 
 void EqEngine::setParameters (const EngineParameters& next)
 {
-    for (std::size_t i = 0; i < numLanes; ++i)
-    {
-        const auto& now = parameters.lanes[i];
-        const auto& then = next.lanes[i];
-        auto& lane = lanes[i];
-        lane.apply (then);
+    const auto before = parameters;
+    parameters = next;
+    plan.midSide = next.midSide && ! next.link;
 
-        if (then.inputGain != now.inputGain)
-            lane.inputGain = linearGain (then.inputGain, stageGainSpan);
-
-        if (then.outputGain != now.outputGain)
-            lane.outputGain = linearGain (then.outputGain, stageGainSpan);
-
-        if (parameters.breakMode && ! next.breakMode)
-            lane.breakProcessor.reset();
-    }
-
-    if (next.trim != parameters.trim)
+    if (next.trim != before.trim)
         trimGain = linearGain (next.trim, trimGainSpan);
 
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+    {
+        const auto& now = before.lanes[lane];
+        const auto& then = next.lanes[lane];
+
+        if (then.inputGain != now.inputGain)
+            inputGains[lane] = linearGain (then.inputGain, stageGainSpan);
+
+        if (then.outputGain != now.outputGain)
+            outputGains[lane] = linearGain (then.outputGain, stageGainSpan);
+
+        if (then.bands != now.bands || then.airAmount != now.airAmount || then.airStep != now.airStep ||
+            then.bypass != now.bypass)
+        {
+            applyLane (lane, then);
+            writeLane (lane);
+        }
+        else
+        {
+            writeGains (lane);
+        }
+    }
+
+    if (before.breakMode && ! next.breakMode)
+        breakProcessor.reset (state);
+
     // Whatever the filters remember is older than the bypass and would click.
-    if (parameters.bypass && ! next.bypass)
+    if (before.bypass && ! next.bypass)
         resetPending = true;
-
-    parameters = next;
-}
-
-void EqEngine::Lane::processInput (double* samples, int numSamples, bool breakMode)
-{
-    for (int n = 0; n < numSamples; ++n)
-        samples[n] *= inputGain;
-
-    if (breakMode)
-        toneBank.process (samples, numSamples, breakProcessor);
-    else
-        toneBank.process (samples, numSamples);
-}
-
-void EqEngine::Lane::processOutput (double* samples, int numSamples, double trimGain)
-{
-    for (int n = 0; n < numSamples; ++n)
-        samples[n] = outputFilter.process (samples[n]) * outputGain * trimGain;
 }
 
 void EqEngine::process (float* left, float* right, int numSamples)
@@ -148,47 +162,57 @@ void EqEngine::process (float* left, float* right, int numSamples)
         return;
 
     if (resetPending)
+        reset();
+
+    if (plan.bypass[0] && plan.bypass[1] && ! plan.midSide)
+        return;
+
+    while (numSamples > 0)
     {
-        for (auto& lane : lanes)
-            lane.reset();
+        auto length = std::min (simd::chunkSize, numSamples);
 
-        resetPending = false;
+        if (parameters.breakMode)
+        {
+            const auto breakChunk = breakProcessor.begin (plan, state, length);
+            runChunk (&breakChunk, left, right, length);
+        }
+        else
+        {
+            runChunk (nullptr, left, right, length);
+        }
+
+        left += length;
+        right += length;
+        numSamples -= length;
     }
-
-    for (int start = 0; start < numSamples; start += chunkSize)
-        processChunk ({ left + start, right + start }, std::min (chunkSize, numSamples - start));
 }
 
-void EqEngine::processChunk (const std::array<float*, numLanes>& channels, int numSamples)
+void EqEngine::runChunk (const simd::BreakChunk* breakChunk, float* left, float* right, int numSamples)
 {
-    const bool encode = parameters.midSide && ! parameters.link;
-    std::array<std::array<double, chunkSize>, numLanes> buffers;
-    auto* const first = buffers[0].data();
-    auto* const second = buffers[1].data();
-
-    for (std::size_t i = 0; i < numLanes; ++i)
-        std::copy (channels[i], channels[i] + numSamples, buffers[i].begin());
-
-    if (encode)
-        encodeMidSide (first, second, numSamples);
-
-    for (std::size_t i = 0; i < numLanes; ++i)
-        if (! parameters.lanes[i].bypass)
-            lanes[i].processInput (buffers[i].data(), numSamples, parameters.breakMode);
-
-    if (encode)
-        decodeMidSide (first, second, numSamples);
-
-    for (std::size_t i = 0; i < numLanes; ++i)
+    const auto run = [&] (simd::EngineState& used)
     {
-        const bool bypassed = parameters.lanes[i].bypass;
+        if (! kernels.process (plan, used, breakChunk, left, right, numSamples))
+            simd::scalarKernels().process (plan, used, breakChunk, left, right, numSamples);
+    };
 
-        if (! bypassed)
-            lanes[i].processOutput (buffers[i].data(), numSamples, trimGain);
-
-        if (! bypassed || encode)
-            store (buffers[i].data(), channels[i], numSamples);
+    if (! plan.bypass[0] && ! plan.bypass[1])
+    {
+        run (state);
+        return;
     }
+
+    // A bypassed lane passes through filters at rest and keeps what its own remember.
+    simd::EngineState active {};
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        if (! plan.bypass[lane])
+            copyLane (state, active, lane);
+
+    run (active);
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        if (! plan.bypass[lane])
+            copyLane (active, state, lane);
 }
 
 } // namespace kestreleq::dsp

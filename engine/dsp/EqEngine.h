@@ -1,21 +1,26 @@
 #pragma once
 
-#include "engine/dsp/Biquad.h"
 #include "engine/dsp/BreakProcessor.h"
 #include "engine/dsp/EngineParameters.h"
 #include "engine/dsp/ToneBank.h"
+#include "engine/dsp/simd/Kernels.h"
 
 #include <array>
+#include <cstddef>
 
 namespace kestreleq::dsp
 {
 
 /** The equaliser: two lanes, each with its tone bank, break stage, output filter and gains, around an optional mid/side
-    transform. Audio thread only, but for prepare, which may not overlap anything else. Nothing here allocates. */
+    transform. Audio thread only, but for prepare, which may not overlap anything else. Nothing here allocates.
+
+    The engine keeps a plan and a state, plain arrays over both lanes, and leaves the samples to the fastest form of the
+    inner loops that the machine has; all forms agree to the last bit. */
 class EqEngine
 {
 public:
-    EqEngine();
+    /** Another form of the inner loops than the best one is for tests. */
+    explicit EqEngine (const simd::Kernels& kernelsToUse = simd::bestKernels());
 
     /** Designs every filter for a sample rate in Hz and clears all filter state. */
     void prepare (double sampleRate);
@@ -29,37 +34,25 @@ public:
         bypassed stays untouched, apart from the mid/side transform; all other output is finite. */
     void process (float* left, float* right, int numSamples);
 
-    /** A lane's tone bank, to ask for its response. */
-    const ToneBank& getToneBank (std::size_t lane) const { return lanes[lane].toneBank; }
+    /** The tone bank, to ask for its response. */
+    const ToneBank& getToneBank() const { return toneBank; }
 
 private:
-    struct Lane
-    {
-        ToneBank toneBank;
-        BreakProcessor breakProcessor;
-        BiquadSection outputFilter;
-        double inputGain = 1.0;
-        double outputGain = 1.0;
+    void applyLane (std::size_t lane, const LaneParameters& next);
+    void writeLane (std::size_t lane);
+    void writeGains (std::size_t lane);
+    void reset();
+    void runChunk (const simd::BreakChunk* breakChunk, float* left, float* right, int numSamples);
 
-        void prepare (double sampleRate);
-        void apply (const LaneParameters& next);
-        void reset();
-
-        /** Input gain and tone bank. */
-        void processInput (double* samples, int numSamples, bool breakMode);
-
-        /** Output filter, output gain and trim. */
-        void processOutput (double* samples, int numSamples, double trimGain);
-    };
-
-    // Samples stay in double precision from end to end: the break stage's waveshapers turn one rounding before them
-    // into an error of -57 dB where a slow signal turns round. A chunk is what fits on the stack and in the cache.
-    static constexpr int chunkSize = 64;
-
-    void processChunk (const std::array<float*, numLanes>& channels, int numSamples);
-
+    const simd::Kernels& kernels;
+    simd::EnginePlan plan {};
+    simd::EngineState state {};
     EngineParameters parameters;
-    std::array<Lane, numLanes> lanes;
+    ToneBank toneBank;
+    BreakProcessor breakProcessor;
+    BiquadCoefficients outputFilter;
+    std::array<double, numLanes> inputGains { 1.0, 1.0 };
+    std::array<double, numLanes> outputGains { 1.0, 1.0 };
     double trimGain = 1.0;
     bool resetPending = false;
     bool prepared = false;

@@ -1,5 +1,7 @@
 #include "engine/dsp/GainRider.h"
 
+#include "engine/dsp/simd/Kernels.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -18,6 +20,29 @@ constexpr double gateLevel = -80.0; // the gain holds still at and below this le
 double limitedOr (double fallback, double value, double least, double greatest)
 {
     return std::isfinite (value) ? std::clamp (value, least, greatest) : fallback;
+}
+
+/** Adds the squares of the samples that are finite, and counts them. power is the sum of all squares: the squares of
+    finite samples cannot add up to anything else. */
+void addPower (const float* samples, int numSamples, double power, double& sum, std::int64_t& count)
+{
+    if (std::isfinite (power))
+    {
+        sum += power;
+        count += numSamples;
+        return;
+    }
+
+    for (int n = 0; n < numSamples; ++n)
+    {
+        const auto x = static_cast<double> (samples[n]);
+
+        if (std::isfinite (x))
+        {
+            sum += x * x;
+            ++count;
+        }
+    }
 }
 
 } // namespace
@@ -57,18 +82,16 @@ double GainRider::levelOf (std::span<float* const> channels, int numSamples) con
     double sum = 0.0;
     std::int64_t count = 0;
 
-    for (const auto* channel : channels)
+    for (std::size_t i = 0; i < channels.size(); i += 2)
     {
-        for (int n = 0; n < numSamples; ++n)
-        {
-            const auto x = static_cast<double> (channel[n]);
+        const auto* const first = channels[i];
+        const auto* const second = i + 1 < channels.size() ? channels[i + 1] : nullptr;
+        const auto power = simd::bestKernels().measure (first, second != nullptr ? second : first, numSamples);
 
-            if (std::isfinite (x))
-            {
-                sum += x * x;
-                ++count;
-            }
-        }
+        addPower (first, numSamples, power.first, sum, count);
+
+        if (second != nullptr)
+            addPower (second, numSamples, power.second, sum, count);
     }
 
     const auto rms = count > 0 ? std::sqrt (sum / static_cast<double> (count)) : 0.0;

@@ -1,5 +1,7 @@
 #include "engine/dsp/LevelMeasure.h"
 
+#include "engine/dsp/simd/Kernels.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -16,71 +18,50 @@ float toDecibels (double rms)
     return std::max (silenceLevel, static_cast<float> (20.0 * std::log10 (rms)));
 }
 
-/** RMS of scale * (a + sign * b). */
-double rmsOfMix (const float* a, const float* b, int numSamples, double sign)
+bool wantsMidSide (bool link, bool midSide)
 {
-    double sum = 0.0;
-
-    for (int n = 0; n < numSamples; ++n)
-    {
-        const auto x = (static_cast<double> (a[n]) + sign * static_cast<double> (b[n])) * 0.5;
-        sum += x * x;
-    }
-
-    return std::sqrt (sum / numSamples);
+    return midSide && ! link;
 }
 
-double rmsOf (const float* samples, int numSamples)
+LevelPair levelsOf (const simd::PowerSums& sums, int numSamples, bool link)
 {
-    double sum = 0.0;
-
-    for (int n = 0; n < numSamples; ++n)
-        sum += static_cast<double> (samples[n]) * static_cast<double> (samples[n]);
-
-    return std::sqrt (sum / numSamples);
-}
-
-} // namespace
-
-std::array<float, 2> measureLevels (const float* left, const float* right, int numSamples, bool link, bool midSide)
-{
-    if (midSide && ! link)
-        return { toDecibels (rmsOfMix (left, right, numSamples, 1.0)),
-            toDecibels (rmsOfMix (left, right, numSamples, -1.0)) };
-
-    const auto rmsLeft = rmsOf (left, numSamples);
-    const auto rmsRight = rmsOf (right, numSamples);
+    const auto first = std::sqrt (sums.first / numSamples);
+    const auto second = std::sqrt (sums.second / numSamples);
 
     if (link)
     {
-        const auto level = toDecibels ((rmsLeft + rmsRight) * 0.5);
+        const auto level = toDecibels ((first + second) * 0.5);
         return { level, level };
     }
 
-    return { toDecibels (rmsLeft), toDecibels (rmsRight) };
+    return { toDecibels (first), toDecibels (second) };
 }
 
-float measureCorrelation (const float* left, const float* right, int numSamples)
+float correlationOf (const simd::PowerSums& sums)
 {
-    double product = 0.0;
-    double leftSquare = 0.0;
-    double rightSquare = 0.0;
-
-    for (int n = 0; n < numSamples; ++n)
-    {
-        const auto l = static_cast<double> (left[n]);
-        const auto r = static_cast<double> (right[n]);
-        product += l * r;
-        leftSquare += l * l;
-        rightSquare += r * r;
-    }
-
-    const auto scale = std::sqrt (leftSquare * rightSquare);
+    const auto scale = std::sqrt (sums.first * sums.second);
 
     if (! (scale > 1e-12) || ! std::isfinite (scale))
         return 0.0f;
 
-    return static_cast<float> (std::clamp (product / scale, -1.0, 1.0));
+    return static_cast<float> (std::clamp (sums.product / scale, -1.0, 1.0));
+}
+
+} // namespace
+
+LevelPair measureLevels (const float* left, const float* right, int numSamples, bool link, bool midSide)
+{
+    const auto& kernels = simd::bestKernels();
+    const auto measure = wantsMidSide (link, midSide) ? kernels.measureMidSide : kernels.measure;
+    return levelsOf (measure (left, right, numSamples), numSamples, link);
+}
+
+OutputMeasure measureOutput (const float* left, const float* right, int numSamples, bool link, bool midSide)
+{
+    const auto sums = simd::bestKernels().measure (left, right, numSamples);
+    const auto levels = wantsMidSide (link, midSide) ? measureLevels (left, right, numSamples, link, midSide)
+                                                     : levelsOf (sums, numSamples, link);
+    return { levels, correlationOf (sums) };
 }
 
 } // namespace kestreleq::dsp

@@ -8,12 +8,22 @@ namespace kestreleq::dsp
 /** The level of silence, and the lowest that is reported. */
 inline constexpr float silenceLevel = -120.0f;
 
+/** RMS levels in dB, one per lane. */
+using LevelPair = std::array<float, 2>;
+
 /** The RMS levels of one block in dB, one per lane: with link on the level of the channels' mean RMS in both places,
     else with midSide on those of mid and side, else those of left and right. A level that is not finite reads as
     silence. At least one sample. */
-std::array<float, 2> measureLevels (const float* left, const float* right, int numSamples, bool link, bool midSide);
+LevelPair measureLevels (const float* left, const float* right, int numSamples, bool link, bool midSide);
 
-/** The correlation of two channels over a block, -1 to 1; 0 when either is silent or not finite. */
-float measureCorrelation (const float* left, const float* right, int numSamples);
+struct OutputMeasure
+{
+    LevelPair levels;
+    float correlation;
+};
+
+/** The levels of one block, and the correlation of its channels, -1 to 1; 0 when either is silent or not finite. One
+    pass serves both where it can. */
+OutputMeasure measureOutput (const float* left, const float* right, int numSamples, bool link, bool midSide);
 
 } // namespace kestreleq::dsp

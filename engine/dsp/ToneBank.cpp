@@ -1,9 +1,7 @@
 #include "engine/dsp/ToneBank.h"
 
 #include "engine/dsp/BandWeights.h"
-#include "engine/dsp/BreakProcessor.h"
-
-#include <utility>
+#include "engine/dsp/SectionWriter.h"
 
 namespace kestreleq::dsp
 {
@@ -12,65 +10,58 @@ void ToneBank::prepare (double newSampleRate)
 {
     sampleRate = newSampleRate;
 
+    // A design that fails leaves what was there.
     for (std::size_t i = 0; i < numBands; ++i)
-        bands[i].design ({ &bandTable[i].filter, 1 }, sampleRate);
+        bands[i] = designSection (bandTable[i].filter, sampleRate).value_or (bands[i]);
 
-    air.prepare (sampleRate);
+    for (auto& lane : lanes)
+        lane.air.prepare (sampleRate);
 }
 
-void ToneBank::reset()
+void ToneBank::setBandValue (std::size_t lane, std::size_t band, float value)
 {
-    for (auto& band : bands)
-        band.reset();
-
-    air.reset();
+    lanes[lane].weights[band] =
+        static_cast<float> (piecewiseLinear (bandTable[band].weights, static_cast<double> (value)));
 }
 
-void ToneBank::setBandValue (std::size_t band, float value)
+void ToneBank::write (simd::EnginePlan& plan, std::size_t lane, bool bypass) const
 {
-    weights[band] = static_cast<float> (piecewiseLinear (bandTable[band].weights, static_cast<double> (value)));
-}
+    const auto& [weights, air] = lanes[lane];
+    plan.direct[lane] = 1.0;
 
-template <typename AddResidue>
-void ToneBank::processWith (double* samples, int numSamples, AddResidue&& addResidue)
-{
-    for (int n = 0; n < numSamples; ++n)
+    for (std::size_t i = 0; i <= numBands; ++i)
     {
-        const auto x = samples[n];
-        std::array<double, numBands> weighted;
-        auto sum = x;
+        const auto chain = chainOf (lane, i);
+        writePassThrough (plan.tone, chain);
+        plan.weight[chain] = plan.weightedDirect[chain] = 0.0;
 
-        for (std::size_t i = 0; i < numBands; ++i)
+        if (bypass)
+            continue;
+
+        if (i < numBands)
         {
-            weighted[i] = static_cast<double> (weights[i]) * bands[i].process (x);
-            sum += weighted[i];
+            writeSection (plan.tone, chain, bands[i]);
+            plan.weight[chain] = static_cast<double> (weights[i]);
+            plan.weightedDirect[chain] = plan.weight[chain] * plan.tone.direct[chain];
+        }
+        else if (air.isActive())
+        {
+            writeSection (plan.tone, chain, air.getSection(), air.getPreGain());
+            plan.weight[chain] = 1.0;
+            plan.weightedDirect[chain] = plan.tone.direct[chain] - 1.0; // only the difference from the input is added
         }
 
-        const auto airDifference = air.process (x) - x;
-        samples[n] = addResidue (sum + airDifference, weighted, airDifference);
+        plan.direct[lane] += plan.weightedDirect[chain];
     }
 }
 
-void ToneBank::process (double* samples, int numSamples)
+std::complex<double> ToneBank::response (std::size_t lane, double frequency) const
 {
-    processWith (samples, numSamples, [] (double clean, const auto&, double) { return clean; });
-}
-
-void ToneBank::process (double* samples, int numSamples, BreakProcessor& breakProcessor)
-{
-    breakProcessor.setDrive (weights, air.getAmount());
-
-    processWith (samples, numSamples,
-        [&breakProcessor] (double clean, const auto& weighted, double airDifference)
-        { return clean + breakProcessor.process (weighted, airDifference); });
-}
-
-std::complex<double> ToneBank::response (double frequency) const
-{
+    const auto& [weights, air] = lanes[lane];
     auto sum = air.response (frequency);
 
     for (std::size_t i = 0; i < numBands; ++i)
-        sum += static_cast<double> (weights[i]) * bands[i].response (frequency, sampleRate);
+        sum += static_cast<double> (weights[i]) * responseAt (bands[i], frequency, sampleRate);
 
     return sum;
 }

@@ -2,7 +2,7 @@
 
 #include "engine/dsp/AirFilter.h"
 #include "engine/dsp/Bands.h"
-#include "engine/dsp/Biquad.h"
+#include "engine/dsp/simd/EngineData.h"
 
 #include <array>
 #include <complex>
@@ -11,41 +11,40 @@
 namespace kestreleq::dsp
 {
 
-class BreakProcessor;
+/** The parallel equaliser of both lanes: the dry signal, plus each band filter's output times its weight, plus what the
+    air filter adds. The filters are fixed; a band's value only moves its weight.
 
-/** The parallel equaliser of one lane: the dry signal, plus each band filter's output times its weight, plus what the
-    air filter adds. The filters are fixed; a band's value only moves its weight. */
+    This is what the bank is to do; the simd forms do it, on the two lanes' bands and air sections side by side. */
 class ToneBank
 {
 public:
-    /** Designs all filters for a sample rate in Hz and clears their state. */
+    /** Designs all filters for a sample rate in Hz. */
     void prepare (double newSampleRate);
 
-    void reset();
-
     /** Value 0 to 1; at 0.5 the band adds nothing. */
-    void setBandValue (std::size_t band, float value);
+    void setBandValue (std::size_t lane, std::size_t band, float value);
 
-    AirFilter& getAir() { return air; }
+    AirFilter& getAir (std::size_t lane) { return lanes[lane].air; }
 
-    const std::array<float, numBands>& getWeights() const { return weights; }
+    const AirFilter& getAir (std::size_t lane) const { return lanes[lane].air; }
 
-    /** Processes samples in place. */
-    void process (double* samples, int numSamples);
+    const std::array<float, numBands>& getWeights (std::size_t lane) const { return lanes[lane].weights; }
 
-    /** The same with the break stage's residue added; its drive is set from the present weights and air amount. */
-    void process (double* samples, int numSamples, BreakProcessor& breakProcessor);
+    /** Writes a lane's part of the plan, or a lane that passes through. */
+    void write (simd::EnginePlan& plan, std::size_t lane, bool bypass) const;
 
-    /** The transfer function, without the break stage, at a frequency in Hz. */
-    std::complex<double> response (double frequency) const;
+    /** The lane's transfer function, without the break stage, at a frequency in Hz. */
+    std::complex<double> response (std::size_t lane, double frequency) const;
 
 private:
-    template <typename AddResidue>
-    void processWith (double* samples, int numSamples, AddResidue&& addResidue);
+    struct Lane
+    {
+        std::array<float, numBands> weights {};
+        AirFilter air;
+    };
 
-    std::array<BiquadCascade, numBands> bands;
-    std::array<float, numBands> weights {};
-    AirFilter air;
+    std::array<BiquadCoefficients, numBands> bands;
+    std::array<Lane, numLanes> lanes;
     double sampleRate = 0.0;
 };
 

@@ -142,7 +142,7 @@ TEST (EngineResponse, TheBankTellsTheResponseItHas)
 
     for (double frequency = 20.0; frequency < 40000.0; frequency *= 1.3)
     {
-        const auto told = std::abs (engine.getToneBank (0).response (frequency));
+        const auto told = std::abs (engine.getToneBank().response (0, frequency));
         const auto output = lift (frequency, 96000.0);
         EXPECT_NEAR (measured.at (frequency), decibels (told * output), 0.002) << frequency;
     }
