@@ -98,7 +98,7 @@ void spectrumChart (benchmark::State& state)
     std::vector<float> levels (2 * 512);
 
     for (auto& level : levels)
-        level = -20.0f - 40.0f * static_cast<float> (random()) / 4294967296.0f;
+        level = -40.0f - 12.0f * static_cast<float> (random()) / 4294967296.0f;
 
     SpectrumChartComponent chart;
     chart.setSize (1120, 196);

@@ -15,6 +15,8 @@ public:
     {
         component.setVisible (true);
         component.setCachedComponentImage (new Collector (*this));
+        count = 0; // it repaints everything for its new image
+        area = {};
     }
 
     ~RepaintWatch() { component.setCachedComponentImage (nullptr); }

@@ -63,7 +63,7 @@ private:
     float lineWidthScale = 1.0f;
 
     std::vector<float> shownValues; // empty while the chart waits for audio
-    primitives::CachedLayer gridLayer;
+    primitives::CachedLayer gridLayer { primitives::CachedLayer::Picture::opaque };
 };
 
 } // namespace quillon::ui_pro::controls

@@ -23,6 +23,8 @@ constexpr float labelHeight = 12.0f;
 constexpr float labelWidth = 40.0f;
 constexpr float labelGap = 4.0f;
 constexpr float leastLabelPitch = 18.0f; // pixels between labelled level lines
+constexpr float leastLabelRun = 34.0f;   // pixels between labelled frequency lines
+constexpr float lastLabelRun = 60.0f;    // the same before the last, whose label stands on its other side
 constexpr float gridAlpha = 0.35f;
 
 constexpr float waitingSize = 13.0f;
@@ -73,6 +75,8 @@ void paintFrequencyLines (juce::Graphics& g, juce::Rectangle<float> area, const 
 {
     const auto row = area.withTop (area.getBottom() - labelHeight - 2.0f).withHeight (labelHeight);
 
+    auto lastLabelled = area.getX() - leastLabelRun;
+
     for (const auto hz : frequencies)
     {
         const auto x = frequencyToX (hz, area);
@@ -80,7 +84,12 @@ void paintFrequencyLines (juce::Graphics& g, juce::Rectangle<float> area, const 
         drawVertical (g, x, area);
 
         // Beside its line, on the side that lies within the chart.
-        const auto isLast = x > area.getRight() - labelWidth;
+        const auto isLast = hz == frequencies[std::size (frequencies) - 1];
+
+        if (! isLast && (x - lastLabelled < leastLabelRun || area.getRight() - x < lastLabelRun))
+            continue;
+
+        lastLabelled = x;
         const auto label = row.withWidth (labelWidth).withX (isLast ? x - labelGap - labelWidth : x + labelGap);
         g.setColour (style::Theme::palette().textSecondary);
         g.drawText (frequencyText (hz), label,

@@ -47,7 +47,14 @@ void CachedLayer::draw (
 
         const auto pixels = [this] (int length, float offset)
         { return static_cast<int> (std::ceil (static_cast<float> (length) * scale + offset)); };
-        image = juce::Image (juce::Image::ARGB, pixels (area.getWidth(), phase.getX()),
+        // An opaque picture is copied rather than blended; a pixel that it covers in part needs its alpha.
+        const auto isWhole = [this] (int length)
+        {
+            const auto exact = static_cast<float> (length) * scale;
+            return std::round (exact) == exact;
+        };
+        const auto noAlpha = opaque && phase.isOrigin() && isWhole (area.getWidth()) && isWhole (area.getHeight());
+        image = juce::Image (noAlpha ? juce::Image::RGB : juce::Image::ARGB, pixels (area.getWidth(), phase.getX()),
             pixels (area.getHeight(), phase.getY()), true, juce::SoftwareImageType());
 
         juce::Graphics layer (image);

@@ -13,6 +13,17 @@ namespace quillon::ui_pro::primitives
 class CachedLayer
 {
 public:
+    enum class Picture
+    {
+        transparent,
+        opaque // covers the component's whole area: drawn in half the time
+    };
+
+    explicit CachedLayer (Picture picture = Picture::transparent)
+        : opaque (picture == Picture::opaque)
+    {
+    }
+
     /** Draws the picture of a component's whole area, which `paint` makes in the component's coordinates; it is called
         only when the size, the scale or the place on the pixel grid has changed, or after `invalidate`. */
     void draw (juce::Graphics& g, const juce::Component& component, const std::function<void (juce::Graphics&)>& paint);
@@ -21,6 +32,7 @@ public:
     void invalidate() { image = {}; }
 
 private:
+    bool opaque;
     juce::Image image;
     juce::Rectangle<int> bounds; // of the component, in its own coordinates
     juce::Point<float> phase;    // of the component's corner within a screen pixel

@@ -1,0 +1,228 @@
+#include "tests/support/Pictures.h"
+#include "tests/support/RepaintWatch.h"
+
+#include "ui_pro/controls/MeterPair.h"
+#include "ui_pro/controls/MeterScale.h"
+#include "ui_pro/controls/MeterStrip.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace quillon::ui_pro::controls;
+
+constexpr juce::uint32 own = 0xff444b4d;
+constexpr juce::uint32 yellow = 0xffffc857;
+constexpr juce::uint32 red = 0xffff4d4f;
+constexpr juce::uint32 unlit = 0xff0c1014;
+
+float linear (float db)
+{
+    return std::pow (10.0f, db / 20.0f);
+}
+
+/** The colours of segments from the bar's start, each taken beside its highlight. */
+std::vector<juce::uint32> segmentColours (const juce::Image& picture, const SegmentedBar& bar, bool fromLeft)
+{
+    std::vector<juce::uint32> colours;
+
+    for (int i = 0; i < bar.size(); ++i)
+    {
+        const auto segment = bar.getSegment (i);
+        const auto at = fromLeft ? juce::Point<float> (segment.getX() + 1.0f, segment.getCentreY())
+                                 : juce::Point<float> (segment.getCentreX(), segment.getBottom() - 1.0f);
+        colours.push_back (picture.getPixelAt (static_cast<int> (at.x), static_cast<int> (at.y)).getARGB());
+    }
+
+    return colours;
+}
+
+std::vector<juce::uint32> expectedColours (int total, int lit, int firstYellow, int firstRed, juce::uint32 base)
+{
+    std::vector<juce::uint32> colours;
+
+    for (int i = 0; i < total; ++i)
+        colours.push_back (i >= lit ? unlit : i >= firstRed ? red : i >= firstYellow ? yellow : base);
+
+    return colours;
+}
+
+TEST (MeterScale, ClampsAndTreatsNonsenseAsSilence)
+{
+    for (const auto silence : { 0.0f, 1e-6f, -1.0f, std::numeric_limits<float>::quiet_NaN() })
+        EXPECT_EQ (toDb (silence), -48.0f);
+
+    EXPECT_EQ (toDb (10.0f), 12.0f);
+    EXPECT_NEAR (toDb (0.5f), -6.0206f, 1e-3f);
+    EXPECT_EQ (meterReadout (-47.95f), "-");
+    EXPECT_EQ (meterReadout (-12.34f), "-12.3");
+    EXPECT_EQ (meterReadout (-0.04f), "0.0");
+}
+
+TEST (MeterStrip, RisesAtOnceAndFallsAt36DbPerSecond)
+{
+    MeterStrip strip;
+    double now = 5000.0;
+    strip.clock = [&now] { return now; };
+
+    strip.setLevels (1.0f, linear (-40.0f));
+    EXPECT_EQ (strip.getLevelDbL(), 0.0f);
+
+    for (int i = 0; i < 20; ++i)
+    {
+        now += 50.0;
+        strip.setLevels (0.0f, linear (-40.0f));
+    }
+
+    EXPECT_NEAR (strip.getLevelDbL(), -36.0f, 1e-3f);
+    EXPECT_NEAR (strip.getLevelDbR(), -40.0f, 1e-3f) << "not below its target";
+
+    now -= 1000.0;
+    strip.setLevels (0.0f, 0.0f);
+    EXPECT_NEAR (strip.getLevelDbL(), -36.0f, 1e-3f) << "a clock that steps back";
+
+    now += 334.0;
+    strip.setLevels (0.0f, 0.0f);
+    EXPECT_EQ (strip.getLevelDbL(), -48.0f);
+}
+
+TEST (MeterStrip, LightsSegmentsInTheColoursOfTheirLevels)
+{
+    MeterStrip strip;
+    strip.setSize (90, 196);
+    strip.setLevels (10.0f, linear (3.0f));
+    const auto picture = paintPicture (strip);
+
+    SegmentedBar bar (32, 4.0f, SegmentedBar::Growth::up);
+    bar.setBounds ({ 5.0f, 20.0f, 24.0f, 154.0f });
+    EXPECT_EQ (segmentColours (picture, bar, false), expectedColours (32, 32, 25, 28, own));
+    bar.setBounds ({ 33.0f, 20.0f, 24.0f, 154.0f });
+    EXPECT_EQ (segmentColours (picture, bar, false), expectedColours (32, 27, 25, 28, own));
+}
+
+TEST (MeterStrip, LaysOutItsBarsAndMarks)
+{
+    const auto two = MeterStripLayout::of ({ 90, 196 }, false);
+    EXPECT_EQ (two.bars[1], juce::Rectangle<int> (33, 20, 24, 154));
+    EXPECT_EQ (two.scale, juce::Rectangle<int> (58, 20, 28, 154));
+    EXPECT_EQ (two.getMark (12.0f).getY(), 13.0f);
+    EXPECT_EQ (two.getMark (-48.0f).getBottom(), 181.0f);
+
+    const auto three = MeterStripLayout::of ({ 90, 537 }, true);
+    EXPECT_EQ (three.bars[2], juce::Rectangle<int> (42, 20, 15, 495));
+
+    const auto narrow = MeterStripLayout::of ({ 10, 30 }, true);
+    EXPECT_EQ (narrow.bars[0].getWidth(), 1);
+    EXPECT_EQ (narrow.group.getHeight(), 0);
+}
+
+TEST (MeterStrip, GainReductionIsAMagnitudeOfAtMost36)
+{
+    MeterStrip strip;
+    strip.setSize (90, 196);
+    strip.setGainReduction (-6.0f);
+    EXPECT_EQ (strip.getGainReductionDb(), 6.0f);
+    strip.setGainReduction (50.0f);
+    EXPECT_EQ (strip.getGainReductionDb(), 36.0f);
+    strip.setGainReduction (std::numeric_limits<float>::infinity());
+    EXPECT_EQ (strip.getGainReductionDb(), 0.0f);
+
+    // Lit from the top: five of 32 for 6 dB.
+    strip.setGainReduction (6.0f);
+    const auto picture = paintPicture (strip);
+    SegmentedBar bar (32, 4.0f, SegmentedBar::Growth::down);
+    bar.setBounds (MeterStripLayout::of ({ 90, 196 }, true).bars[2].toFloat());
+
+    for (const int i : { 0, 4, 5, 31 })
+    {
+        const auto at = bar.getSegment (i).getTopLeft().translated (4.0f, 1.0f).toInt();
+        EXPECT_EQ (picture.getPixelAt (at.x, at.y), juce::Colour (i < 5 ? 0xffff665f : unlit)) << i;
+    }
+}
+
+TEST (MeterStrip, RepaintsOnlyWhatChanges)
+{
+    MeterStrip strip;
+    strip.setSize (90, 196);
+    strip.clock = [] { return 1.0; };
+    strip.setLevels (linear (-12.0f), 0.0f);
+    RepaintWatch watch (strip);
+
+    strip.setLevels (linear (-11.9f), 0.0f); // the same segments
+    strip.setLabels ("IN", "OUT");
+    strip.setBarColours (juce::Colour (own), juce::Colour (own));
+    EXPECT_EQ (watch.takeCount(), 0);
+
+    strip.setLevels (linear (-10.0f), 0.0f); // one more
+    const auto area = watch.takeArea();
+    EXPECT_EQ (watch.takeCount(), 1);
+    EXPECT_EQ (area.getX(), 5);
+    EXPECT_EQ (area.getWidth(), 24);
+    EXPECT_LE (area.getHeight(), 5);
+
+    strip.setGainReduction (6.0f); // a new bar moves the others
+    EXPECT_EQ (watch.takeArea(), strip.getLocalBounds());
+    watch.takeCount();
+    strip.setGainReduction (6.005f);
+    EXPECT_EQ (watch.takeCount(), 0);
+}
+
+TEST (MeterPair, ShowsBarsAndReadoutsWithinItsBounds)
+{
+    MeterPair pair ("OUT L", "OUT R");
+    pair.setSize (360, 44);
+    pair.clock = [] { return 1.0; };
+    EXPECT_EQ (pair.getMeter (1).getBounds(), juce::Rectangle<int> (46, 26, 272, 14));
+    EXPECT_EQ (pair.getReadoutBounds (1), juce::Rectangle<int> (324, 22, 36, 22)) << "cut at the edge";
+    EXPECT_EQ (pair.getReadout (0), "-");
+
+    pair.setColours (juce::Colour (own), juce::Colour (own));
+    pair.setLevels (linear (8.0f), linear (-12.34f));
+    EXPECT_EQ (pair.getReadout (1), "-12.3");
+
+    const auto picture = paintPicture (pair);
+    SegmentedBar bar (24, 3.0f, SegmentedBar::Growth::right);
+    bar.setBounds (pair.getMeter (0).getBounds().toFloat());
+    EXPECT_EQ (segmentColours (picture, bar, true), expectedColours (24, 22, 19, 21, own));
+
+    RepaintWatch watch (pair);
+    pair.setLevels (linear (8.0f), linear (-12.33f));
+    EXPECT_EQ (watch.takeCount(), 0);
+    pair.setLevels (linear (8.0f), linear (-12.2f));
+    EXPECT_EQ (watch.takeArea(), pair.getReadoutBounds (1));
+
+    pair.setSize (20, 4);
+    EXPECT_EQ (pair.getMeter (0).getWidth(), 1);
+}
+
+TEST (MeterPictures, LookAsStoredAndMissAMissingSegment)
+{
+    MeterStrip strip;
+    strip.setSize (90, 196);
+    strip.clock = [] { return 1.0; };
+    strip.setLevels (linear (-6.0f), linear (3.0f));
+    strip.setGainReduction (6.0f);
+    EXPECT_TRUE (looksAsStored (strip, "meter-strip"));
+
+    const auto whole = paintPicture (strip);
+    strip.setGainReduction (5.0f);
+    EXPECT_GT (countDifferentPixels (whole, paintPicture (strip), 24), 6) << "one segment less is a failure";
+}
+
+TEST (MeterAccessibility, ReadsTheLevels)
+{
+    MeterStrip strip;
+    strip.setLevels (0.0f, linear (-12.34f));
+    const auto handler = strip.createAccessibilityHandler();
+    EXPECT_EQ (handler->getValueInterface()->getCurrentValueAsString(), "IN silent, OUT -12.3 dB");
+    EXPECT_TRUE (handler->getValueInterface()->isReadOnly());
+}
+
+} // namespace
+} // namespace kestreleq::test

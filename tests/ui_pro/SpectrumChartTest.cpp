@@ -1,0 +1,194 @@
+#include "tests/support/Pictures.h"
+#include "tests/support/RepaintWatch.h"
+
+#include "ui_pro/controls/SpectrumAxes.h"
+#include "ui_pro/controls/SpectrumChartComponent.h"
+#include "ui_pro/controls/SpectrumPainter.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace quillon::ui_pro::controls;
+
+constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+
+SpectrumChartSnapshot flat (float db, std::uint64_t bins = 64)
+{
+    return { true, 48000.0, bins, 0, [db] (std::uint64_t) { return db; } };
+}
+
+TEST (SpectrumAxes, PlacesFrequenciesAndLevels)
+{
+    const juce::Rectangle<float> area (10.0f, 20.0f, 300.0f, 108.0f);
+
+    for (const auto nowhere : { 0.0, -5.0, static_cast<double> (nan), 20.0, 3.0 })
+        EXPECT_EQ (frequencyToX (nowhere, area), 10.0f) << nowhere;
+
+    EXPECT_EQ (frequencyToX (40000.0, area), 310.0f);
+    EXPECT_NEAR (frequencyToX (632.4555, area), 160.0f, 1e-3f);
+
+    EXPECT_EQ (dbToY (24.0f, area, -84.0f, 24.0f), 20.0f);
+    EXPECT_EQ (dbToY (0.0f, area, -84.0f, 24.0f), 44.0f);
+    EXPECT_EQ (dbToY (nan, area, -84.0f, 24.0f), 128.0f);
+
+    EXPECT_EQ (binFrequency (0, 1), 20.0);
+    EXPECT_NEAR (binFrequency (1, 3), 632.4555, 1e-3);
+    EXPECT_NEAR (binFrequency (511, 512), 20000.0, 1e-6);
+}
+
+TEST (SpectrumAxes, TellsSilenceAndFadesGains)
+{
+    std::array<float, 4> values { -84.0f, nan, -83.75f, std::numeric_limits<float>::infinity() };
+    EXPECT_TRUE (isSilent (values.data(), values.size()));
+    EXPECT_TRUE (isSilent (nullptr, 0));
+    values[1] = -83.7f;
+    EXPECT_FALSE (isSilent (values.data(), values.size()));
+
+    EXPECT_NEAR (shownGain (10.0f, 19000.0), 5.0f, 1e-5f);
+    EXPECT_EQ (shownGain (10.0f, 25000.0), 0.0f);
+    EXPECT_EQ (shownGain (30.0f, 1000.0), 18.0f);
+    EXPECT_EQ (shownGain (-30.0f, 1000.0), -18.0f);
+    EXPECT_EQ (shownGain (nan, 1000.0), 0.0f);
+    EXPECT_EQ (shownGainMagnitude (-6.0f, 1000.0), 0.0f);
+}
+
+/** The row of the strongest pixel of a column: the trace on a chart without a grid. */
+int traceRow (const juce::Image& picture, int x)
+{
+    int best = 0;
+
+    for (int y = 0; y < picture.getHeight(); ++y)
+        if (picture.getPixelAt (x, y).getAlpha() > picture.getPixelAt (x, best).getAlpha())
+            best = y;
+
+    return best;
+}
+
+TEST (SpectrumChart, DrawsTheTraceAndItsFillWhereTheyBelong)
+{
+    SpectrumChartComponent chart;
+    chart.setSize (200, 108);
+    chart.setVisibility ({ false, true, true });
+    chart.setSnapshot (flat (-30.5f));
+    auto picture = paintPicture (chart);
+    EXPECT_EQ (traceRow (picture, 100), 54);
+    EXPECT_EQ (picture.getPixelAt (100, 40).getAlpha(), 0);
+    EXPECT_GT (picture.getPixelAt (100, 60).getAlpha(), picture.getPixelAt (100, 100).getAlpha());
+    EXPECT_GT (picture.getPixelAt (100, 100).getAlpha(), 0);
+
+    // As a difference the fill lies between the curve and the centre, and the end fades out.
+    chart.setSpectrumScale (false);
+    chart.setSnapshot (flat (-9.2f, 512));
+    picture = paintPicture (chart);
+    EXPECT_EQ (traceRow (picture, 100), 81);
+    EXPECT_GT (picture.getPixelAt (100, 65).getAlpha(), 0);
+    EXPECT_EQ (picture.getPixelAt (100, 95).getAlpha(), 0);
+    EXPECT_LT (traceRow (picture, 199), 75);
+
+    chart.setFill (false);
+    EXPECT_EQ (paintPicture (chart).getPixelAt (100, 65).getAlpha(), 0);
+}
+
+TEST (SpectrumChart, RepaintsForANewPictureOnly)
+{
+    SpectrumChartComponent chart;
+    chart.setSize (200, 100);
+    RepaintWatch watch (chart);
+
+    chart.setSnapshot (flat (-84.0f));
+    chart.setSnapshot ({});
+    chart.setLineWidthScale (1.0f);
+    chart.setTraceConfig ({});
+    chart.clearExtraTraces();
+    EXPECT_EQ (watch.takeCount(), 0) << "it waits for audio all the time";
+
+    chart.setSnapshot (flat (-20.0f));
+    EXPECT_EQ (watch.takeCount(), 1);
+    chart.setSnapshot (flat (-20.0f));
+    EXPECT_EQ (watch.takeCount(), 0);
+    chart.setLineWidthScale (0.1f);
+    EXPECT_EQ (chart.getLineWidthScale(), 0.25f);
+    chart.setExtraTraces ({ { "", juce::Colours::red, 1.0f, [] (std::uint64_t) { return -3.0f; } } });
+    EXPECT_EQ (watch.takeCount(), 2);
+}
+
+TEST (SpectrumChart, LooksAsStoredAndMissesAMissingCurve)
+{
+    SpectrumChartComponent chart;
+    chart.setSize (320, 120);
+    chart.setSnapshot ({ true, 48000.0, 128, 0,
+        [] (std::uint64_t i) { return -30.0f + 12.0f * std::sin (static_cast<float> (i) / 6.0f); } });
+    chart.setExtraTraces ({ { "", juce::Colour (0xff20c7d8), 1.15f, [] (std::uint64_t) { return -6.0f; } } });
+    EXPECT_TRUE (looksAsStored (chart, "spectrum-chart"));
+
+    const auto whole = paintPicture (chart);
+    chart.setVisibility ({ true, false, true });
+    EXPECT_GT (countDifferentPixels (whole, paintPicture (chart), 24), 100);
+    chart.setSnapshot ({});
+    EXPECT_TRUE (looksAsStored (chart, "spectrum-chart-waiting"));
+}
+
+/** The same chart through the static routine, with nothing cached. */
+struct PlainChart final : juce::Component
+{
+    void paint (juce::Graphics& g) override
+    {
+        SpectrumChartComponent::paintChart (
+            g, getLocalBounds().toFloat(), flat (-30.0f), {}, quillon::ui_pro::style::accentRole (16), 1.0f, {}, {});
+    }
+};
+
+TEST (SpectrumChart, LooksTheSameThroughTheStaticRoutineAtEveryScale)
+{
+    juce::Component window;
+    window.setSize (340, 140);
+    SpectrumChartComponent chart;
+    chart.setSnapshot (flat (-30.0f));
+    PlainChart plain;
+
+    for (auto* const shown : { static_cast<juce::Component*> (&chart), static_cast<juce::Component*> (&plain) })
+    {
+        shown->setBounds (7, 5, 321, 121);
+        window.addChildComponent (shown);
+    }
+
+    for (const auto scale : { 0.5f, 1.0f, 1.25f, 2.0f })
+    {
+        chart.setVisible (true);
+        plain.setVisible (false);
+        const auto cached = paintPicture (window, scale);
+        chart.setVisible (false);
+        plain.setVisible (true);
+        EXPECT_LT (countDifferentPixels (cached, paintPicture (window, scale), 16), 6) << scale;
+    }
+}
+
+TEST (SpectrumPainter, PlacesBinsAtEdgesOrCentres)
+{
+    const std::array<float, 2> levels { -84.0f, 24.0f };
+    const auto paintedAt = [&levels] (BinPlacement placement)
+    {
+        juce::Image picture (juce::Image::ARGB, 200, 100, true, juce::SoftwareImageType());
+        juce::Graphics g (picture);
+        SpectrumLook look { juce::Colours::white };
+        look.placement = placement;
+        look.fill = false;
+        paintSpectrum (g, { 0.0f, 0.0f, 200.0f, 100.0f }, levels, look);
+        return picture;
+    };
+    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::edges), 100), 50, 1);
+    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::edges), 60), 70, 1);
+    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::centres), 100), 50, 1);
+    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::centres), 60), 90, 1);
+}
+
+} // namespace
+} // namespace kestreleq::test
