@@ -96,12 +96,14 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
 KestrelEditor::~KestrelEditor()
 {
     stopTimer();
+    cancelPendingUpdate();
     processor.setCapturing (false);
     removeKeyListener (&header.getKeyListener());
 
     if (resizableCorner != nullptr)
         resizableCorner->setLookAndFeel (nullptr);
 
+    scaffold->getGlobalPanel().getTrimKnob().endDrag();
     breakAttachment.reset();
     trimAttachment.reset();
 }
@@ -122,18 +124,19 @@ void KestrelEditor::initialiseScaffold()
         header.refreshCommands();
     };
 
-    const auto modeChanged = [this]
-    {
-        refreshChannelMode();
-        resized();
-    };
-    scaffold->onLinkChanged = modeChanged;
-    scaffold->onMsModeChanged = modeChanged;
+    scaffold->onLinkChanged = [this] { triggerAsyncUpdate(); };
+    scaffold->onMsModeChanged = [this] { triggerAsyncUpdate(); };
     scaffold->setLaneAreaVisible (false);
     scaffold->setExtraContent (&breakWrapper);
     scaffold->wireKnob (idOf (Parameter::trim), scaffold->getGlobalPanel().getTrimKnob(), trimAttachment);
     scaffold->wireBoolButton (idOf (Parameter::breakMode), breakButton, breakAttachment);
     content.addAndMakeVisible (*scaffold);
+}
+
+void KestrelEditor::handleAsyncUpdate()
+{
+    refreshChannelMode();
+    resized();
 }
 
 void KestrelEditor::initialiseWindow()

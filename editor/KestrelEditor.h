@@ -26,7 +26,7 @@ namespace kestreleq
 
 /** The plug-in's window: one canvas of a fixed size, scaled as a whole to the window. It polls the processor twenty
     times a second, and switches the processor's analysers on for as long as it lives. Message thread. */
-class KestrelEditor final : public juce::AudioProcessorEditor, private juce::Timer
+class KestrelEditor final : public juce::AudioProcessorEditor, private juce::Timer, private juce::AsyncUpdater
 {
 public:
     explicit KestrelEditor (KestrelProcessor& processorToEdit);
@@ -60,6 +60,10 @@ public:
 
 private:
     void timerCallback() override { tick(); }
+
+    /** A change of link or mid/side, which may be told from within a parameter's listener: hiding a lane's knobs there
+        could end a step of the history, which waits for a lock that the listener's caller holds. */
+    void handleAsyncUpdate() override;
 
     void initialiseScaffold();
     void initialiseWindow();

@@ -26,13 +26,11 @@ LaneKnobBinding::LaneKnobBinding (juce::RangedAudioParameter& parameterToBind,
 
 LaneKnobBinding::~LaneKnobBinding()
 {
+    knob.endDrag(); // a host may close the window under the pointer
     knob.onDragStart = nullptr;
     knob.onValueChange = nullptr;
     knob.onDragEnd = nullptr;
     knob.onDoubleClick = nullptr;
-
-    if (dragging)
-        endStep(); // a host may close the window under the pointer
 }
 
 void LaneKnobBinding::show (float value)
@@ -44,7 +42,6 @@ void LaneKnobBinding::show (float value)
 
 void LaneKnobBinding::beginStep()
 {
-    dragging = true;
     history.beginStep();
     attachment.beginGesture();
     onStep();
@@ -52,7 +49,6 @@ void LaneKnobBinding::beginStep()
 
 void LaneKnobBinding::endStep()
 {
-    dragging = false;
     attachment.endGesture();
     history.endStep();
     onStep();

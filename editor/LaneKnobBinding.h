@@ -35,7 +35,6 @@ private:
     quillon::ui_pro::controls::KnobControl& knob;
     EditHistory& history;
     std::function<void()> onStep;
-    bool dragging = false;
     juce::ParameterAttachment attachment;
 };
 
