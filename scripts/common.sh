@@ -15,12 +15,18 @@ as_root() {
     else die "not root and no sudo: cannot run '$*'"; fi
 }
 
+# missing_packages PACKAGE... : those Debian packages that are not installed.
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+    done
+}
+
 # install_packages PACKAGE... : installs those Debian packages that are not there yet.
 install_packages() {
-    local missing=() package
-    for package in "$@"; do
-        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
-    done
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
 
     say "installing ${missing[*]}"

@@ -26,8 +26,9 @@ set(CMAKE_C_FLAGS_INIT "-nostdinc ${c_headers} ${assembler}")
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc -nostdinc++ ${cxx_headers} ${c_headers} ${assembler} -Wa,-mbig-obj")
 set(CMAKE_RC_FLAGS_INIT "-I${sysroot}/include")
 
-# Nothing beside the system's own DLLs is needed to run what is built.
-set(link "-B${sysroot}/lib -L${sysroot}/lib -static -static-libgcc -static-libstdc++")
+# Nothing beside the system's own DLLs is needed to run what is built. The linker strips it: the strip program would put
+# the time into it, and the same sources should give the same bytes.
+set(link "-B${sysroot}/lib -L${sysroot}/lib -static -static-libgcc -static-libstdc++ -s -Wl,--no-insert-timestamp")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${link}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${link}")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "${link}")

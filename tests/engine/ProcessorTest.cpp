@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <stdexcept>
 
 namespace kestreleq::test
 {
@@ -217,6 +218,29 @@ TEST (Processor, FeedsTheAnalysersByMode)
         EXPECT_NEAR (peakPoint (*rig, 0, slot).second, -12.0f, 0.5f);
         EXPECT_EQ (peakPoint (*rig, 1, slot).second, -120.0f);
     }
+}
+
+TEST (Processor, LetsNoExceptionOutToTheHost)
+{
+    struct Thrower : juce::AudioProcessorValueTreeState::Listener
+    {
+        void parameterChanged (const juce::String&, float) override { throw std::runtime_error ("from a listener"); }
+    };
+
+    ProcessorRig rig, other;
+    other.processor.setCurrentProgram (5);
+    juce::MemoryBlock state;
+    other.processor.getStateInformation (state);
+
+    Thrower thrower;
+    rig.processor.getCore().getTree().addParameterListener ("sub", &thrower);
+    EXPECT_NO_THROW (rig.processor.setCurrentProgram (1));
+    EXPECT_NO_THROW (rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize())));
+
+    // Whatever it broke off, it left no lock behind and the processor usable.
+    rig.processor.getCore().getTree().removeParameterListener ("sub", &thrower);
+    rig.processor.setCurrentProgram (5);
+    EXPECT_EQ (rig.get ("650hz"), other.get ("650hz"));
 }
 
 TEST (Processor, TellsTheFooterWhatItKnows)
