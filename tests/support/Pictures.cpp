@@ -83,7 +83,8 @@ testing::AssertionResult looksAsStored (juce::Component& component, const juce::
     if (different < fewestForAMark)
         return testing::AssertionSuccess();
 
-    const auto shown = pictureFile (juce::File::getSpecialLocation (juce::File::tempDirectory).getFullPathName(), "failed-" + name);
+    const auto shown =
+        pictureFile (juce::File::getSpecialLocation (juce::File::tempDirectory).getFullPathName(), "failed-" + name);
     writePng (picture, shown);
     return testing::AssertionFailure() << different << " pixels of " << name << " differ; see "
                                        << shown.getFullPathName();

@@ -18,6 +18,7 @@ struct ProcessorRig
 {
     explicit ProcessorRig (double sampleRate = 48000.0, int blockSize = 512)
     {
+        processor.setRateAndBufferSizeDetails (sampleRate, blockSize); // as every wrapper does
         processor.prepareToPlay (sampleRate, blockSize);
     }
 

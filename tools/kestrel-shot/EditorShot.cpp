@@ -26,6 +26,7 @@ struct Stage
 {
     explicit Stage (double sampleRate)
     {
+        processor.setRateAndBufferSizeDetails (sampleRate, blockSize);
         processor.prepareToPlay (sampleRate, blockSize);
         editor = std::make_unique<KestrelEditor> (processor);
         editor->setClock ([this] { return now; });

@@ -58,6 +58,7 @@ private:
     };
 
     void timerCallback() override { advance(); }
+
     bool keyPressed (const juce::KeyPress& key, juce::Component* origin) override;
 
     void startAnimation (bool shouldOpen);
