@@ -159,7 +159,12 @@ void KestrelChartView::paint (juce::Graphics& g)
 
     const juce::Graphics::ScopedSaveState saved (g);
     g.reduceClipRegion (scale.plot().getSmallestIntegerContainer());
-    paintSpectrum (g);
+    {
+        // What lies on the floor is silence, and no line.
+        const juce::Graphics::ScopedSaveState aboveFloor (g);
+        g.reduceClipRegion (scale.plot().withTrimmedBottom (2.0f).getSmallestIntegerContainer());
+        paintSpectrum (g);
+    }
     paintChartGrid (g, scale);
     paintChartCurve (g, scale, curveLine, curveFill, colour);
     paintNodes (g);
