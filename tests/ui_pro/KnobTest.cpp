@@ -1,6 +1,6 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
-#include "tests/support/RepaintCounter.h"
+#include "tests/support/RepaintWatch.h"
 
 #include "ui_pro/controls/KnobControl.h"
 
@@ -181,20 +181,17 @@ TEST (Knob, AGestureNeverStaysOpen)
 TEST (Knob, RepaintsWhatChangedAndNothingElse)
 {
     KnobControl knob;
-    knob.setVisible (true);
-    auto& repaints = RepaintCounter::watch (knob);
+    RepaintWatch repaints (knob);
     knob.setValue (0.25f);
-    EXPECT_FALSE (repaints.whole);
-    EXPECT_EQ (repaints.dirty.getBounds(), knob.getKnobBounds().getUnion (knob.getValueBounds()));
+    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds().getUnion (knob.getValueBounds()));
 
     knob.setValueText ("-12 dB");
-    repaints.clear();
+    repaints.takeArea();
     knob.setValue (0.75f);
-    EXPECT_EQ (repaints.dirty.getBounds(), knob.getKnobBounds()) << "the text has not changed";
+    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds()) << "the text has not changed";
     knob.setLabel ("GAIN");
-    EXPECT_TRUE (repaints.whole);
-
-    repaints.clear();
+    EXPECT_EQ (repaints.takeArea(), knob.getLocalBounds());
+    repaints.takeCount();
 
     for (int i = 0; i < 100000 / 16; ++i)
     {
@@ -216,7 +213,7 @@ TEST (Knob, RepaintsWhatChangedAndNothingElse)
         knob.setValueGap (-1);
     }
 
-    EXPECT_EQ (repaints.count, 0);
+    EXPECT_EQ (repaints.takeCount(), 0);
 }
 
 TEST (Knob, LooksAsStored)
