@@ -1,4 +1,5 @@
-// Loads and unloads the module again and again, as a host's scan does, and watches what that leaves behind.
+// Loads the module, creates its effect and unloads it again and again, as a host's scan does, and watches what is left
+// behind.
 
 #include <windows.h>
 
@@ -30,14 +31,22 @@ struct ClassInfo
     char name[64];
 };
 
-struct Factory
+struct Object
 {
     virtual std::int32_t __stdcall queryInterface (const char* id, void** object) = 0;
     virtual std::uint32_t __stdcall addRef() = 0;
     virtual std::uint32_t __stdcall release() = 0;
+
+protected:
+    ~Object() = default;
+};
+
+struct Factory : Object
+{
     virtual std::int32_t __stdcall getFactoryInfo (FactoryInfo* info) = 0;
     virtual std::int32_t __stdcall countClasses() = 0;
     virtual std::int32_t __stdcall getClassInfo (std::int32_t index, ClassInfo* info) = 0;
+    virtual std::int32_t __stdcall createInstance (const char* classId, const char* interfaceId, void** object) = 0;
 
 protected:
     ~Factory() = default;
@@ -69,6 +78,15 @@ Function find (HMODULE module, const char* name)
     return function;
 }
 
+/** Creates the effect, and lets it go again. */
+void createAndRelease (Factory& factory, const char* classId)
+{
+    constexpr char objectId[16] { 0, 0, 0, 0, 0, 0, 0, 0, '\xc0', 0, 0, 0, 0, 0, 0, '\x46' };
+    void* object = nullptr;
+    require (factory.createInstance (classId, objectId, &object) == 0 && object != nullptr, "there is no instance");
+    require (static_cast<Object*> (object)->release() == 0, "the instance is still held");
+}
+
 void readFactory (Factory& factory)
 {
     FactoryInfo info {};
@@ -81,7 +99,12 @@ void readFactory (Factory& factory)
         ClassInfo entry {};
         require (factory.getClassInfo (i, &entry) == 0, "a class has no description");
         require (std::strcmp (entry.name, "Kestrel EQ") == 0, "a class has a wrong name");
-        hasEffect = hasEffect || std::strcmp (entry.category, "Audio Module Class") == 0;
+
+        if (std::strcmp (entry.category, "Audio Module Class") == 0)
+        {
+            hasEffect = true;
+            createAndRelease (factory, entry.id);
+        }
     }
 
     require (hasEffect, "there is no audio effect");
