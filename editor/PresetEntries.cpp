@@ -16,11 +16,6 @@ namespace
 
 using namespace quillon::ui_pro;
 
-constexpr std::array descriptions { "All bands centered, no EQ", "Mid-forward, gentle air lift",
-    "Sub and 40Hz lift, slight high trim", "High-shelf air with gentle 2.5K push",
-    "Scooped mids, boosted lows and highs", "Heavy tilt with break mode engaged" };
-static_assert (descriptions.size() == factoryPrograms.size());
-
 constexpr double previewRate = 96000.0; // Hz
 constexpr double previewSpan = 18.0;    // dB, up and down
 
@@ -53,7 +48,7 @@ std::vector<controls::PresetEntry> makePresetEntries (int currentProgram)
         entry.category = "Factory";
         entry.author = "Quillon";
         entry.mode = "Kestrel";
-        entry.description = descriptions[i];
+        entry.description = factoryPrograms[i].description;
         entry.tags =
             i == 0 ? juce::StringArray { "flat", "init", "factory" } : juce::StringArray { "factory", "kestrel", "eq" };
         entries.push_back (std::move (entry));

@@ -9,13 +9,11 @@ namespace kestreleq::shot
 void addCharts (GallerySheet& sheet);
 void addControls (GallerySheet& sheet);
 void addFooter (GallerySheet& sheet);
+void addHeaderTools (GallerySheet& sheet);
 void addMeters (GallerySheet& sheet);
 void addPanels (GallerySheet& sheet);
-void addPrimitives (GallerySheet& sheet);
 void addPresets (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
-void addControls (GallerySheet& sheet);
-void addHeaderTools (GallerySheet& sheet);
 void addSupport (GallerySheet& sheet);
 
 /** The sheet with every family on it. */
