@@ -110,9 +110,9 @@ KestrelEditor::~KestrelEditor()
 
 void KestrelEditor::initialiseScaffold()
 {
-    auto& core = processor.getCore();
+    // No undo manager: attachments would use it without the history's lock, and the steps are begun below.
     scaffold = std::make_unique<controls::EffectEditorScaffold> (
-        core.getTree(), globalParameters(), accent (5), accent (16), &core.getUndoManager());
+        processor.getCore().getTree(), globalParameters(), accent (5), accent (16), nullptr);
     scaffold->onGestureStart = [this]
     {
         processor.getCore().getHistory().beginStep();
