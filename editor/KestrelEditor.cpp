@@ -77,6 +77,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     addAndMakeVisible (content);
     addChildComponent (overlay);
     content.setInterceptsMouseClicks (false, true);
+    content.addMouseListener (this, true);
     header.addTo (content);
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
@@ -141,6 +142,12 @@ void KestrelEditor::initialiseTooltips()
     tooltips.setColour (juce::TooltipWindow::backgroundColourId, palette.surface2);
     tooltips.setColour (juce::TooltipWindow::outlineColourId, palette.outlineStrong);
     tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);
+}
+
+void KestrelEditor::mouseDown (const juce::MouseEvent&)
+{
+    if (! hasKeyboardFocus (true) && findOpenPopup() == nullptr)
+        grabKeyboardFocus();
 }
 
 void KestrelEditor::focusGained (FocusChangeType cause)

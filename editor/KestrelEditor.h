@@ -34,6 +34,10 @@ public:
 
     void resized() override;
 
+    /** A press on a control: the editor takes the keyboard, for its shortcuts, unless a popup has it. The keys that it
+        does not take go on to the host. */
+    void mouseDown (const juce::MouseEvent& event) override;
+
     /** What the window system answers to the click that opened a popup may come after the popup took the keyboard, and
         the framework then hands the keyboard to whoever had it before: the popup gets it back. */
     void focusGained (FocusChangeType cause) override;
