@@ -4,6 +4,7 @@
 #include "editor/HeaderMenu.h"
 #include "editor/PresetEntries.h"
 #include "engine/parameters/FactoryPrograms.h"
+#include "ui_pro/controls/PresetBrowserPopup.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -162,6 +163,14 @@ void EditorHeader::place()
     bar.place (abControl, slots.abCompare);
     bar.place (menu, slots.menu);
     bar.place (copyPaste, slots.copyPaste.withWidth (44));
+}
+
+juce::Component* EditorHeader::getOpenPopup() const
+{
+    if (auto* browser = presetSelector.getBrowser())
+        return &browser->getSearchField();
+
+    return menu.getPopup();
 }
 
 void EditorHeader::refresh()

@@ -77,6 +77,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     addAndMakeVisible (content);
     addChildComponent (overlay);
     content.setInterceptsMouseClicks (false, true);
+    content.addMouseListener (this, true);
     header.addTo (content);
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
@@ -90,6 +91,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     footer.addTo (content);
     refreshChannelMode();
     refreshLinkState();
+    initialiseTooltips();
     initialiseWindow();
 }
 
@@ -131,6 +133,50 @@ void KestrelEditor::initialiseScaffold()
     scaffold->wireKnob (idOf (Parameter::trim), scaffold->getGlobalPanel().getTrimKnob(), trimAttachment);
     scaffold->wireBoolButton (idOf (Parameter::breakMode), breakButton, breakAttachment);
     content.addAndMakeVisible (*scaffold);
+}
+
+void KestrelEditor::initialiseTooltips()
+{
+    const auto& palette = style::Theme::palette();
+    tooltips.setOpaque (false); // its corners are round
+    tooltips.setColour (juce::TooltipWindow::backgroundColourId, palette.surface2);
+    tooltips.setColour (juce::TooltipWindow::outlineColourId, palette.outlineStrong);
+    tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);
+}
+
+void KestrelEditor::mouseDown (const juce::MouseEvent&)
+{
+    if (! hasKeyboardFocus (true) && findOpenPopup() == nullptr)
+        grabKeyboardFocus();
+}
+
+void KestrelEditor::focusGained (FocusChangeType cause)
+{
+    if (cause != focusChangedDirectly || findOpenPopup() == nullptr)
+        return;
+
+    // Not at once: the window system may still be passing the keyboard to and fro.
+    juce::MessageManager::callAsync (
+        [self = SafePointer<KestrelEditor> (this)]
+        {
+            if (auto* editor = self.getComponent(); editor != nullptr && editor->hasKeyboardFocus (false))
+                editor->giveKeyboardToPopup();
+        });
+}
+
+void KestrelEditor::giveKeyboardToPopup()
+{
+    if (auto* popup = findOpenPopup())
+        popup->grabKeyboardFocus();
+}
+
+juce::Component* KestrelEditor::findOpenPopup()
+{
+    if (overlay.isVisible())
+        return &overlay;
+
+    auto* const popup = header.getOpenPopup();
+    return popup != nullptr ? popup : footer.getOpenPopup();
 }
 
 void KestrelEditor::handleAsyncUpdate()

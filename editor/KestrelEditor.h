@@ -34,6 +34,14 @@ public:
 
     void resized() override;
 
+    /** A press on a control: the editor takes the keyboard, for its shortcuts, unless a popup has it. The keys that it
+        does not take go on to the host. */
+    void mouseDown (const juce::MouseEvent& event) override;
+
+    /** What the window system answers to the click that opened a popup may come after the popup took the keyboard, and
+        the framework then hands the keyboard to whoever had it before: the popup gets it back. */
+    void focusGained (FocusChangeType cause) override;
+
     /** Shows the processor as it is now, after anything that may have changed everything. */
     void refreshEditor();
 
@@ -67,6 +75,9 @@ private:
 
     void initialiseScaffold();
     void initialiseWindow();
+    void initialiseTooltips();
+    juce::Component* findOpenPopup();
+    void giveKeyboardToPopup();
     void layOutCanvas();
     void storeScaleStep();
 
@@ -89,6 +100,7 @@ private:
     EditorFooter footer;
     std::unique_ptr<quillon::ui_pro::controls::SupportDiagnosticsPanel> supportPanel; // once it was opened
     quillon::ui_pro::overlays::SlideInOverlay overlay;
+    juce::TooltipWindow tooltips { this };
 
     std::unique_ptr<juce::ButtonParameterAttachment> breakAttachment;
     std::unique_ptr<juce::ParameterAttachment> trimAttachment;

@@ -277,6 +277,36 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_FALSE (overlay.isVisible());
 }
 
+TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)
+{
+    EditorRig rig;
+    auto& header = rig.editor->getHeader();
+    const auto late = [&rig] (const std::function<void()>& open)
+    {
+        rig.editor->grabKeyboardFocus();
+        rig.window.getPeer()->handleFocusLoss();
+        open();
+        rig.window.getPeer()->handleFocusGain();
+        pumpMessages (1);
+    };
+
+    late ([&] { header.getMenu().openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_EQ (header.getMenu().getPopup(), nullptr);
+
+    late ([&] { header.getPresetSelector().openBrowser(); });
+    EXPECT_TRUE (rig.window.pressKey ({ juce::KeyPress::spaceKey, {}, U' ' })) << "typed into the search";
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+
+    auto& oversampling = rig.editor->getFooter().getOversampling();
+    late ([&] { oversampling.openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_FALSE (oversampling.isPopupOpen());
+
+    late ([&] { rig.editor->openSupport(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+}
+
 TEST (KestrelEditor, GoesAwayInTheMiddleOfADrag)
 {
     EditorRig rig;

@@ -89,7 +89,6 @@ void MenuControl::openPopup()
     if (popup != nullptr || ! isEnabled() || &window == this)
         return;
 
-    focusedBefore = juce::Component::getCurrentlyFocusedComponent();
     popup = std::make_unique<Popup>();
     popup->setItems (items);
     popup->onChosen = [this] (int index) { choose (index); };
@@ -98,9 +97,7 @@ void MenuControl::openPopup()
     window.addAndMakeVisible (*popup);
     placePopup();
     repaint();
-
-    if (popup->isShowing())
-        popup->grabKeyboardFocus();
+    keyboard.take (*popup);
 }
 
 void MenuControl::closePopup()
@@ -108,15 +105,8 @@ void MenuControl::closePopup()
     if (popup == nullptr)
         return;
 
-    // Whoever had the keyboard gets it back; if that was the host, it must not stay here.
-    const auto hadFocus = popup->hasKeyboardFocus (true);
     const auto closed = std::exchange (popup, nullptr);
-
-    if (hadFocus && focusedBefore != nullptr && focusedBefore->isShowing())
-        focusedBefore->grabKeyboardFocus();
-    else if (hadFocus)
-        closed->giveAwayKeyboardFocus();
-
+    keyboard.giveBack (*closed);
     hovered = isMouseOver();
     repaint();
 }

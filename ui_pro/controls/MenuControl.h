@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/MenuItem.h"
 #include "ui_pro/controls/MenuPopup.h"
+#include "ui_pro/primitives/KeyboardLoan.h"
 
 namespace quillon::ui_pro::controls
 {
@@ -58,7 +59,7 @@ private:
     float scale = 1.0f;
     bool hovered = false;
     std::unique_ptr<Popup> popup;
-    juce::Component::SafePointer<juce::Component> focusedBefore;
+    primitives::KeyboardLoan keyboard;
 };
 
 } // namespace quillon::ui_pro::controls

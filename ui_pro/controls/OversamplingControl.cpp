@@ -117,6 +117,7 @@ void OversamplingControl::openPopup()
 
     popup->placeIn (*parent);
     outsideClicks = std::make_unique<OutsideClicks> (*this);
+    keyboard.take (*popup);
     repaint();
 }
 
@@ -126,6 +127,7 @@ void OversamplingControl::closePopup()
         return;
 
     outsideClicks.reset();
+    keyboard.giveBack (*popup);
     popup->getParentComponent()->removeChildComponent (popup.get());
     repaint();
 }

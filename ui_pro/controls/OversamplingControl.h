@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/controls/FooterReadout.h"
+#include "ui_pro/primitives/KeyboardLoan.h"
 
 #include <functional>
 #include <memory>
@@ -66,6 +67,7 @@ private:
 
     int mode = 0;
     bool pressed = false;
+    primitives::KeyboardLoan keyboard;
     std::unique_ptr<Popup> popup;
     std::unique_ptr<OutsideClicks> outsideClicks; // while the popup is open
 };

@@ -76,6 +76,7 @@ OversamplingControl::Popup::Popup (OversamplingControl& control)
     }
 
     setTitle ("Oversampling modes");
+    setWantsKeyboardFocus (true); // for the Escape key, as long as it is open
     setSize (width, numModes * rowHeight + 2 * padding);
 }
 
@@ -93,6 +94,15 @@ void OversamplingControl::Popup::placeIn (juce::Component& parent)
     const auto above = control.getY() - gapToControl - getHeight();
     const auto y = above >= 0 ? above : control.getBottom() + gapToControl;
     setBounds (getLocalBounds().withPosition (control.getX(), y).constrainedWithin (parent.getLocalBounds()));
+}
+
+bool OversamplingControl::Popup::keyPressed (const juce::KeyPress& key)
+{
+    if (key != juce::KeyPress::escapeKey)
+        return false;
+
+    owner.closePopup();
+    return true;
 }
 
 void OversamplingControl::Popup::resized()

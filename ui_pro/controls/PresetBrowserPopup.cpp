@@ -153,9 +153,6 @@ void PresetSelector::BrowserPopup::showOver (juce::Component& parent)
 {
     parent.addAndMakeVisible (*this);
     place();
-
-    if (search.isShowing())
-        search.grabKeyboardFocus();
 }
 
 void PresetSelector::BrowserPopup::place()

@@ -27,7 +27,7 @@ public:
     ~BrowserPopup() override;
 
     /** Adds the popup to a component that the selector lies in, below the selector, at its scale and within the
-        component's bounds, and takes the keyboard. */
+        component's bounds. */
     void showOver (juce::Component& parent);
 
     /** Shows what has changed in the library. */

@@ -190,10 +190,10 @@ void PresetSelector::openBrowser()
     if (browser != nullptr || parent == this || ! isEnabled())
         return;
 
-    focusedBefore = juce::Component::getCurrentlyFocusedComponent();
     browser = std::make_unique<BrowserPopup> (*this);
     browser->setPreviewPainter (previewPainter);
     browser->showOver (*parent);
+    keyboard.take (browser->getSearchField());
     display.setOpen (true);
 
     const SafePointer<PresetSelector> self (this);
@@ -210,15 +210,7 @@ void PresetSelector::closeBrowser()
 
     const auto closing = std::move (browser);
     display.setOpen (false);
-
-    if (! closing->hasKeyboardFocus (true))
-        return;
-
-    // Back to where the keyboard was, so that the host gets its keys again.
-    if (focusedBefore != nullptr && focusedBefore->isShowing())
-        focusedBefore->grabKeyboardFocus();
-    else
-        juce::Component::unfocusAllComponents();
+    keyboard.giveBack (*closing);
 }
 
 void PresetSelector::toggleBrowser()

@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/PresetLibrary.h"
 #include "ui_pro/controls/PresetSelectorButton.h"
+#include "ui_pro/primitives/KeyboardLoan.h"
 
 #include <functional>
 #include <memory>
@@ -112,7 +113,7 @@ private:
     PresetSelectorButton nextButton { PresetSelectorButton::Kind::next, "Next preset" };
 
     juce::Component::SafePointer<juce::Component> browserParent;
-    juce::Component::SafePointer<juce::Component> focusedBefore; // had the keyboard when the browser opened
+    primitives::KeyboardLoan keyboard;
     std::unique_ptr<BrowserPopup> browser;
 };
 

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "tests/support/MessagePump.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+
+namespace kestreleq::test
+{
+
+/** A real window around an editor, on the display that DISPLAY names, and that display's real mouse and keyboard. */
+class DesktopWindow final : public juce::DocumentWindow
+{
+public:
+    explicit DesktopWindow (juce::AudioProcessorEditor& editor, juce::Point<int> at = { 40, 60 })
+        : DocumentWindow (editor.processor.getName(), juce::Colours::black, allButtons)
+    {
+        setUsingNativeTitleBar (true);
+        setResizable (editor.isResizable(), false);
+        setContentNonOwned (&editor, true);
+        setTopLeftPosition (at);
+        setVisible (true);
+    }
+
+    ~DesktopWindow() override { clearContentComponent(); }
+
+    /** What the editor does not take is the host's. */
+    bool keyPressed (const juce::KeyPress& key) override
+    {
+        keys.add (key.getTextDescription());
+        return true;
+    }
+
+    void moveMouse (juce::Component& over, juce::Point<int> at)
+    {
+        const auto position = getLocalPoint (&over, at);
+        const auto handle = juce::String (reinterpret_cast<juce::pointer_sized_int> (getWindowHandle()));
+        input ({ "mousemove", "--window", handle, juce::String (position.x), juce::String (position.y) });
+    }
+
+    void click (juce::Component& over, juce::Point<int> at)
+    {
+        moveMouse (over, at);
+        input ({ "click", "1" });
+    }
+
+    void click (juce::Component& over) { click (over, over.getLocalBounds().getCentre()); }
+
+    void drag (juce::Component& over, juce::Point<int> from, juce::Point<int> to)
+    {
+        constexpr int steps = 5;
+        moveMouse (over, from);
+        input ({ "mousedown", "1" });
+        const auto start = getLocalPoint (&over, from); // of a component that may move along
+        const auto distance = getLocalPoint (&over, to) - start;
+
+        for (int i = 1; i <= steps; ++i)
+            moveMouse (*this, start + distance * i / steps);
+
+        input ({ "mouseup", "1" });
+    }
+
+    void press (const juce::String& key) { input ({ "key", key }); }
+
+    void type (const juce::String& text) { input ({ "type", text }); }
+
+    juce::StringArray keys; // those that came up to this window
+
+private:
+    /** Runs xdotool, and gives the window time to answer. */
+    static void input (juce::StringArray arguments)
+    {
+        juce::ChildProcess xdotool;
+
+        arguments.insert (0, "xdotool");
+
+        if (! xdotool.start (arguments, 0))
+            throw std::runtime_error ("xdotool cannot be run");
+
+        pumpMessagesUntil ([&] { return ! xdotool.isRunning(); }, 5000);
+        pumpMessages (60);
+    }
+};
+
+} // namespace kestreleq::test

@@ -1,0 +1,229 @@
+#include "editor/KestrelEditor.h"
+
+#include "tests/support/ProcessorRig.h"
+#include "tests/window/DesktopWindow.h"
+
+#include "ui_pro/controls/PresetBrowserPopup.h"
+
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <atomic>
+#include <cmath>
+#include <iostream>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+/** A processor with its editor open on the screen. */
+struct ScreenRig : ProcessorRig
+{
+    explicit ScreenRig (juce::Point<int> at = { 40, 60 })
+        : editor (std::make_unique<KestrelEditor> (processor)),
+          window (std::make_unique<DesktopWindow> (*editor, at))
+    {
+        EXPECT_TRUE (pumpMessagesUntil ([this] { return editor->isShowing(); }, 5000));
+        pumpMessages (200);
+    }
+
+    ~ScreenRig() { window.reset(); }
+
+    quillon::ui_pro::controls::KnobControl& knob (std::size_t index) { return editor->getLane (0).getKnob (index); }
+
+    void dragKnob (std::size_t index, int upwards)
+    {
+        const auto centre = knob (index).getLocalBounds().getCentre();
+        window->drag (knob (index), centre, centre.translated (0, -upwards));
+    }
+
+    std::unique_ptr<KestrelEditor> editor;
+    std::unique_ptr<DesktopWindow> window;
+};
+
+struct Use
+{
+    long kilobytes = 0;
+    int threads = 0;
+};
+
+Use measureUse()
+{
+    malloc_trim (0);
+    Use use;
+
+    for (const auto& line : juce::StringArray::fromLines (juce::File ("/proc/self/status").loadFileAsString()))
+    {
+        if (line.startsWith ("VmRSS:"))
+            use.kilobytes = line.fromFirstOccurrenceOf (":", false, false).trim().getIntValue();
+        else if (line.startsWith ("Threads:"))
+            use.threads = line.fromFirstOccurrenceOf (":", false, false).trim().getIntValue();
+    }
+
+    return use;
+}
+
+TEST (EditorWindow, OpensAHundredTimesWithoutHoldingOnToAnything)
+{
+    constexpr int openings = 100;
+    constexpr long tolerance = 2048; // KB: one editor's picture takes 1400
+
+    ProcessorRig rig;
+    const auto openAndClose = [&rig] (int times)
+    {
+        for (int i = 0; i < times; ++i)
+        {
+            KestrelEditor editor (rig.processor);
+            DesktopWindow window (editor);
+            pumpMessages (60);
+            ASSERT_TRUE (editor.isShowing());
+        }
+        pumpMessages (200);
+    };
+
+    openAndClose (20); // fonts, caches
+    const auto before = measureUse();
+    const auto start = juce::Time::getMillisecondCounterHiRes();
+    openAndClose (openings);
+    const auto after = measureUse();
+    std::cout << "  " << openings << " openings: " << before.kilobytes << " KB and " << before.threads
+              << " threads before, " << after.kilobytes << " KB and " << after.threads << " after, "
+              << std::lround ((juce::Time::getMillisecondCounterHiRes() - start) / openings) << " ms each\n";
+    EXPECT_LE (after.kilobytes, before.kilobytes + tolerance);
+    EXPECT_EQ (after.threads, before.threads);
+}
+
+TEST (EditorWindow, ItsCornerTakesItToBothLimitsAndKeepsTheAspect)
+{
+    ScreenRig rig;
+    auto& editor = *rig.editor;
+    const auto corner = [&] { return juce::Point<int> (editor.getWidth() - 5, editor.getHeight() - 5); };
+    const auto sizeOnScreen = [&] { return rig.window->getPeer()->getBounds().withZeroOrigin(); };
+
+    rig.window->drag (editor, corner(), { 1300, 700 });
+    EXPECT_GT (editor.getWidth(), 1200);
+    EXPECT_NEAR (editor.getWidth() / 836.0, editor.getHeight() / 429.0, 0.003);
+    EXPECT_EQ (sizeOnScreen(), editor.getLocalBounds());
+
+    rig.window->drag (editor, corner(), { 3530, 1900 });
+    EXPECT_EQ (editor.getLocalBounds(), juce::Rectangle<int> (3344, 1716));
+    EXPECT_EQ (sizeOnScreen(), editor.getLocalBounds());
+
+    rig.window->drag (editor, corner(), { 200, 100 });
+    EXPECT_EQ (editor.getLocalBounds(), juce::Rectangle<int> (836, 429));
+    EXPECT_EQ (sizeOnScreen(), editor.getLocalBounds());
+}
+
+TEST (EditorWindow, LeavesTheHostItsKeys)
+{
+    ScreenRig rig;
+    rig.window->click (*rig.editor, { 40, 300 });
+    rig.window->press ("space");
+    EXPECT_EQ (rig.window->keys, juce::StringArray ("spacebar"));
+
+    auto& selector = rig.editor->getHeader().getPresetSelector();
+    rig.window->click (selector);
+    ASSERT_NE (selector.getBrowser(), nullptr);
+    rig.window->type ("vocal p");
+    EXPECT_EQ (selector.getBrowser()->getSearchField().getText(), "vocal p");
+    rig.window->press ("Return");
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 1);
+    EXPECT_EQ (rig.window->keys.size(), 1) << "typed text is not the host's";
+
+    rig.window->press ("space");
+    EXPECT_EQ (rig.window->keys.size(), 2) << "the keyboard is back";
+}
+
+TEST (EditorWindow, ShowsATooltipUnderARestingMouse)
+{
+    ScreenRig rig;
+    const auto shown = [&]
+    {
+        for (auto* child : rig.editor->getChildren())
+            if (dynamic_cast<juce::TooltipWindow*> (child) != nullptr && child->isVisible())
+                return rig.editor->getLocalBounds().contains (child->getBounds());
+        return false;
+    };
+    EXPECT_FALSE (shown());
+    rig.window->moveMouse (rig.editor->getHeader().getMenu(), { 16, 16 });
+    EXPECT_TRUE (pumpMessagesUntil (shown, 3000));
+}
+
+TEST (EditorWindow, EditorsOfTwoInstancesDoNotMeet)
+{
+    ScreenRig first;
+    auto second = std::make_unique<ScreenRig> (juce::Point<int> (40, 700));
+    second->dragKnob (1, 20);
+    EXPECT_GT (second->get ("40hz"), 0.6f);
+    EXPECT_EQ (first.get ("40hz"), 0.5f);
+    EXPECT_EQ (first.knob (1).getValue(), 0.5f);
+
+    second.reset();
+    first.dragKnob (2, 20);
+    EXPECT_GT (first.get ("160hz"), 0.6f);
+    first.window->press ("ctrl+z");
+    EXPECT_EQ (first.get ("160hz"), 0.5f);
+}
+
+TEST (EditorWindow, FollowsAHostThatChangesEverythingFromAnotherThread)
+{
+    ScreenRig rig;
+    juce::MemoryBlock flat;
+    rig.processor.getStateInformation (flat);
+    rig.set ("link", 0.0f);
+    rig.set ("40hzR", 0.9f);
+    juce::MemoryBlock split;
+    rig.processor.getStateInformation (split);
+
+    std::atomic<bool> stop { false };
+    std::atomic<int> rounds { 0 };
+    std::thread host (
+        [&]
+        {
+            Stereo signal { std::vector<float> (2048, 0.1f), std::vector<float> (2048, -0.1f) };
+            for (; ! stop; ++rounds)
+            {
+                const auto& state = rounds % 2 == 0 ? split : flat;
+                rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+                rig.process (signal);
+                rig.processor.setCurrentProgram (rounds % 6);
+                rig.processor.setRateAndBufferSizeDetails (rounds % 3 == 0 ? 96000.0 : 44100.0, 512);
+                rig.processor.prepareToPlay (rounds % 3 == 0 ? 96000.0 : 44100.0, 512);
+                rig.process (signal);
+            }
+            rig.processor.setCurrentProgram (0);
+            rig.processor.setStateInformation (split.getData(), static_cast<int> (split.getSize()));
+        });
+
+    const auto start = juce::Time::getMillisecondCounterHiRes();
+    int turns = 0;
+
+    while (juce::Time::getMillisecondCounterHiRes() < start + 4000.0)
+    {
+        rig.dragKnob (static_cast<std::size_t> (turns % 5), turns % 2 == 0 ? 10 : -10);
+        rig.window->click (rig.editor->getHeader().getAbControl(), { turns % 2 == 0 ? 50 : 20, 10 });
+        ++turns;
+    }
+
+    stop = true;
+    host.join();
+    EXPECT_GT (rounds, 20);
+    EXPECT_GT (turns, 2);
+    pumpMessages (300);
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        for (std::size_t i = 0; i < laneKnobs.size(); ++i)
+        {
+            const auto* const id = infoOf (onLane (laneKnobs[i].parameter, lane)).id;
+            EXPECT_EQ (rig.editor->getLane (lane).getKnob (i).getValue(), rig.get (id)) << id;
+        }
+
+    EXPECT_EQ (rig.get ("40hzR"), 0.9f);
+    EXPECT_TRUE (rig.editor->getLane (1).getPanel().isVisible());
+    EXPECT_EQ (rig.editor->getHeader().getPresetSelector().getCurrentLabel(), "01  Flat");
+}
+
+} // namespace
+} // namespace kestreleq::test
