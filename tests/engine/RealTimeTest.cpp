@@ -139,11 +139,11 @@ TEST (RealTime, ProcessBlockOnlyComputesWhateverGoesOnBeside)
     std::thread audio (
         [&]
         {
-            // The code itself is paged in by another instance, so that what faults later is memory of this one.
+            // What belongs to the thread and the program is touched by another instance's blocks; what faults after
+            // them is memory that preparing this one has left for the first block.
+            mapProgramAndStack();
             ProcessorRig other (48000.0, 512);
-            other.processor.setCapturing (true);
-            const HostThreads otherHost (other.processor);
-            runBlocks (other, 1500);
+            runBlocks (other, 500);
             offences = runBlocks (rig, 3000);
             done = true;
         });

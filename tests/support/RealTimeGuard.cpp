@@ -1,11 +1,17 @@
 #include "tests/support/RealTimeGuard.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <dlfcn.h>
+#include <fstream>
+#include <iterator>
 #include <pthread.h>
 #include <semaphore.h>
+#include <sstream>
+#include <string>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -231,6 +237,29 @@ int RealTimeGuard::pageFaults() const
     blockSystemCalls (false);
     const auto faults = pageFaultsSoFar() - counters.pageFaults;
     return static_cast<int> (faults);
+}
+
+void mapProgramAndStack()
+{
+    volatile char stack[1 << 17];
+    std::fill (std::begin (stack), std::end (stack), char {});
+
+    std::ifstream mappings ("/proc/self/maps");
+    constexpr std::uintptr_t pageSize = 4096;
+
+    for (std::string line; std::getline (mappings, line);)
+    {
+        std::istringstream fields (line);
+        std::uintptr_t begin = 0, end = 0;
+        char dash = 0;
+        std::string permissions, offset, device;
+        unsigned long file = 0;
+        fields >> std::hex >> begin >> dash >> end >> permissions >> offset >> device >> std::dec >> file;
+
+        if (file != 0 && permissions[0] == 'r')
+            for (auto page = begin; page < end; page += pageSize)
+                *reinterpret_cast<const volatile char*> (page);
+    }
 }
 
 bool canGuardRealTime()

@@ -25,6 +25,10 @@ public:
     int pageFaults() const;
 };
 
+/** Has the kernel map all code and constants of the process and 128 KiB of this thread's stack, as in a host that has
+    run for a while. What faults from then on is data. */
+void mapProgramAndStack();
+
 /** False under a sanitizer, which needs those functions for itself. */
 bool canGuardRealTime();
 
