@@ -31,9 +31,19 @@ if(NOT framework_bundles_libraries)
     endif()
 endif()
 
-add_library(kestrel_framework STATIC)
+# The real-time sanitizer watches what the C library is asked for, whoever compiled the caller: its build need not compile
+# the modules once more.
+set(KESTREL_FRAMEWORK_ARCHIVE "" CACHE FILEPATH "The compiled modules of another build of the same kind, to be used as they are")
 
-target_compile_definitions(kestrel_framework PUBLIC
+if(KESTREL_FRAMEWORK_ARCHIVE)
+    set(framework kestrel_framework_settings) # never built; it knows what a user of the archive has to see
+    add_library(${framework} STATIC EXCLUDE_FROM_ALL)
+else()
+    set(framework kestrel_framework)
+    add_library(${framework} STATIC)
+endif()
+
+target_compile_definitions(${framework} PUBLIC
     JUCE_WEB_BROWSER=0
     JUCE_USE_CURL=0
     JUCE_USE_FLAC=0
@@ -47,36 +57,51 @@ target_compile_definitions(kestrel_framework PUBLIC
     JUCE_CATCH_UNHANDLED_EXCEPTIONS=1 # what painting, a timer or a message throws ends there, not in the host
     JUCE_STRICT_REFCOUNTEDPOINTER=1)
 
-target_link_libraries(kestrel_framework PRIVATE
+set(framework_modules
     juce::juce_audio_devices
     juce::juce_audio_formats
     juce::juce_audio_processors
     juce::juce_audio_utils
     juce::juce_dsp
-    juce::juce_gui_extra
+    juce::juce_gui_extra)
+target_link_libraries(${framework} PRIVATE ${framework_modules}
     PUBLIC juce::juce_recommended_config_flags)
 
 if(NOT framework_bundles_libraries)
-    target_compile_definitions(kestrel_framework PUBLIC
+    target_compile_definitions(${framework} PUBLIC
         JUCE_INCLUDE_ZLIB_CODE=0 JUCE_INCLUDE_PNGLIB_CODE=0 JUCE_INCLUDE_JPEGLIB_CODE=0)
-    target_link_libraries(kestrel_framework PUBLIC png jpeg z)
+    target_link_libraries(${framework} PUBLIC png jpeg z)
 endif()
 
 if(MINGW)
-    target_link_libraries(kestrel_framework PUBLIC kestrel_mingw)
+    target_link_libraries(${framework} PUBLIC kestrel_mingw)
 endif()
 
 # What a user of the compiled modules has to see of them.
-target_compile_definitions(kestrel_framework INTERFACE $<TARGET_PROPERTY:kestrel_framework,COMPILE_DEFINITIONS>)
-target_include_directories(kestrel_framework SYSTEM INTERFACE $<TARGET_PROPERTY:kestrel_framework,INCLUDE_DIRECTORIES>)
+target_compile_definitions(${framework} INTERFACE $<TARGET_PROPERTY:${framework},COMPILE_DEFINITIONS>)
+target_include_directories(${framework} SYSTEM INTERFACE $<TARGET_PROPERTY:${framework},INCLUDE_DIRECTORIES>)
 
 if(NOT MSVC)
-    target_compile_options(kestrel_framework PRIVATE -w)
+    target_compile_options(${framework} PRIVATE -w)
 endif()
 
 # From version 17 on, Clang looks into a template of the framework that nobody uses and that no compiler could use.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 17)
-    target_compile_options(kestrel_framework
+    target_compile_options(${framework}
         PUBLIC -fdelayed-template-parsing
         INTERFACE -Wno-delayed-template-parsing-in-cxx20)
+endif()
+
+if(KESTREL_FRAMEWORK_ARCHIVE)
+    add_library(kestrel_framework INTERFACE)
+    target_compile_definitions(kestrel_framework INTERFACE $<TARGET_PROPERTY:${framework},INTERFACE_COMPILE_DEFINITIONS>)
+    target_include_directories(kestrel_framework SYSTEM INTERFACE $<TARGET_PROPERTY:${framework},INTERFACE_INCLUDE_DIRECTORIES>)
+    target_compile_options(kestrel_framework INTERFACE $<TARGET_PROPERTY:${framework},INTERFACE_COMPILE_OPTIONS>)
+    target_link_libraries(kestrel_framework INTERFACE "${KESTREL_FRAMEWORK_ARCHIVE}")
+    foreach(module IN LISTS framework_modules)
+        target_link_libraries(kestrel_framework INTERFACE $<LINK_ONLY:${module}>)
+    endforeach()
+    if(NOT framework_bundles_libraries)
+        target_link_libraries(kestrel_framework INTERFACE png jpeg z)
+    endif()
 endif()

@@ -31,3 +31,7 @@ if(MINGW)
     # The helper that writes moduleinfo.json has a wide entry point.
     target_link_options(juce_vst3_helper PRIVATE -municode)
 endif()
+
+if(TARGET KestrelEQ_VST3)
+    include("${CMAKE_SOURCE_DIR}/cmake/longer-blocks.cmake")
+endif()

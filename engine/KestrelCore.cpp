@@ -18,7 +18,10 @@ std::array<float, numParameters> valuesIn (const juce::ValueTree& state)
     std::array<float, numParameters> result;
     std::transform (parameterTable.begin(), parameterTable.end(), result.begin(),
         [&] (const auto& info) -> float
-        { return state.getChildWithProperty (idProperty, info.id).getProperty (valueProperty, info.defaultValue); });
+        {
+            return state.getChildWithProperty (idProperty, info.id)
+                .getProperty (valueProperty, static_cast<double> (info.defaultValue));
+        });
     return result;
 }
 
@@ -50,7 +53,8 @@ juce::ValueTree KestrelCore::copyState()
     // The tree leaves out changes in a value's last bit.
     for (std::size_t i = 0; i < numParameters; ++i)
         copy.getChildWithProperty (idProperty, parameterTable[i].id)
-            .setProperty (valueProperty, tree.getRawParameterValue (parameterTable[i].id)->load(), nullptr);
+            .setProperty (
+                valueProperty, static_cast<double> (tree.getRawParameterValue (parameterTable[i].id)->load()), nullptr);
 
     return copy;
 }

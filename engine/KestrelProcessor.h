@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/KestrelCore.h"
+#include "engine/RealTime.h"
 #include "engine/dsp/LevelMeasure.h"
 #include "ui/strips/FooterTelemetrySource.h"
 
@@ -45,7 +46,7 @@ public:
     void releaseResources() override {}
 
     /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
-    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) override;
+    void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) KESTREL_NONBLOCKING override;
     using AudioProcessor::processBlock;
 
     bool isBusesLayoutSupported (const BusesLayout& layouts) const override;

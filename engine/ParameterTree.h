@@ -24,7 +24,7 @@ public:
     {
         using StateListener = juce::ValueTree::Listener*; // the base class is one, though not in public
         state.getChildWithProperty ("id", id).setPropertyExcludingListener (
-            StateListener (this), "value", value, history);
+            StateListener (this), "value", static_cast<double> (value), history);
     }
 
     /** The value that the tree holds, which is the parameter's as of the last write. */

@@ -62,7 +62,7 @@ juce::ValueTree cleaned (const juce::ValueTree& stored)
             clean.appendChild (target, nullptr);
         }
 
-        target.setProperty (valueProperty, legalValue (*info, child[valueProperty]), nullptr);
+        target.setProperty (valueProperty, static_cast<double> (legalValue (*info, child[valueProperty])), nullptr);
     }
 
     return clean;

@@ -1,38 +1,38 @@
+#include "tests/support/HostThreads.h"
+#include "tests/support/OpenEditor.h"
 #include "tests/support/ProcessorRig.h"
 #include "tests/support/RealTimeGuard.h"
 #include "tests/support/Signals.h"
 
+#include "engine/RealTime.h"
+
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <random>
 #include <string>
+#include <sys/mman.h>
 #include <thread>
+#include <unistd.h>
 
 namespace kestreleq::test
 {
 namespace
 {
 
-class RealTime : public testing::Test
+TEST (RealTime, TheGuardSeesAllocationsAndLocks)
 {
-protected:
-    void SetUp() override
-    {
-        if (! canGuardRealTime())
-            GTEST_SKIP() << "the sanitizer owns the allocator";
-    }
-};
+    if (! canGuardRealTime())
+        GTEST_SKIP() << "the sanitizer owns the allocator";
 
-TEST_F (RealTime, TheGuardSeesAllocationsAndLocks)
-{
     // Through volatile pointers, or the compiler drops the pairs.
     std::mutex mutex;
     juce::CriticalSection section;
     const RealTimeGuard guard;
-    EXPECT_EQ (guard.allocations() + guard.locks(), 0);
+    EXPECT_EQ (guard.allocations() + guard.locks() + guard.systemCalls(), 0);
 
     int* volatile number = new int (1);
     EXPECT_EQ (guard.allocations(), 1);
@@ -54,47 +54,133 @@ TEST_F (RealTime, TheGuardSeesAllocationsAndLocks)
     EXPECT_GE (guard.locks(), 3);
 }
 
-TEST_F (RealTime, ProcessBlockNeitherAllocatesNorLocks)
+TEST (RealTime, TheGuardSeesSystemCallsAndPageFaults)
 {
-    ProcessorRig rig (48000.0, 512);
-    rig.processor.setCapturing (true);
+    if (! canGuardRealTime() || ! canWatchSystemCalls())
+        GTEST_SKIP() << "this machine cannot watch system calls";
 
+    const auto parent = ::getppid();
+    {
+        const RealTimeGuard guard;
+        EXPECT_EQ (::getppid(), parent) << "a watched call does what it does";
+        EXPECT_EQ (guard.systemCalls(), 1);
+    }
+
+    constexpr std::size_t size = 1 << 16;
+    auto* const pages =
+        static_cast<char*> (::mmap (nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    ASSERT_NE (pages, MAP_FAILED);
+    {
+        const RealTimeGuard guard;
+        static_cast<volatile char*> (pages)[size / 2] = 1;
+        EXPECT_EQ (guard.systemCalls(), 0);
+        EXPECT_GE (guard.pageFaults(), 1);
+    }
+    ::munmap (pages, size);
+}
+
+#if defined(__clang__)
+#if __has_feature(realtime_sanitizer)
+void allocates() KESTREL_NONBLOCKING
+{
+    void* volatile block = std::malloc (16);
+    std::free (block);
+}
+
+TEST (RealTime, TheSanitizerSeesAnAllocation)
+{
+    EXPECT_DEATH (allocates(), "RealtimeSanitizer: unsafe-library-call");
+}
+#endif
+#endif
+
+/** What a stretch of blocks did that it must not. */
+struct Offences
+{
+    int allocations = 0;
+    int locks = 0;
+    int systemCalls = 0;
+    int pageFaults = 0;
+};
+
+/** Blocks of every length, empty ones and much longer ones than were prepared for, some of them mono, some with NaN. */
+Offences runBlocks (ProcessorRig& rig, int numBlocks)
+{
     Stereo noise { whiteNoise (1, 4096, 0.5), whiteNoise (2, 4096, 0.5) };
     std::mt19937 random (1);
+    Offences offences;
 
-    // Another thread moves everything while the blocks go through.
-    std::atomic<bool> stop { false };
-    std::thread automation (
-        [&]
-        {
-            std::mt19937 other (2);
-            while (! stop)
-            {
-                rig.set (parameterTable[other() % numParameters].id, static_cast<float> (other() % 1025) / 1024.0f);
-
-                if (other() % 50 == 0)
-                    rig.processor.setCurrentProgram (static_cast<int> (other() % 6));
-            }
-        });
-
-    int allocations = 0, locks = 0;
-
-    for (int i = 0; i < 3000; ++i)
+    for (int i = 0; i < numBlocks; ++i)
     {
-        const auto length = static_cast<int> (random() % 4097); // well above what was prepared for, and 0
+        const auto length = static_cast<int> (random() % 4097);
         float* channels[] = { noise[0].data(), noise[1].data() };
         juce::AudioBuffer<float> buffer (channels, i % 10 == 0 ? 1 : 2, length);
-        const RealTimeGuard guard;
-        rig.processor.processBlock (buffer, rig.midi);
-        allocations += guard.allocations();
-        locks += guard.locks();
+        {
+            const RealTimeGuard guard;
+            rig.processor.processBlock (buffer, rig.midi);
+            offences.allocations += guard.allocations();
+            offences.locks += guard.locks();
+            offences.systemCalls += guard.systemCalls();
+            offences.pageFaults += guard.pageFaults();
+        }
         noise[0][0] = i % 100 == 0 ? std::numeric_limits<float>::quiet_NaN() : 0.5f;
     }
 
-    stop = true;
-    automation.join();
-    EXPECT_EQ (allocations, 0);
-    EXPECT_EQ (locks, 0);
+    return offences;
+}
+
+TEST (RealTime, ProcessBlockOnlyComputesWhateverGoesOnBeside)
+{
+    ProcessorRig rig (48000.0, 512);
+    OpenEditor editor (rig.processor);
+    const HostThreads host (rig.processor);
+    Offences offences;
+    std::atomic<bool> done { false };
+    std::thread audio (
+        [&]
+        {
+            // What belongs to the thread and the program is touched by another instance's blocks; what faults after
+            // them is memory that preparing this one has left for the first block.
+            mapProgramAndStack();
+            ProcessorRig other (48000.0, 512);
+            runBlocks (other, 500);
+            offences = runBlocks (rig, 3000);
+            done = true;
+        });
+
+    for (int i = 0; ! done; ++i)
+    {
+        editor.work (5);
+        rig.processor.setCurrentProgram (i % rig.processor.getNumPrograms());
+    }
+
+    audio.join();
+    EXPECT_EQ (offences.allocations, 0);
+    EXPECT_EQ (offences.locks, 0);
+    EXPECT_EQ (offences.systemCalls, 0);
+    EXPECT_EQ (offences.pageFaults, 0);
+}
+
+TEST (RealTime, AHostsAutomationCostsTheFrameworksLocksOnly)
+{
+    if (! canGuardRealTime())
+        GTEST_SKIP() << "the sanitizer owns the allocator";
+
+    ProcessorRig rig;
+    const auto change = [&] (const char* name, float link)
+    {
+        rig.set ("link", link);
+        rig.set ("sub", 0.25f);
+        const RealTimeGuard guard;
+        rig.set ("sub", 0.75f);
+        const auto locks = guard.locks(), allocations = guard.allocations(), calls = guard.systemCalls();
+        RecordProperty (name, std::to_string (locks) + " locks");
+        std::printf ("%s: %d locks, %d allocations, %d system calls\n", name, locks, allocations, calls);
+        return allocations + calls;
+    };
+
+    EXPECT_EQ (change ("unlinked", 0.0f), 0);
+    EXPECT_EQ (change ("linked", 1.0f), 0);
 }
 
 } // namespace

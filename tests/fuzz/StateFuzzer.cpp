@@ -38,8 +38,9 @@ void checkProcessor (KestrelProcessor& processor)
 /** A host's state block. Mutations of the length in its head are easy to refuse, so the rest is also wrapped anew. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
-    static const juce::ScopedJuceInitialiser_GUI framework;
-    static KestrelProcessor processor;
+    // Both stay for good: at the process's end they would outlive objects of the framework's that they use.
+    [[maybe_unused]] static const auto& framework = *new juce::ScopedJuceInitialiser_GUI;
+    static auto& processor = *new KestrelProcessor;
 
     processor.setStateInformation (data, static_cast<int> (size));
 

@@ -1,11 +1,23 @@
 #include "tests/support/RealTimeGuard.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <dlfcn.h>
+#include <fstream>
+#include <iterator>
 #include <pthread.h>
 #include <semaphore.h>
+#include <sstream>
+#include <string>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
 #include <time.h>
+#include <ucontext.h>
+#include <unistd.h>
 
 namespace
 {
@@ -15,6 +27,8 @@ struct Counters
     bool armed;
     int allocations;
     int locks;
+    int systemCalls;
+    long pageFaults; // of this thread before the guard
 };
 
 thread_local Counters counters;
@@ -34,7 +48,13 @@ template <typename... Arguments>
 
 } // namespace
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(__has_feature)
+#define KESTREL_HAS_FEATURE(name) __has_feature (name)
+#else
+#define KESTREL_HAS_FEATURE(name) 0
+#endif
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || KESTREL_HAS_FEATURE(realtime_sanitizer)
 #define KESTREL_CAN_GUARD 0
 #else
 #define KESTREL_CAN_GUARD 1
@@ -123,16 +143,77 @@ extern "C"
 }
 #endif
 
+namespace
+{
+
+long pageFaultsSoFar()
+{
+    rusage usage {};
+    getrusage (RUSAGE_THREAD, &usage);
+    return usage.ru_minflt + usage.ru_majflt;
+}
+
+#if KESTREL_CAN_GUARD && defined(__x86_64__)
+
+/** Read by the kernel at every system call of this thread, once it was told to: let it through, or send a signal. */
+thread_local volatile char blocksSystemCalls = 0;
+
+/** Counts the call and makes it. The rest of a guard's life is not watched: a signal's return is a system call too. */
+void onSystemCall (int, siginfo_t* info, void* context)
+{
+    blocksSystemCalls = 0;
+    ++counters.systemCalls;
+
+    auto& registers = static_cast<ucontext_t*> (context)->uc_mcontext.gregs;
+    const auto savedError = errno;
+    const auto result = syscall (info->si_syscall, registers[REG_RDI], registers[REG_RSI], registers[REG_RDX],
+        registers[REG_R10], registers[REG_R8], registers[REG_R9]);
+    registers[REG_RAX] = result == -1 ? -errno : result;
+    errno = savedError;
+}
+
+bool watchSystemCallsOfThisThread()
+{
+    struct sigaction action = {};
+    action.sa_sigaction = onSystemCall;
+    action.sa_flags = SA_SIGINFO;
+    constexpr int setDispatch = 59, on = 1; // PR_SET_SYSCALL_USER_DISPATCH, which older headers lack
+    return sigaction (SIGSYS, &action, nullptr) == 0 &&
+        prctl (setDispatch, on, 0, 0, const_cast<char*> (&blocksSystemCalls)) == 0;
+}
+
+void blockSystemCalls (bool shouldBlock)
+{
+    thread_local const bool canWatch = watchSystemCallsOfThisThread();
+    blocksSystemCalls = shouldBlock && canWatch ? 1 : 0;
+}
+
+#else
+
+bool watchSystemCallsOfThisThread()
+{
+    return false;
+}
+
+void blockSystemCalls (bool) {}
+
+#endif
+
+} // namespace
+
 namespace kestreleq::test
 {
 
 RealTimeGuard::RealTimeGuard()
 {
-    counters = { true, 0, 0 };
+    blockSystemCalls (false); // sets up what is set up once for a thread
+    counters = { canGuardRealTime(), 0, 0, 0, pageFaultsSoFar() };
+    blockSystemCalls (true);
 }
 
 RealTimeGuard::~RealTimeGuard()
 {
+    blockSystemCalls (false);
     counters.armed = false;
 }
 
@@ -146,9 +227,49 @@ int RealTimeGuard::locks() const
     return counters.locks;
 }
 
+int RealTimeGuard::systemCalls() const
+{
+    return counters.systemCalls;
+}
+
+int RealTimeGuard::pageFaults() const
+{
+    blockSystemCalls (false);
+    const auto faults = pageFaultsSoFar() - counters.pageFaults;
+    return static_cast<int> (faults);
+}
+
+void mapProgramAndStack()
+{
+    volatile char stack[1 << 17];
+    std::fill (std::begin (stack), std::end (stack), char {});
+
+    std::ifstream mappings ("/proc/self/maps");
+    constexpr std::uintptr_t pageSize = 4096;
+
+    for (std::string line; std::getline (mappings, line);)
+    {
+        std::istringstream fields (line);
+        std::uintptr_t begin = 0, end = 0;
+        char dash = 0;
+        std::string permissions, offset, device;
+        unsigned long file = 0;
+        fields >> std::hex >> begin >> dash >> end >> permissions >> offset >> device >> std::dec >> file;
+
+        if (file != 0 && permissions[0] == 'r')
+            for (auto page = begin; page < end; page += pageSize)
+                *reinterpret_cast<const volatile char*> (page);
+    }
+}
+
 bool canGuardRealTime()
 {
     return KESTREL_CAN_GUARD != 0;
+}
+
+bool canWatchSystemCalls()
+{
+    return watchSystemCallsOfThisThread();
 }
 
 } // namespace kestreleq::test

@@ -122,31 +122,31 @@ PresetBrowserTarget& PresetSelector::BrowserPopup::button (Target target, int in
 
 void PresetSelector::BrowserPopup::refresh()
 {
-    const auto& library = selector.getLibrary();
+    const auto& shown = selector.getLibrary();
 
-    if (search.getText() != library.getSearchText())
-        search.setText (library.getSearchText(), false);
+    if (search.getText() != shown.getSearchText())
+        search.setText (shown.getSearchText(), false);
 
-    button (Target::filters).setActive (library.isFiltered());
+    button (Target::filters).setActive (shown.isFiltered());
     auto& category = button (Target::category);
-    category.setText ("Category: " + library.getCategoryFilter());
-    category.setActive (library.getCategoryFilter() != "All");
+    category.setText ("Category: " + shown.getCategoryFilter());
+    category.setActive (shown.getCategoryFilter() != "All");
     auto& author = button (Target::author);
-    author.setText ("Author: " + library.getAuthorFilter());
-    author.setActive (library.getAuthorFilter() != "All");
-    button (Target::sort).setText (library.isSortDescending() ? "Sort: Z -> A" : "Sort: A -> Z");
+    author.setText ("Author: " + shown.getAuthorFilter());
+    author.setActive (shown.getAuthorFilter() != "All");
+    button (Target::sort).setText (shown.isSortDescending() ? "Sort: Z -> A" : "Sort: A -> Z");
 
     for (int i = 0; i < PresetLibrary::numCollections; ++i)
-        button (Target::collection, i).setActive (i == library.getCollection());
+        button (Target::collection, i).setActive (i == shown.getCollection());
 
     for (int i = 0; i < static_cast<int> (presets::actions().size()); ++i)
         button (Target::action, i)
             .setEnabled (selector.canRunAction (presets::actions()[static_cast<std::size_t> (i)].text));
 
-    table.show (library);
-    status.show (library);
-    details.show (library.getSelected());
-    preview.show (library.getSelected());
+    table.show (shown);
+    status.show (shown);
+    details.show (shown.getSelected());
+    preview.show (shown.getSelected());
 }
 
 void PresetSelector::BrowserPopup::showOver (juce::Component& parent)

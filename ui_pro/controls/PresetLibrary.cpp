@@ -274,7 +274,7 @@ void PresetLibrary::listVisible()
         if (isVisible (entry))
             rows.push_back ({ entry.name.toLowerCase(), entry.id });
 
-    std::stable_sort (rows.begin(), rows.end(),
+    std::sort (rows.begin(), rows.end(),
         [this] (const Row& a, const Row& b)
         {
             const auto order = a.key.compare (b.key);

@@ -100,28 +100,28 @@ void SupportDiagnosticsPanel::Sheet::addRow (const juce::String& label, const ju
 
 void SupportDiagnosticsPanel::Sheet::refreshRows()
 {
-    const auto& record = owner.record;
+    const auto& shown = owner.record;
     rows.clear();
 
     switch (getTab())
     {
         case Tab::about:
-            addRow ("Plugin", record.pluginName + "  v" + record.version);
-            addRow ("Format", record.format);
-            addRow ("Architecture", record.architecture);
-            addRow ("Type", record.type);
+            addRow ("Plugin", shown.pluginName + "  v" + shown.version);
+            addRow ("Format", shown.format);
+            addRow ("Architecture", shown.architecture);
+            addRow ("Type", shown.type);
             break;
 
         case Tab::system:
-            addRow ("OS", record.operatingSystem);
-            addRow ("CPU", record.cpu);
-            addRow ("RAM", juce::String (record.ramMegabytes) + " MB");
-            addRow ("Host", hostText (record));
-            addRow ("Sample rate", sampleRateText (record) + " Hz");
-            addRow ("Buffer", juce::String (record.bufferSize) + " samples");
+            addRow ("OS", shown.operatingSystem);
+            addRow ("CPU", shown.cpu);
+            addRow ("RAM", juce::String (shown.ramMegabytes) + " MB");
+            addRow ("Host", hostText (shown));
+            addRow ("Sample rate", sampleRateText (shown) + " Hz");
+            addRow ("Buffer", juce::String (shown.bufferSize) + " samples");
             addRow ("Channels",
-                record.channelLayout + "  (in: " + juce::String (record.inputChannels) +
-                    ", out: " + juce::String (record.outputChannels) + ")");
+                shown.channelLayout + "  (in: " + juce::String (shown.inputChannels) +
+                    ", out: " + juce::String (shown.outputChannels) + ")");
             break;
 
         case Tab::privacy:

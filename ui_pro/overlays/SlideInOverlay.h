@@ -59,6 +59,7 @@ private:
 
     void timerCallback() override { advance(); }
 
+    using Component::keyPressed;
     bool keyPressed (const juce::KeyPress& key, juce::Component* origin) override;
 
     void startAnimation (bool shouldOpen);

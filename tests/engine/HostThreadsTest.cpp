@@ -1,0 +1,103 @@
+#include "tests/support/HostThreads.h"
+#include "tests/support/OpenEditor.h"
+#include "tests/support/ProcessorRig.h"
+#include "tests/support/Signals.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <malloc.h>
+#include <memory>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+/** An instance in a host's project: its audio thread, its automation, its states, its open window. */
+class BusyInstance
+{
+public:
+    ~BusyInstance()
+    {
+        stop = true;
+        audio.join();
+        EXPECT_EQ (peakOut, peakOut) << "not finite";
+        EXPECT_GT (blocks, 0);
+    }
+
+    void messageThreadsTurn (int turn)
+    {
+        editor.work (2);
+        rig.processor.setCurrentProgram (turn % rig.processor.getNumPrograms());
+        rig.processor.getCore().getHistory().undo();
+        rig.processor.applySnapshot (rig.processor.getCore().copyState(), "A/B");
+    }
+
+private:
+    void run()
+    {
+        const Stereo noise { whiteNoise (1, 1024, 0.5), whiteNoise (2, 1024, 0.5) };
+
+        while (! stop)
+        {
+            auto block = noise;
+            rig.process (block, 256);
+            peakOut = std::max (peak (block[0]), peak (block[1]));
+            ++blocks;
+        }
+    }
+
+    ProcessorRig rig { 48000.0, 256 };
+    OpenEditor editor { rig.processor };
+    std::atomic<bool> stop { false };
+    double peakOut = 0.0;
+    int blocks = 0;
+    std::thread audio { [this] { run(); } };
+    HostThreads host { rig.processor };
+};
+
+// Meant for the thread sanitizer.
+TEST (HostThreads, TwoInstancesUnderEverythingAtOnce)
+{
+    BusyInstance first, second;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds (2);
+
+    for (int turn = 0; turn < 3 || std::chrono::steady_clock::now() < end; ++turn)
+    {
+        first.messageThreadsTurn (turn);
+        second.messageThreadsTurn (turn + 1);
+    }
+}
+
+// Meant for the leak check too, which sees at the end what was lost.
+TEST (Lifecycle, OpeningAndClosingTakesNoMemory)
+{
+    const auto openAndClose = []
+    {
+        ProcessorRig rig (44100.0, 64);
+        Stereo noise { whiteNoise (1, 4096), whiteNoise (2, 4096) };
+        OpenEditor (rig.processor).work (0);
+        rig.process (noise, 64);
+        rig.processor.setCurrentProgram (3);
+        OpenEditor (rig.processor).work (0);
+        rig.processor.prepareToPlay (96000.0, 512);
+    };
+
+    for (int i = 0; i < 4; ++i) // fonts and images are cached
+        openAndClose();
+
+    const auto before = ::mallinfo2().uordblks;
+
+    for (int i = 0; i < 12; ++i)
+        openAndClose();
+
+    pumpMessages (1);
+    EXPECT_LT (::mallinfo2().uordblks, before + 32 * 1024);
+}
+
+} // namespace
+} // namespace kestreleq::test

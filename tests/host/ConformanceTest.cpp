@@ -1,0 +1,416 @@
+#include "engine/parameters/ParameterIds.h"
+#include "tests/support/Signals.h"
+#include "tests/support/Vst3Module.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <random>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace Steinberg;
+
+bool allFinite (const std::vector<float>& samples)
+{
+    return std::isfinite (peak (samples));
+}
+
+/** The module's own parameters in host order; what the wrapper adds is left out. */
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
+{
+    std::vector<Vst::ParameterInfo> result;
+
+    for (int32 i = 0; i < controller.getParameterCount(); ++i)
+    {
+        Vst::ParameterInfo info {};
+        EXPECT_EQ (controller.getParameterInfo (i, info), kResultOk);
+
+        if ((info.flags & Vst::ParameterInfo::kIsProgramChange) == 0)
+            result.push_back (info);
+    }
+
+    return result;
+}
+
+Vst::ParamID idOf (Vst3Instance& instance, const char* id)
+{
+    const auto parameters = parametersOf (*instance.controller);
+
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (juce::String (parameterTable[i].id) == id)
+            return parameters[i].id;
+
+    ADD_FAILURE() << id;
+    return 0;
+}
+
+/** Noise through an instance, a block at a time, with the changes in front of the first block. */
+struct NoiseBlocks
+{
+    std::vector<float> left, right;
+
+    NoiseBlocks (Vst3Instance& instance, int numSamples, int block, ParameterChanges* changes = nullptr)
+        : left (whiteNoise (1, numSamples, 0.5)),
+          right (whiteNoise (2, numSamples, 0.5))
+    {
+        for (int start = 0; start < numSamples; start += block)
+        {
+            const auto length = std::min (block, numSamples - start);
+            EXPECT_EQ (instance.process (left.data() + start, right.data() + start, length, changes), kResultOk);
+            changes = nullptr;
+        }
+    }
+
+    bool operator== (const NoiseBlocks&) const = default;
+};
+
+TEST (Conformance, OpensAndClosesInAnyOrder)
+{
+    Vst3Module module;
+
+    for (int i = 0; i < 3; ++i)
+    {
+        module.createComponent(); // and drop it
+        auto component = module.createComponent();
+        auto controller = module.createController (*component);
+        component->terminate(); // before it was initialised
+
+        component->initialize (nullptr);
+        component->initialize (nullptr);
+        component->terminate();
+        component->terminate();
+        i % 2 == 0 ? controller->initialize (nullptr) : kResultOk;
+        i % 2 == 0 ? component = nullptr : nullptr; // one first, then the other
+        controller = nullptr;
+    }
+
+    // A second load of the same module, left in the other order.
+    auto other = std::make_unique<Vst3Module>();
+    auto instance = std::make_unique<Vst3Instance> (module);
+    instance->start (48000.0, 64);
+    const Vst3Instance second (*other);
+    instance->stop();
+    instance.reset();
+    module.getFactory()->addRef();
+    EXPECT_GE (module.getFactory()->release(), 1u);
+}
+
+// In whatever order a confused host makes its calls, none of them fails badly and no sample is lost to NaN.
+TEST (Conformance, StandsCallsInAnyOrder)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    const auto state = instance.save();
+    std::mt19937 random (1);
+    std::vector<float> left (4096), right (4096);
+    bool finite = true;
+    auto prepared = 1024; // what the module's wrapper starts with
+
+    for (int i = 0; i < 3000; ++i)
+    {
+        switch (random() % 10)
+        {
+            case 0:
+                prepared = 1 + static_cast<int> (random() % 4096);
+                instance.setUp (8000.0 * static_cast<double> (1 + random() % 96), prepared);
+                break;
+            case 1:
+                instance.setUp (random() % 2 == 0 ? 0.0 : std::numeric_limits<double>::quiet_NaN(), prepared);
+                break;
+            case 2:
+                instance.component->setActive (random() % 2 == 0);
+                break;
+            case 3:
+                instance.processor->setProcessing (random() % 2 == 0);
+                break;
+            case 4:
+                EXPECT_FALSE (instance.save().empty());
+                break;
+            case 5:
+                instance.restore (random() % 2 == 0 ? state : std::vector<char> (random() % 100, 'x'));
+                break;
+            case 6:
+                instance.component->activateBus (Vst::kAudio, random() % 2 == 0 ? Vst::kInput : Vst::kOutput, 0, true);
+                break;
+            default:
+            {
+                left = whiteNoise (static_cast<std::uint32_t> (i), 4096, 0.5);
+                right = left;
+                instance.process (
+                    left.data(), right.data(), static_cast<int> (random() % static_cast<unsigned> (prepared + 1)));
+                finite &= allFinite (left) && allFinite (right);
+            }
+        }
+    }
+
+    EXPECT_TRUE (finite);
+    instance.start (48000.0, 512);
+    EXPECT_GT (peak (NoiseBlocks (instance, 4096, 512).left), 0.1);
+}
+
+TEST (Conformance, RunsAtEveryRateAndBlockSize)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+
+    for (const double rate : { 8000.0, 11025.0, 22050.0, 44100.0, 48000.0, 88200.0, 96000.0, 176400.0, 192000.0,
+             352800.0, 384000.0, 705600.0, 768000.0 })
+    {
+        for (const int block : { 1, 37, 512, 8192 })
+        {
+            instance.start (rate, block);
+            instance.start (rate, block); // and again
+            EXPECT_EQ (instance.process (nullptr, nullptr, 0), kResultOk);
+            const NoiseBlocks noise (instance, block == 1 ? 1000 : 20000, block);
+            EXPECT_TRUE (allFinite (noise.left) && allFinite (noise.right)) << rate << " " << block;
+            EXPECT_LT (peak (noise.left), 1.0) << rate << " " << block;
+            EXPECT_GT (peak (noise.left), 0.3) << rate << " " << block;
+            instance.stop();
+            instance.stop();
+        }
+    }
+
+    EXPECT_EQ (instance.processor->getLatencySamples(), 0u);
+    EXPECT_EQ (instance.processor->canProcessSampleSize (Vst::kSample64), kResultFalse);
+}
+
+// A host that breaks its word: the wrapper has prepared for less than comes.
+TEST (Conformance, SuspendsAndResumesAndSurvivesLongerBlocksThanAnnounced)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    instance.start (48000.0, 256);
+    const NoiseBlocks first (instance, 4096, 256);
+    instance.stop();
+    instance.start (48000.0, 256);
+    EXPECT_EQ (NoiseBlocks (instance, 4096, 256), first) << "what was before a suspension does not sound after it";
+    instance.stop();
+    instance.start (48000.0, 256);
+    EXPECT_EQ (NoiseBlocks (instance, 4096, 4096), first);
+}
+
+TEST (Conformance, TheHostsBypassParameterBypasses)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    Vst::ParamID bypass = 0;
+    int found = 0;
+
+    for (const auto& info : parametersOf (*instance.controller))
+        if ((info.flags & Vst::ParameterInfo::kIsBypass) != 0)
+        {
+            bypass = info.id;
+            ++found;
+        }
+
+    ASSERT_EQ (found, 1);
+    EXPECT_EQ (bypass, idOf (instance, "bypass"));
+    instance.start (48000.0, 512);
+    ParameterChanges on, off;
+    on.add (bypass, 1.0);
+    off.add (bypass, 0.0);
+    const auto active = NoiseBlocks (instance, 4096, 512).left;
+    EXPECT_EQ (NoiseBlocks (instance, 4096, 512, &on).left, whiteNoise (1, 4096, 0.5));
+    EXPECT_EQ (NoiseBlocks (instance, 4096, 512, &off).left, active);
+}
+
+TEST (Conformance, RefusesOtherBusesAndKeepsItsOwn)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    namespace Arr = Vst::SpeakerArr;
+    EXPECT_EQ (instance.component->getBusCount (Vst::kAudio, Vst::kInput), 1);
+    EXPECT_EQ (instance.component->getBusCount (Vst::kAudio, Vst::kOutput), 1);
+    EXPECT_EQ (instance.component->getBusCount (Vst::kEvent, Vst::kInput), 0);
+
+    const auto set = [&] (std::vector<Vst::SpeakerArrangement> ins, std::vector<Vst::SpeakerArrangement> outs)
+    {
+        return instance.processor->setBusArrangements (
+            ins.data(), static_cast<int32> (ins.size()), outs.data(), static_cast<int32> (outs.size()));
+    };
+
+    for (const auto& [ins, outs] :
+        std::vector<std::pair<std::vector<Vst::SpeakerArrangement>, std::vector<Vst::SpeakerArrangement>>> {
+            { { Arr::kMono }, { Arr::kMono } }, { { Arr::kMono }, { Arr::kStereo } },
+            { { Arr::kStereo }, { Arr::k51 } }, { { Arr::k51 }, { Arr::k51 } }, { { Arr::kEmpty }, { Arr::kStereo } },
+            { { Arr::kStereo, Arr::kStereo }, { Arr::kStereo } }, { {}, {} },
+            { { ~Vst::SpeakerArrangement {} }, { Arr::kStereo } } })
+    {
+        EXPECT_NE (set (ins, outs), kResultTrue);
+
+        for (const auto direction : { Vst::kInput, Vst::kOutput })
+        {
+            Vst::SpeakerArrangement now = 0;
+            EXPECT_EQ (instance.processor->getBusArrangement (direction, 0, now), kResultTrue);
+            EXPECT_EQ (now, Arr::kStereo);
+        }
+    }
+
+    EXPECT_EQ (set ({ Arr::kStereo }, { Arr::kStereo }), kResultTrue);
+    instance.start (48000.0, 512);
+    EXPECT_NE (set ({ Arr::kMono }, { Arr::kMono }), kResultTrue) << "while it runs";
+    EXPECT_GT (peak (NoiseBlocks (instance, 4096, 512).right), 0.1);
+}
+
+TEST (Conformance, ParameterTextsComeBack)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    const auto parameters = parametersOf (*instance.controller);
+    ASSERT_EQ (parameters.size(), numParameters);
+
+    for (const auto& info : parameters)
+    {
+        for (int step = 0; step <= 20; ++step)
+        {
+            Vst::String128 text {}, again {};
+            Vst::ParamValue value = -1.0;
+            auto& controller = *instance.controller;
+            EXPECT_EQ (controller.getParamStringByValue (info.id, step / 20.0, text), kResultTrue);
+            EXPECT_EQ (controller.getParamValueByString (info.id, text, value), kResultTrue);
+            EXPECT_TRUE (value >= 0.0 && value <= 1.0);
+            EXPECT_EQ (controller.getParamStringByValue (info.id, value, again), kResultTrue);
+            EXPECT_TRUE (std::equal (std::begin (text), std::end (text), again)) << juce::String (
+                juce::CharPointer_UTF16 (reinterpret_cast<const juce::CharPointer_UTF16::CharType*> (text)));
+        }
+    }
+}
+
+TEST (Conformance, StandsAutomationOfEverythingInEveryBlock)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    const auto parameters = parametersOf (*instance.controller);
+    instance.start (48000.0, 64);
+    std::mt19937 random (3);
+
+    for (int i = 0; i < 500; ++i)
+    {
+        ParameterChanges changes;
+        changes.add (12345, 0.5); // none of ours
+
+        for (const auto& info : parameters)
+            changes.add (info.id, static_cast<double> (random() % 1025) / 1024.0);
+
+        const NoiseBlocks noise (instance, 64, 64, &changes);
+        ASSERT_TRUE (allFinite (noise.left) && allFinite (noise.right));
+    }
+
+    // What is in force afterwards are the last block's values, whatever was before.
+    Vst3Instance fresh (module);
+    fresh.start (48000.0, 64);
+    ParameterChanges unlinked, last;
+
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        (parameterTable[i].stepped ? unlinked : last).add (parameters[i].id, parameterTable[i].stepped ? 0.0 : 0.25);
+
+    for (auto* each : { &instance, &fresh })
+    {
+        NoiseBlocks (*each, 64, 64, &unlinked);
+        NoiseBlocks (*each, 64, 64, &last);
+    }
+
+    EXPECT_EQ (instance.save(), fresh.save());
+}
+
+TEST (Conformance, AStateComesBackToTheBitFromAnotherThreadToo)
+{
+    Vst3Module module;
+    Vst3Instance first (module), second (module);
+    first.start (48000.0, 512);
+    second.start (48000.0, 512);
+    ParameterChanges changes;
+    changes.add (idOf (first, "link"), 0.0);
+    NoiseBlocks (first, 512, 512, &changes);
+    ParameterChanges odd;
+
+    for (const auto* id : { "sub", "40hzR", "airGain", "airBandR", "trim", "inGain1" })
+        odd.add (idOf (first, id), 0.123456789);
+
+    odd.add (idOf (first, "breakMode"), 1.0);
+    NoiseBlocks (first, 512, 512, &odd);
+    const auto state = first.save();
+    ASSERT_FALSE (state.empty());
+
+    // While the audio runs, another thread saves and restores.
+    std::atomic<bool> stop { false };
+    std::thread background (
+        [&]
+        {
+            const auto initial = second.save();
+
+            for (int i = 0; ! stop; ++i)
+            {
+                EXPECT_EQ (second.restore (i % 2 == 0 ? state : initial), kResultOk);
+                EXPECT_EQ (second.save(), i % 2 == 0 ? state : initial);
+            }
+        });
+
+    for (int i = 0; i < 200; ++i)
+        EXPECT_TRUE (allFinite (NoiseBlocks (second, 512, 512).left));
+
+    stop = true;
+    background.join();
+
+    EXPECT_EQ (second.restore (state), kResultOk);
+    EXPECT_EQ (second.save(), state);
+
+    for (auto* instance : { &first, &second })
+    {
+        instance->stop();
+        instance->start (48000.0, 512);
+    }
+
+    EXPECT_EQ (NoiseBlocks (first, 8192, 512), NoiseBlocks (second, 8192, 512));
+
+    // What is no state is refused and changes nothing.
+    for (const auto& bad : std::vector<std::vector<char>> { {}, { 1 }, std::vector<char> (1000, '<'),
+             { state.begin(), state.begin() + static_cast<std::ptrdiff_t> (state.size() / 2) } })
+        second.restore (bad);
+
+    EXPECT_EQ (second.save(), state);
+}
+
+TEST (Conformance, InstancesInTheirOwnThreadsDoNotMeet)
+{
+    Vst3Module module;
+    constexpr int count = 4;
+    std::vector<std::unique_ptr<Vst3Instance>> instances;
+
+    for (int i = 0; i < count; ++i)
+        instances.push_back (std::make_unique<Vst3Instance> (module));
+
+    const auto gain = idOf (*instances[0], "trim");
+    std::vector<std::vector<float>> outputs (count);
+    std::vector<std::thread> threads;
+
+    for (std::size_t i = 0; i < count; ++i)
+        threads.emplace_back (
+            [&, i]
+            {
+                instances[i]->start (48000.0, 128);
+                ParameterChanges changes;
+                changes.add (gain, i % 2 == 0 ? 0.25 : 0.75);
+                outputs[i] = NoiseBlocks (*instances[i], 48000, 128, &changes).left;
+                instances[i]->stop();
+                instances[i].reset();
+            });
+
+    for (auto& thread : threads)
+        thread.join();
+
+    EXPECT_EQ (outputs[0], outputs[2]);
+    EXPECT_EQ (outputs[1], outputs[3]);
+    EXPECT_NEAR (rmsDb (outputs[1]) - rmsDb (outputs[0]), 12.0, 0.01);
+}
+
+} // namespace
+} // namespace kestreleq::test
