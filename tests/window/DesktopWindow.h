@@ -30,11 +30,13 @@ public:
         return true;
     }
 
+    /** Has the window manager give it the keyboard, which a new window need not have. */
+    void activate() { input ({ "windowactivate", "--sync", handle() }); }
+
     void moveMouse (juce::Component& over, juce::Point<int> at)
     {
         const auto position = getLocalPoint (&over, at);
-        const auto handle = juce::String (reinterpret_cast<juce::pointer_sized_int> (getWindowHandle()));
-        input ({ "mousemove", "--window", handle, juce::String (position.x), juce::String (position.y) });
+        input ({ "mousemove", "--window", handle(), juce::String (position.x), juce::String (position.y) });
     }
 
     void click (juce::Component& over, juce::Point<int> at)
@@ -66,6 +68,8 @@ public:
     juce::StringArray keys; // those that came up to this window
 
 private:
+    juce::String handle() const { return juce::String (reinterpret_cast<juce::pointer_sized_int> (getWindowHandle())); }
+
     /** Runs xdotool, and gives the window time to answer. */
     static void input (juce::StringArray arguments)
     {

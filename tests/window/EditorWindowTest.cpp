@@ -26,7 +26,14 @@ struct ScreenRig : ProcessorRig
           window (std::make_unique<DesktopWindow> (*editor, at))
     {
         EXPECT_TRUE (pumpMessagesUntil ([this] { return editor->isShowing(); }, 5000));
+        window->activate();
         pumpMessages (200);
+
+        // Once in a while the window manager maps a new window at the size that it had before its content.
+        if (editor->getLocalBounds() != opening)
+            editor->setSize (opening.getWidth(), opening.getHeight());
+
+        EXPECT_TRUE (pumpMessagesUntil ([this] { return window->getPeer()->getBounds().getWidth() == 836; }, 2000));
     }
 
     ~ScreenRig() { window.reset(); }
@@ -40,6 +47,7 @@ struct ScreenRig : ProcessorRig
     }
 
     std::unique_ptr<KestrelEditor> editor;
+    const juce::Rectangle<int> opening { editor->getLocalBounds() };
     std::unique_ptr<DesktopWindow> window;
 };
 

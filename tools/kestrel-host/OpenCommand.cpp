@@ -5,6 +5,8 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <iostream>
+
 namespace kestreleq::host
 {
 namespace
@@ -13,6 +15,16 @@ namespace
 constexpr double sampleRate = 48000.0;
 constexpr int blockSize = 960;
 constexpr int blocksPerSecond = 50;
+
+/** The keys that the editor leaves to its host, one a line on standard output. */
+struct LeftKeys final : juce::KeyListener
+{
+    bool keyPressed (const juce::KeyPress& key, juce::Component*) override
+    {
+        std::cout << "key: " << key.getTextDescription() << std::endl;
+        return true;
+    }
+};
 
 /** A desktop window around the module's editor. Closing it ends the message loop. */
 class EditorWindow final : public juce::DocumentWindow
@@ -25,10 +37,17 @@ public:
         setResizable (editor.isResizable(), false);
         setContentNonOwned (&editor, true);
         centreWithSize (getWidth(), getHeight());
+        addKeyListener (&leftKeys);
+        editor.addKeyListener (&leftKeys); // the framework's own component around a module's window takes every key
         setVisible (true);
     }
 
+    ~EditorWindow() override { getContentComponent()->removeKeyListener (&leftKeys); }
+
     void closeButtonPressed() override { juce::MessageManager::getInstance()->stopDispatchLoop(); }
+
+private:
+    LeftKeys leftKeys;
 };
 
 /** Runs silence through the module at the pace of real time, so that what the editor changes reaches the audio side and
