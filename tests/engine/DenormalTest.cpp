@@ -7,6 +7,10 @@
 #include <cmath>
 #include <limits>
 
+#if defined(__SSE2__)
+#include <xmmintrin.h>
+#endif
+
 namespace kestreleq::test
 {
 namespace
@@ -83,6 +87,69 @@ TEST_P (Denormals, NoneComesOut)
     volatile auto tiny = std::numeric_limits<float>::min();
     EXPECT_EQ (std::fpclassify (tiny / 2.0f), FP_SUBNORMAL) << "the host's setting has changed";
 }
+
+#if defined(__SSE2__)
+
+/** Whether an operation has met a denormal, or made one, while this lived. With denormals left on: a plug-in's block
+   has them off, but then nothing tells. */
+class DenormalWatch
+{
+public:
+    DenormalWatch() { _mm_setcsr (saved & ~(flags | flushing)); }
+
+    ~DenormalWatch() { _mm_setcsr (saved); }
+
+    DenormalWatch (const DenormalWatch&) = delete;
+    DenormalWatch& operator= (const DenormalWatch&) = delete;
+
+    bool sawOne() const { return (_mm_getcsr() & flags) != 0; }
+
+private:
+    static constexpr unsigned flags = 0x0012;    // denormal operand, underflow
+    static constexpr unsigned flushing = 0x8040; // flush to zero, denormals are zero
+    const unsigned saved = _mm_getcsr();
+};
+
+TEST (DenormalWatch, SeesOne)
+{
+    const DenormalWatch watch;
+    volatile auto tiny = std::numeric_limits<float>::min();
+    EXPECT_FALSE (watch.sawOne());
+    tiny = tiny * 0.3f;
+    EXPECT_TRUE (watch.sawOne());
+}
+
+// The filters' constant alone keeps them from dying down into denormals, without the processor's help.
+TEST (EngineDenormals, SilenceAfterLoudAudioMeetsNone)
+{
+    for (const bool breakMode : { false, true })
+    {
+        dsp::EqEngine engine;
+        engine.prepare (48000.0);
+        dsp::EngineParameters settings;
+        settings.breakMode = breakMode;
+
+        for (auto& lane : settings.lanes)
+        {
+            lane.bands.fill (0.9f);
+            lane.airAmount = 0.8f;
+        }
+
+        engine.setParameters (settings);
+        Stereo audio { whiteNoise (1, 48000, 0.9), whiteNoise (2, 48000, 0.9) };
+        engine.process (audio[0].data(), audio[1].data(), 48000);
+
+        for (int second = 0; second < 20; ++second)
+        {
+            audio = { std::vector<float> (48000), std::vector<float> (48000) };
+            const DenormalWatch watch;
+            engine.process (audio[0].data(), audio[1].data(), 48000);
+            EXPECT_FALSE (watch.sawOne()) << "in second " << second << (breakMode ? ", break mode" : "");
+        }
+    }
+}
+
+#endif
 
 INSTANTIATE_TEST_SUITE_P (Programs, Denormals, testing::Values (0, 4, 5));
 
