@@ -16,6 +16,9 @@ Figures readFigures (const std::string& path);
     Counts come from scripts/bench, as do the times of the built module. */
 void printTable (const Figures& counts, const Figures& moduleTimes);
 
+/** What silence costs after loud audio, while all filters die away, against noise. */
+void printSilence();
+
 /** What an instance costs to make, and many of them to run. */
 void printInstances();
 

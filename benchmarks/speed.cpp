@@ -24,6 +24,7 @@ int main (int argc, char** argv)
     }
 
     printTable (readFigures (argument (1)), readFigures (argument (2)));
+    printSilence();
     printInstances();
     return 0;
 }

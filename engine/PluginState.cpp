@@ -1,5 +1,6 @@
 #include "engine/PluginState.h"
 
+#include "engine/Utf8.h"
 #include "engine/parameters/FactoryPrograms.h"
 #include "engine/parameters/ParameterIds.h"
 
@@ -140,8 +141,7 @@ private:
 
 bool isHarmlessXml (std::string_view text)
 {
-    if (text.size() > greatestTextSize ||
-        ! juce::CharPointer_UTF8::isValidString (text.data(), static_cast<int> (text.size())))
+    if (text.size() > greatestTextSize || ! isValidUtf8 (text))
         return false;
 
     if (text.starts_with ("<?"))
@@ -181,6 +181,9 @@ std::optional<PluginState> readState (const void* data, int size)
 
 std::optional<PluginState> readStateText (const juce::String& text)
 {
+    if (! isValidUtf8 (text.toRawUTF8())) // before anything walks over it
+        return {};
+
     const auto trimmed = text.trim();
 
     if (! isHarmlessXml (trimmed.toRawUTF8()))

@@ -1,4 +1,5 @@
 #include "engine/PluginState.h"
+#include "engine/Utf8.h"
 #include "tests/support/ProcessorRig.h"
 
 #include <gtest/gtest.h>
@@ -149,11 +150,12 @@ TEST (State, RefusesWhatIsHostileOrNoState)
     for (int size = 1; size < static_cast<int> (before.getSize()) - 2; ++size)
         rig.processor.setStateInformation (before.getData(), size);
 
-    for (const auto& text : std::vector<std::string> { "", "no xml", "<Else sub=\"1\"/>", nested (9), nested (300000),
-             nested (20000), "<!DOCTYPE x [<!ENTITY a \"b\">]>" + nested (1), "<Parameters><!-- x --></Parameters>",
-             "<Parameters><? ' ?>" + nested (5000) + "</Parameters>",
-             "<Parameters>" + std::string (1024 * 1024, ' ') + "</Parameters>",
-             std::string ("<Parameters a=\"\xf0\x9f"), "<Parameters " + std::string (100000, 'a') })
+    for (const auto& text :
+        std::vector<std::string> { "", "no xml", "<Else sub=\"1\"/>", nested (9), nested (300000), nested (20000),
+            "<!DOCTYPE x [<!ENTITY a \"b\">]>" + nested (1), "<Parameters><!-- x --></Parameters>",
+            "<Parameters><? ' ?>" + nested (5000) + "</Parameters>",
+            "<Parameters>" + std::string (1024 * 1024, ' ') + "</Parameters>", std::string ("<Parameters a=\"\xf0\x9f"),
+            "<Parameters>\xe6\xe6\xe6</Parameters>", "<Parameters " + std::string (100000, 'a') })
         restore (rig, wrapped (text));
 
     // A header that makes the text end anywhere, in a quotation too. (What it cuts off besides the end is not ours.)
@@ -174,6 +176,18 @@ TEST (State, RefusesWhatIsHostileOrNoState)
     EXPECT_FALSE (isHarmlessXml ("<a b='>'><a><a><a><a><a><a><a><a x=\"/>\"></a></a></a></a></a></a></a></a></a>"));
     EXPECT_TRUE (readStateText ("  \n<Parameters><PARAM id=\"sub\" value=\"1\"/></Parameters>\n").has_value());
     EXPECT_FALSE (readStateText ("hello").has_value());
+}
+
+TEST (State, KnowsUtf8)
+{
+    for (const auto* text : { "", "a", "\xc2\x80", "\xdf\xbf", "\xe0\xa0\x80", "\xed\x9f\xbf", "\xef\xbf\xbf",
+             "\xf0\x90\x80\x80", "\xf4\x8f\xbf\xbf" })
+        EXPECT_TRUE (isValidUtf8 (text)) << text;
+
+    // Alone, cut short, not continued, overlong, a surrogate, and above the last character.
+    for (const auto* text : { "\x80", "\xc2", "\xe0\xa0", "\xf0\x90\x80", "\xcc\xcc", "\xe6\xe6\xe6", "\xc0\xaf",
+             "\xe0\x9f\xbf", "\xf0\x8f\xbf\xbf", "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xff" })
+        EXPECT_FALSE (isValidUtf8 (text)) << text;
 }
 
 TEST (State, SurvivesTwentyThousandMutations)

@@ -1,12 +1,16 @@
 #include "tests/fuzz/Invariant.h"
 
 #include "editor/ResourceManifest.h"
+#include "engine/Utf8.h"
 
 #include <cstdint>
 
 /** A manifest that anything may have happened to: every text that the editor asks for is there or is the default. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
+    if (! kestreleq::isValidUtf8 ({ reinterpret_cast<const char*> (data), size }))
+        return 0;
+
     const kestreleq::ResourceManifest manifest (
         juce::String::fromUTF8 (reinterpret_cast<const char*> (data), static_cast<int> (size)));
 

@@ -1,5 +1,6 @@
 #include "tests/fuzz/Invariant.h"
 
+#include "engine/Utf8.h"
 #include "engine/parameters/ParameterIds.h"
 #include "engine/parameters/ParameterText.h"
 
@@ -10,6 +11,10 @@
     that shows the same. */
 extern "C" int LLVMFuzzerTestOneInput (const std::uint8_t* data, std::size_t size)
 {
+    // Hosts and text fields hand over UTF-16.
+    if (! kestreleq::isValidUtf8 ({ reinterpret_cast<const char*> (data), size }))
+        return 0;
+
     const auto text = juce::String::fromUTF8 (reinterpret_cast<const char*> (data), static_cast<int> (size));
 
     for (const auto& info : kestreleq::parameterTable)
