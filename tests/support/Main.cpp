@@ -8,7 +8,7 @@
 int main (int argc, char** argv)
 {
     testing::InitGoogleTest (&argc, argv);
-    ::setenv ("DISPLAY", "none", 1); // the framework would look for a server on its own, and end with it
+    ::setenv ("DISPLAY", "none", 0); // without one, the framework would look for a server on its own, and end with it
     const juce::ScopedJuceInitialiser_GUI framework;
 
     // Stored pictures show text; whatever else a machine has, this face is installed with the build's packages.
