@@ -4,6 +4,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <memory>
+#include <vector>
+
 namespace
 {
 
@@ -129,6 +132,30 @@ void editorTick (benchmark::State& state)
     state.counters["pixels"] = benchmark::Counter (pixels, benchmark::Counter::kAvgIterations);
 }
 
+/** One tick of ten linked editors in their smallest size, all playing; "core" is the part of one core that they take.
+ */
+void tenEditorsTick (benchmark::State& state)
+{
+    std::vector<std::unique_ptr<Scene>> scenes;
+
+    for (int i = 0; i < 10; ++i)
+        scenes.push_back (std::make_unique<Scene> (836, true));
+
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        for (auto& scene : scenes)
+            scene->play();
+        state.ResumeTiming();
+
+        for (auto& scene : scenes)
+        {
+            scene->tick();
+            scene->paint();
+        }
+    }
+}
+
 /** One tick with nothing new to show. */
 void editorIdleTick (benchmark::State& state)
 {
@@ -167,6 +194,7 @@ BENCHMARK (editorTick)
     ->Args ({ 1672, 1 })
     ->Args ({ 1672, 0 })
     ->Unit (benchmark::kMillisecond);
+BENCHMARK (tenEditorsTick)->Unit (benchmark::kMillisecond);
 BENCHMARK (editorIdleTick)->Unit (benchmark::kMicrosecond);
 BENCHMARK (editorOpening)->Unit (benchmark::kMillisecond);
 
