@@ -33,7 +33,7 @@ LaneSection::LaneSection (KestrelProcessor& processorToShow, std::size_t laneToS
 {
     initialiseLaneControls();
     initialisePowerButton();
-    initialiseParameterAttachments (stepCallback);
+    initialiseParameterAttachments();
 }
 
 void LaneSection::initialiseLaneControls()
@@ -85,14 +85,14 @@ void LaneSection::togglePower()
     stepCallback();
 }
 
-void LaneSection::initialiseParameterAttachments (const std::function<void()>& onStep)
+void LaneSection::initialiseParameterAttachments()
 {
     auto& core = processor.getCore();
 
     for (std::size_t i = 0; i < knobs.size(); ++i)
     {
         auto& parameter = *core.getTree().getParameter (infoOf (onLane (laneKnobs[i].parameter, lane)).id);
-        bindings[i] = std::make_unique<LaneKnobBinding> (parameter, knobs[i], core.getHistory(), onStep);
+        bindings[i] = std::make_unique<LaneKnobBinding> (parameter, knobs[i], core.getHistory(), stepCallback);
     }
 }
 

@@ -57,7 +57,7 @@ public:
 private:
     void initialiseLaneControls();
     void initialisePowerButton();
-    void initialiseParameterAttachments (const std::function<void()>& onStep);
+    void initialiseParameterAttachments();
     void togglePower();
 
     /** Every control, in order of painting. */

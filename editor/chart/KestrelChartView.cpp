@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kestreleq
 {
@@ -16,7 +17,6 @@ namespace
 using namespace quillon::ui_pro;
 
 constexpr std::size_t curvePoints = 281;
-constexpr std::size_t painterBins = 256;
 constexpr float curveWidth = 2.0f;
 constexpr double lowestDrawingRate = 96000.0; // keeps the axis up to 40 kHz below half of it
 
@@ -174,19 +174,10 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
     const std::array colours { palette.textMuted, colour };
-    std::array<float, painterBins> levels;
 
     for (std::size_t trace = 0; trace < SpectrumDisplay::numTraces; ++trace)
-    {
-        if (spectrum.getLevels (trace).empty())
-            continue;
-
-        for (std::size_t i = 0; i < painterBins; ++i)
-            levels[i] = spectrum.levelAt (
-                trace, 20.0 * std::pow (1000.0, static_cast<double> (i) / static_cast<double> (painterBins - 1)));
-
-        controls::paintSpectrum (g, scale.spectrumArea(), levels, { .colour = colours[trace], .fill = trace == 1 });
-    }
+        if (const auto levels = spectrum.getPainterLevels (trace); ! levels.empty())
+            controls::paintSpectrum (g, scale.spectrumArea(), levels, { .colour = colours[trace], .fill = trace == 1 });
 }
 
 void KestrelChartView::paintNodes (juce::Graphics& g) const
@@ -241,7 +232,9 @@ void KestrelChartView::mouseDown (const juce::MouseEvent& event)
 {
     drag.reset();
     grasped = nodes.hit (event.position);
-    repaint();
+
+    if (grasped)
+        repaint();
 }
 
 void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
@@ -262,10 +255,22 @@ void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
 
 void KestrelChartView::mouseUp (const juce::MouseEvent& event)
 {
+    letGo();
+    setHovered (nodes.hit (event.position));
+}
+
+void KestrelChartView::visibilityChanged()
+{
+    if (! isVisible())
+        letGo(); // a host that links the lanes hides the view under the pointer; the step must not stay open
+}
+
+void KestrelChartView::letGo()
+{
     drag.reset();
-    grasped.reset();
-    hovered = nodes.hit (event.position);
-    repaint();
+
+    if (std::exchange (grasped, std::nullopt))
+        repaint();
 }
 
 void KestrelChartView::mouseDoubleClick (const juce::MouseEvent& event)

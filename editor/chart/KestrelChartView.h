@@ -40,6 +40,7 @@ public:
 
     void paint (juce::Graphics& g) override;
     void resized() override;
+    void visibilityChanged() override;
     void mouseMove (const juce::MouseEvent& event) override;
     void mouseExit (const juce::MouseEvent& event) override;
     void mouseDown (const juce::MouseEvent& event) override;
@@ -60,6 +61,7 @@ private:
     void paintSpectrum (juce::Graphics& g) const;
     void paintNodes (juce::Graphics& g) const;
     juce::String nodeText (std::size_t node) const;
+    void letGo();
     void setHovered (std::optional<std::size_t> node);
 
     KestrelProcessor& processor;

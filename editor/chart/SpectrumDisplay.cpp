@@ -13,6 +13,7 @@ namespace
 constexpr double fallRate = 24.0; // dB per second
 constexpr double lowestFrequency = 20.0;
 constexpr double usualRate = 48000.0;
+constexpr double painterSpan = 1000.0; // from the painter's first frequency to its last
 
 /** How many times its width the axis of the bins grows from its first to its last frequency. */
 double spanOf (double sampleRate)
@@ -60,15 +61,21 @@ bool SpectrumDisplay::refresh (const std::array<std::span<const float>, numTrace
 
         placeBins (levels.size(), sampleRate);
         traces[trace].resize (levels.size(), floorLevel);
+        bool traceMoved = painterLevels[trace].empty();
 
         for (std::size_t i = 0; i < levels.size(); ++i)
         {
             const auto level = std::isfinite (levels[i]) ? levels[i] : floorLevel;
             auto& shown = traces[trace][i];
             const auto next = level > shown ? level : std::max (shown - fall, level);
-            moved = moved || std::max (next, floorLevel) != std::max (shown, floorLevel);
+            traceMoved = traceMoved || std::max (next, floorLevel) != std::max (shown, floorLevel);
             shown = next;
         }
+
+        if (traceMoved)
+            resample (trace);
+
+        moved = moved || traceMoved;
     }
 
     return moved;
@@ -88,22 +95,42 @@ void SpectrumDisplay::placeBins (std::size_t count, double sampleRate)
         for (std::size_t i = 0; i < count; ++i)
             frequencies[i] = static_cast<float> (lowestFrequency *
                 std::pow (spanOf (rate), (static_cast<double> (i) + 0.5) / static_cast<double> (count)));
+
+    for (std::size_t i = 0; i < numPainterBins; ++i)
+    {
+        const auto frequency = lowestFrequency * std::pow (painterSpan, static_cast<double> (i) / (numPainterBins - 1));
+        const auto part = std::log (frequency / lowestFrequency) / std::log (spanOf (rate));
+        const auto last = static_cast<double> (count - 1);
+        positions[i] = frequency > rate / 2.0
+            ? -1.0f
+            : static_cast<float> (std::clamp (part * static_cast<double> (count) - 0.5, 0.0, last));
+    }
+
+    // What was resampled for other bins is out of date.
+    for (auto& levels : painterLevels)
+        levels.clear();
 }
 
-float SpectrumDisplay::levelAt (std::size_t trace, double frequency) const
+void SpectrumDisplay::resample (std::size_t trace)
 {
     const auto& levels = traces[trace];
+    auto& resampled = painterLevels[trace];
+    resampled.resize (numPainterBins);
 
-    if (levels.empty() || frequency > rate / 2.0)
-        return floorLevel;
+    for (std::size_t i = 0; i < numPainterBins; ++i)
+    {
+        const auto below = static_cast<std::size_t> (std::max (positions[i], 0.0f));
+        const auto above = std::min (below + 1, levels.size() - 1);
+        const auto fraction = positions[i] - static_cast<float> (below);
+        resampled[i] = positions[i] < 0.0f ? floorLevel
+                                           : std::max (std::lerp (levels[below], levels[above], fraction), floorLevel);
+    }
+}
 
-    const auto last = static_cast<double> (levels.size() - 1);
-    const auto part = std::log (frequency / lowestFrequency) / std::log (spanOf (rate));
-    const auto bin = std::clamp (part * static_cast<double> (levels.size()) - 0.5, 0.0, last);
-    const auto below = static_cast<std::size_t> (bin);
-    const auto above = std::min (below + 1, levels.size() - 1);
-
-    return std::max (std::lerp (levels[below], levels[above], static_cast<float> (bin - std::floor (bin))), floorLevel);
+std::size_t SpectrumDisplay::painterBinAt (double frequency)
+{
+    const auto part = std::log (frequency / lowestFrequency) / std::log (painterSpan);
+    return static_cast<std::size_t> (std::lround (std::clamp (part, 0.0, 1.0) * (numPainterBins - 1)));
 }
 
 } // namespace kestreleq

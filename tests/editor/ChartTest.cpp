@@ -65,8 +65,8 @@ TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
     EXPECT_EQ (display.getFrequencies()[0], 20.0f);
     show ({ -20.0f, -40.0f }, 8000.0);
     EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
-    EXPECT_NEAR (display.levelAt (0, 20.0 * std::pow (200.0, 0.5)), -30.0f, 1e-3f);
-    EXPECT_EQ (display.levelAt (0, 5000.0), -84.0f) << "above half of the rate";
+    EXPECT_NEAR (display.getPainterLevels (0)[display.painterBinAt (20.0 * std::pow (200.0, 0.5))], -30.0f, 0.1f);
+    EXPECT_EQ (display.getPainterLevels (0)[display.painterBinAt (5000.0)], -84.0f) << "above half of the rate";
 }
 
 /** A view of lane A with a size, in front of a processor that has its message thread here. */
@@ -112,6 +112,20 @@ TEST (ChartView, DragsANodeAsOneNamedStep)
     rig.processor.getCore().getHistory().undo();
     EXPECT_EQ (rig.get ("160hz"), 0.5f);
     EXPECT_EQ (rig.get ("160hzR"), 0.5f);
+}
+
+TEST (ChartView, HidingItEndsTheStep)
+{
+    ChartRig rig;
+    rig.view->setVisible (true);
+    const auto node = rig.view->getNodes().position (2);
+    rig.mouse.down (node);
+    rig.mouse.drag (node.translated (0.0f, -40.0f));
+    rig.view->setVisible (false);
+    rig.mouse.drag (node.translated (0.0f, -80.0f));
+    EXPECT_NEAR (rig.get ("160hz"), 0.5f + 40.0f / 177.0f, 1e-4f);
+    EXPECT_TRUE (rig.processor.getCore().getHistory().undo());
+    EXPECT_EQ (rig.get ("160hz"), 0.5f);
 }
 
 TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
@@ -166,9 +180,10 @@ TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
         analyser.update();
     rig.view->refresh();
 
-    const auto peak = rig.view->getSpectrum().levelAt (1, 1000.0);
+    const auto levels = rig.view->getSpectrum().getPainterLevels (1);
+    const auto peak = levels[SpectrumDisplay::painterBinAt (1000.0)];
     EXPECT_GT (peak, -20.0f);
-    EXPECT_LT (rig.view->getSpectrum().levelAt (1, 4000.0), peak - 30.0f);
+    EXPECT_LT (levels[SpectrumDisplay::painterBinAt (4000.0)], peak - 30.0f);
     EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
 }
 
