@@ -128,11 +128,18 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
     EXPECT_TRUE (same (".wav"));
     EXPECT_TRUE (same (".state"));
 
-    const auto missing = runHost (
-        { "render", module, work.path ("in.wav"), work.path ("c.wav"), "--state", "none.state" }, HostStream::errors);
-    EXPECT_EQ (missing.exitCode, 1);
-    EXPECT_TRUE (missing.text.contains ("none.state"));
-    EXPECT_FALSE (juce::File (work.path ("c.wav")).exists());
+    juce::MemoryBlock state;
+    juce::File (work.path ("a.state")).loadFileAsData (state);
+    juce::File (work.path ("half.state")).replaceWithData (state.getData(), state.getSize() / 2);
+
+    for (const auto& refused : { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav") })
+    {
+        const auto run = runHost (
+            { "render", module, work.path ("in.wav"), work.path ("c.wav"), "--state", refused }, HostStream::errors);
+        EXPECT_EQ (run.exitCode, 1) << refused;
+        EXPECT_TRUE (run.text.contains (refused)) << run.text;
+        EXPECT_FALSE (juce::File (work.path ("c.wav")).exists());
+    }
 }
 
 TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)

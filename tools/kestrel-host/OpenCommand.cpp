@@ -1,6 +1,7 @@
 #include "tools/kestrel-host/Commands.h"
 #include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-host/HostedModule.h"
+#include "tools/kestrel-host/RestoreState.h"
 #include "tools/kestrel-host/StateFile.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -105,7 +106,7 @@ void run (const OpenOptions& options)
     module.prepareStereo (sampleRate, blockSize);
 
     if (options.state)
-        module.restoreState (readStateFile (*options.state));
+        restoreStateFile (module, options.module, *options.state);
 
     show (module, options.seconds);
 

@@ -3,6 +3,7 @@
 #include "tools/kestrel-host/HostedModule.h"
 #include "tools/kestrel-host/Paths.h"
 #include "tools/kestrel-host/Progress.h"
+#include "tools/kestrel-host/RestoreState.h"
 #include "tools/kestrel-host/StateFile.h"
 #include "tools/kestrel-host/WavReader.h"
 #include "tools/kestrel-host/WavWriter.h"
@@ -74,7 +75,7 @@ void run (const RenderOptions& options)
     module.prepareStereo (input.sampleRate(), options.block);
 
     if (options.state)
-        module.restoreState (readStateFile (*options.state));
+        restoreStateFile (module, options.module, *options.state);
 
     if (options.program)
         module.selectProgram (*options.program);
