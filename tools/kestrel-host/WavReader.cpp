@@ -150,7 +150,8 @@ void WavReader::readFormat (std::uint32_t size)
         fail ("has " + std::to_string (channels) + " channels; only mono and stereo are read");
 
     if (rate < 1 || rate > highestRate)
-        fail ("has a sample rate of " + std::to_string (rate) + " Hz");
+        fail ("has a sample rate of " + std::to_string (rate) + " Hz; 1 to " + std::to_string (highestRate) +
+            " are read");
 
     if (number16 (format.data() + 12) != channels * sampleBytes)
         fail ("is not a valid WAV file: its frame size is wrong");
