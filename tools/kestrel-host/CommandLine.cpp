@@ -47,14 +47,14 @@ std::vector<std::string> readArguments (
         };
 
         if (! readOption (argument, next))
-            throw UsageError ("unknown option " + quoted (argument));
+            throw UsageError ("unknown option " + inQuotes (argument));
     }
 
     if (paths.size() < names.size())
         throw UsageError (std::string (*(names.begin() + paths.size())) + " is missing");
 
     if (paths.size() > names.size())
-        throw UsageError ("unexpected argument " + quoted (paths[names.size()]));
+        throw UsageError ("unexpected argument " + inQuotes (paths[names.size()]));
 
     if (std::any_of (paths.begin(), paths.end(), [] (const auto& path) { return path.empty(); }))
         throw UsageError ("a path is empty");
@@ -179,7 +179,7 @@ Command parseCommandLine (Arguments arguments)
     if (command == "open")
         return parseOpen (rest);
 
-    throw UsageError ("unknown command " + quoted (command));
+    throw UsageError ("unknown command " + inQuotes (command));
 }
 
 std::string_view usageText()
@@ -197,7 +197,7 @@ MODULE is a built VST3 module, ID a parameter ID of the plug-in ('info' lists th
 --program selects a factory program, counted from 0; --set then acts in the order given, before the first block;
 --at acts at the first block that starts at or after its time. --state restores a saved state before all of these,
 --save-state saves the state at the end. A block has 1 to 65536 samples (512 unless told
-otherwise), a rate 8000 to 768000 Hz, a bench 0.01 to 3600 seconds of audio. 'open' shows the
+otherwise), a bench a rate of 8000 to 768000 Hz and 0.01 to 3600 seconds of audio. 'open' shows the
 plug-in's editor in a window until that is closed, or for S seconds.
 )";
 }

@@ -31,14 +31,14 @@ Number parseWithin (std::string_view option, std::string_view text, Number lowes
     const auto number = parseNumber<Number> (text);
 
     if (! number || *number < lowest || *number > highest)
-        throw UsageError (quoted (text) + " is not a valid value for " + std::string (option));
+        throw UsageError (inQuotes (text) + " is not a valid value for " + std::string (option));
 
     return *number;
 }
 
 } // namespace
 
-std::string quoted (std::string_view text)
+std::string inQuotes (std::string_view text)
 {
     std::string quotation (1, '\'');
     quotation += text;
@@ -61,13 +61,13 @@ Assignment parseAssignment (std::string_view text)
     const auto equals = text.find ('=');
 
     if (equals == 0 || equals == std::string_view::npos)
-        throw UsageError (quoted (text) + " is not ID=VALUE");
+        throw UsageError (inQuotes (text) + " is not ID=VALUE");
 
     const auto valueText = text.substr (equals + 1);
     const auto value = parseNumber<double> (valueText);
 
     if (! value || *value < 0.0 || *value > 1.0)
-        throw Failure (quoted (valueText) + " in " + quoted (text) + " is not a value within 0..1");
+        throw Failure (inQuotes (valueText) + " in " + inQuotes (text) + " is not a value within 0..1");
 
     return { std::string (text.substr (0, equals)), static_cast<float> (*value) };
 }
@@ -77,12 +77,12 @@ TimedAssignment parseTimedAssignment (std::string_view text)
     const auto colon = text.find (':');
 
     if (colon == std::string_view::npos)
-        throw UsageError (quoted (text) + " is not SECONDS:ID=VALUE");
+        throw UsageError (inQuotes (text) + " is not SECONDS:ID=VALUE");
 
     const auto seconds = parseNumber<double> (text.substr (0, colon));
 
     if (! seconds || *seconds < 0.0)
-        throw UsageError (quoted (text.substr (0, colon)) + " in " + quoted (text) + " is not a time in seconds");
+        throw UsageError (inQuotes (text.substr (0, colon)) + " in " + inQuotes (text) + " is not a time in seconds");
 
     return { *seconds, parseAssignment (text.substr (colon + 1)) };
 }

@@ -9,7 +9,7 @@ namespace kestreleq::host
 {
 
 /** The text as a message quotes it. */
-std::string quoted (std::string_view text);
+std::string inQuotes (std::string_view text);
 
 /** The whole number that an option was given, which must lie within the closed range. Throws UsageError. */
 int integerFor (std::string_view option, std::string_view text, int lowest, int highest);

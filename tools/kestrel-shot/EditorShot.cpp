@@ -37,7 +37,7 @@ struct Stage
         auto* parameter = processor.getCore().getTree().getParameter (assignment.id);
 
         if (parameter == nullptr)
-            throw host::Failure ("no parameter " + host::quoted (assignment.id));
+            throw host::Failure ("no parameter " + host::inQuotes (assignment.id));
 
         parameter->setValueNotifyingHost (assignment.value);
     }

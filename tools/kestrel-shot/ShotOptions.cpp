@@ -26,7 +26,7 @@ OpenPart parseOpenPart (std::string_view text)
         if (text == name)
             return part;
 
-    throw UsageError ("--open needs presets, menu, support or oversampling, not " + host::quoted (text));
+    throw UsageError ("--open needs presets, menu, support or oversampling, not " + host::inQuotes (text));
 }
 
 } // namespace
@@ -59,9 +59,9 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
         else if (argument == "--open")
             options.open = parseOpenPart (next());
         else if (argument.starts_with ('-'))
-            throw UsageError ("unknown option " + host::quoted (argument));
+            throw UsageError ("unknown option " + host::inQuotes (argument));
         else if (! options.output.empty())
-            throw UsageError ("unexpected argument " + host::quoted (argument));
+            throw UsageError ("unexpected argument " + host::inQuotes (argument));
         else
             options.output = argument;
     }
