@@ -30,9 +30,11 @@ install_packages() {
     [ ${#missing[@]} -gt 0 ] || return 0
 
     say "installing ${missing[*]}"
-    as_root apt-get -qq update || die "'apt-get update' failed: is the package mirror reachable?"
-    DEBIAN_FRONTEND=noninteractive as_root apt-get -qq install -y --no-install-recommends "${missing[@]}" > "$deps/apt.log" 2>&1 \
-        || { tail -n 20 "$deps/apt.log" >&2; die "apt-get could not install: ${missing[*]} (log: $deps/apt.log)"; }
+    local hint=
+    as_root apt-get -qq -o APT::Update::Error-Mode=any update > "$deps/apt.log" 2>&1 \
+        || hint="; nor could it read every package index: is the package mirror reachable?"
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq install -y --no-install-recommends "${missing[@]}" >> "$deps/apt.log" 2>&1 \
+        || { tail -n 20 "$deps/apt.log" >&2; die "apt-get could not install ${missing[*]} (log: $deps/apt.log)$hint"; }
 }
 
 # The mirror that this machine uses for Debian itself.
@@ -63,7 +65,7 @@ fetch_debian() {
         mirror=$(debian_mirror)
         [ -n "$mirror" ] || die "no Debian mirror in this machine's apt configuration; cannot fetch ${file##*/}"
         echo "$type [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror $suite main" > "$dir/sources.list"
-        apt-get "${private[@]}" update > "$dir/log" 2>&1 \
+        apt-get "${private[@]}" -o APT::Update::Error-Mode=any update > "$dir/log" 2>&1 \
             || { cat "$dir/log" >&2; die "the index of Debian's $suite could not be read: is the package mirror reachable?"; }
         fresh_index[$dir]=1
     fi
