@@ -181,6 +181,8 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
     expectRefusal ({ "info", work.path ("none.vst3") }, 1, "none.vst3");
     expectRefusal ({ "render", module, in, work.path ("no/such/folder.wav") }, 1, "folder.wav");
     expectRefusal ({ "render", module, in, in }, 1, "good.wav");
+    expectRefusal ({ "render", module, in, out, "--save-state", in }, 1, "good.wav");
+    expectRefusal ({ "render", module, in, out, "--save-state", out }, 1, "out.wav");
     expectRefusal ({ "open", work.path ("none.vst3") }, 1, "none.vst3");
 
     for (const auto& wrong : std::vector<juce::StringArray> { {}, { "sing" }, { "info" }, { "render", module, in },
@@ -190,6 +192,9 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
         expectRefusal (wrong, 2, "usage");
 
     EXPECT_EQ (runHost ({ "--help" }, HostStream::output).exitCode, 0);
+    juce::MemoryBlock after;
+    good.loadFileAsData (after);
+    EXPECT_EQ (after, bytes);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "tools/kestrel-demo/LevelTable.h"
 
-#include "engine/dsp/Biquad.h"
+#include "engine/dsp/Cookbook.h"
 #include "tools/kestrel-host/WavReader.h"
 
 #include <algorithm>
@@ -24,6 +24,22 @@ constexpr std::array<Band, 6> bands { { { "SUB", 25.0 }, { "40", 60.0 }, { "160"
     { "2.5K", 2500.0 }, { "AIR", 12000.0 } } };
 constexpr double bandQ = 0.92;
 
+/** A second-order section in transposed direct form II. */
+struct Filter
+{
+    dsp::BiquadCoefficients coefficients;
+    double s1 = 0.0, s2 = 0.0;
+
+    double process (double x)
+    {
+        const auto& [b0, b1, b2, a1, a2] = coefficients;
+        const auto y = b0 * x + s1;
+        s1 = b1 * x - a1 * y + s2;
+        s2 = b2 * x - a2 * y;
+        return y;
+    }
+};
+
 /** Peak, RMS, then the bands. */
 using Levels = std::array<double, 2 + bands.size()>;
 
@@ -36,14 +52,14 @@ Levels measure (const std::string& path)
 {
     host::WavReader reader (path);
     const auto rate = static_cast<double> (reader.sampleRate());
-    std::array<std::array<dsp::BiquadSection, 2>, bands.size()> filters;
+    std::array<std::array<Filter, 2>, bands.size()> filters;
     std::array<double, bands.size()> bandSums {};
     double peak = 0.0, sum = 0.0;
 
     for (std::size_t i = 0; i < bands.size(); ++i)
         for (auto& filter : filters[i])
-            filter.setCoefficients (dsp::cookbookSection (
-                dsp::FilterType::bandPass, std::min (bands[i].frequency, 0.4 * rate), rate, bandQ, 0.0));
+            filter.coefficients = dsp::cookbookSection (
+                dsp::FilterType::bandPass, std::min (bands[i].frequency, 0.4 * rate), rate, bandQ, 0.0);
 
     std::array<std::vector<float>, 2> block { std::vector<float> (4096), std::vector<float> (4096) };
 

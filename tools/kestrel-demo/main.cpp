@@ -1,5 +1,7 @@
 #include "tools/kestrel-demo/DemoSignal.h"
 #include "tools/kestrel-demo/LevelTable.h"
+#include "tools/kestrel-host/Errors.h"
+#include "tools/kestrel-host/OptionValues.h"
 #include "tools/kestrel-host/WavWriter.h"
 
 #include <exception>
@@ -49,8 +51,9 @@ int main (int argc, char* argv[])
     {
         if ((arguments.size() == 2 || arguments.size() == 3) && arguments[0] == "signal")
         {
-            writeSignal (
-                arguments[1], arguments.size() == 3 ? static_cast<std::uint32_t> (std::stoul (arguments[2])) : 48000u);
+            const auto rate =
+                arguments.size() == 3 ? kestreleq::host::integerFor ("RATE", arguments[2], 8000, 768000) : 48000;
+            writeSignal (arguments[1], static_cast<std::uint32_t> (rate));
             return 0;
         }
 
@@ -62,6 +65,11 @@ int main (int argc, char* argv[])
                 return 0;
             }
         }
+    }
+    catch (const kestreleq::host::UsageError& error)
+    {
+        std::cerr << "kestrel-demo: " << error.what() << '\n' << usage;
+        return 2;
     }
     catch (const std::exception& error)
     {

@@ -21,11 +21,13 @@ inline std::filesystem::path standardPath (const juce::File& file)
     return std::u8string (path.begin(), path.end());
 }
 
-/** Whether both paths lead to one existing file, through links, too. */
+/** Whether both paths lead to one file, through links, too, and whether it exists yet or not. */
 inline bool isSameFile (const std::string& a, const std::string& b)
 {
+    const auto first = standardPath (fileAt (a));
+    const auto second = standardPath (fileAt (b));
     std::error_code error;
-    return std::filesystem::equivalent (standardPath (fileAt (a)), standardPath (fileAt (b)), error) && ! error;
+    return first == second || (std::filesystem::equivalent (first, second, error) && ! error);
 }
 
 } // namespace kestreleq::host

@@ -58,12 +58,27 @@ void renderAll (HostedModule& module, WavReader& input, WavWriter& output, int m
     }
 }
 
+/** No file that is written may be one that is read, or written otherwise. */
+void checkPaths (const RenderOptions& options)
+{
+    if (isSameFile (options.input, options.output))
+        throw Failure ("'" + options.output + "' is the input file, too");
+
+    if (! options.saveState)
+        return;
+
+    if (isSameFile (*options.saveState, options.input))
+        throw Failure ("'" + *options.saveState + "' is the input file, too");
+
+    if (isSameFile (*options.saveState, options.output))
+        throw Failure ("'" + *options.saveState + "' is the output file, too");
+}
+
 } // namespace
 
 void run (const RenderOptions& options)
 {
-    if (isSameFile (options.input, options.output))
-        throw Failure ("'" + options.output + "' is the input file, too");
+    checkPaths (options);
 
     HostedModule module (options.module);
     checkParameters (module, options);
