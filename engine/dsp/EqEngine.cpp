@@ -10,9 +10,6 @@ namespace kestreleq::dsp
 namespace
 {
 
-constexpr double stageGainSpan = 18.0; // dB from value 0 to value 1
-constexpr double trimGainSpan = 24.0;
-
 double linearGain (float value, double span)
 {
     if (! std::isfinite (value))

@@ -1,8 +1,11 @@
 #include "engine/parameters/ParameterText.h"
 
+#include "engine/dsp/EngineParameters.h"
+
 #include <array>
 #include <cmath>
 #include <initializer_list>
+#include <limits>
 
 namespace kestreleq
 {
@@ -15,9 +18,7 @@ float clampNormalised (double value)
 namespace
 {
 
-constexpr double bandGainSpan = 10.0;
-constexpr double stageGainSpan = 18.0;
-constexpr double trimGainSpan = 24.0;
+constexpr double bandGainSpan = 10.0; // a number for the eye: the band's weight follows a table
 
 juce::String signedNumber (double x, const char* unit)
 {
@@ -31,9 +32,14 @@ juce::String signedNumber (double x, const char* unit)
 
 double numberIn (const juce::String& text)
 {
-    const auto number = text.removeCharacters ("dBkKhHzZ").trim().getDoubleValue();
+    const auto trimmed = text.removeCharacters ("dBkKhHzZ").trim();
+    const auto number = trimmed.getDoubleValue();
 
-    return std::isfinite (number) ? number : 0.0; // "nan" and "inf" are words, not numbers
+    if (std::isfinite (number))
+        return number;
+
+    // "nan" and "inf" are words; "1e999" is a number, beyond what there is.
+    return trimmed.containsAnyOf ("0123456789") ? std::copysign (std::numeric_limits<double>::max(), number) : 0.0;
 }
 
 juce::String gainText (float value, double span, const char* unit)
@@ -130,10 +136,10 @@ const TextConversion& textConversion (TextKind kind)
             { return String (static_cast<double> (clampNormalised (static_cast<double> (v))), 1, false); },
             [] (const String& text) { return clampNormalised (numberIn (text)); } },
         { airStepToText, airStepToValue },
-        { [] (float v, int) { return gainText (v, trimGainSpan, "dB"); },
-            [] (const String& text) { return gainValue (text, trimGainSpan); } },
-        { [] (float v, int) { return gainText (v, stageGainSpan, "dB"); },
-            [] (const String& text) { return gainValue (text, stageGainSpan); } },
+        { [] (float v, int) { return gainText (v, dsp::trimGainSpan, "dB"); },
+            [] (const String& text) { return gainValue (text, dsp::trimGainSpan); } },
+        { [] (float v, int) { return gainText (v, dsp::stageGainSpan, "dB"); },
+            [] (const String& text) { return gainValue (text, dsp::stageGainSpan); } },
         // "off" means that the lane, or the plug-in, is switched off: bypassed.
         { [] (float v, int) { return choose (v, "Bypassed", "Active"); },
             [] (const String& text) {
