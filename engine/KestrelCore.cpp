@@ -1,6 +1,7 @@
 #include "engine/KestrelCore.h"
 
 #include "engine/parameters/ParameterLayout.h"
+#include "engine/parameters/TreeNames.h"
 
 #include <algorithm>
 
@@ -9,9 +10,6 @@ namespace kestreleq
 namespace
 {
 
-const juce::Identifier idProperty ("id");
-const juce::Identifier valueProperty ("value");
-
 /** The values of a whole tree; what it lacks has its default. */
 std::array<float, numParameters> valuesIn (const juce::ValueTree& state)
 {
@@ -19,8 +17,8 @@ std::array<float, numParameters> valuesIn (const juce::ValueTree& state)
     std::transform (parameterTable.begin(), parameterTable.end(), result.begin(),
         [&] (const auto& info) -> float
         {
-            return state.getChildWithProperty (idProperty, info.id)
-                .getProperty (valueProperty, static_cast<double> (info.defaultValue));
+            return state.getChildWithProperty (tree_names::id, info.id)
+                .getProperty (tree_names::value, static_cast<double> (info.defaultValue));
         });
     return result;
 }
@@ -37,7 +35,7 @@ constexpr std::size_t spectrumPoints = 512;
 } // namespace
 
 KestrelCore::KestrelCore (juce::AudioProcessor& processor)
-    : tree (processor, &undoManager, "Parameters", createParameterLayout()),
+    : tree (processor, &undoManager, tree_names::parameters, createParameterLayout()),
       values (tree),
       links (tree),
       history (tree, undoManager, links)
@@ -52,9 +50,9 @@ juce::ValueTree KestrelCore::copyState()
 
     // The tree leaves out changes in a value's last bit.
     for (std::size_t i = 0; i < numParameters; ++i)
-        copy.getChildWithProperty (idProperty, parameterTable[i].id)
-            .setProperty (
-                valueProperty, static_cast<double> (tree.getRawParameterValue (parameterTable[i].id)->load()), nullptr);
+        copy.getChildWithProperty (tree_names::id, parameterTable[i].id)
+            .setProperty (tree_names::value,
+                static_cast<double> (tree.getRawParameterValue (parameterTable[i].id)->load()), nullptr);
 
     return copy;
 }

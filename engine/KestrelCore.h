@@ -24,16 +24,21 @@ public:
     /** Builds the parameter tree and attaches it to the processor, which owns this object. */
     explicit KestrelCore (juce::AudioProcessor& processor);
 
+    /** The parameters, and the history of the edits made to them. Parameters from any thread, the rest from the message
+        thread. */
     juce::AudioProcessorValueTreeState& getTree() { return tree; }
 
     juce::UndoManager& getUndoManager() { return undoManager; }
 
+    /** What turns edits into undoable steps. */
     EditHistory& getHistory() { return history; }
 
     const EditHistory& getHistory() const { return history; }
 
+    /** The parameters' values as of now, without a lock. Any thread. */
     const ParameterValues& getValues() const { return values; }
 
+    /** What copies a linked parameter's value to its partner. Any thread. */
     ParameterLinks& getLinks() { return links; }
 
     /** The spectra of lane 0 (left, mid, or the mean of both with link on) or 1 (right or side). */

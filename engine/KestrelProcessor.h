@@ -28,6 +28,7 @@ public:
     /** RMS levels in dB, at least -120: of both channels with link on, else of mid and side, or of left and right. */
     std::array<float, numLanes> getInputLevels() const { return inputLevels.load(); }
 
+    /** The same of the output. */
     std::array<float, numLanes> getOutputLevels() const { return outputLevels.load(); }
 
     /** Of the output's channels, -1 to 1. */
@@ -36,6 +37,7 @@ public:
     /** The part of the available time that processing takes, 0 to 1, smoothed. */
     double getRenderLoad() const { return loadMeasurer.getLoadAsProportion(); }
 
+    /** Render load, latency, oversampling and sample rate, for the editor's footer. Message thread. */
     quillon::ui::strips::FooterTelemetry getFooterTelemetry() const override;
 
     // juce::AudioProcessor
@@ -102,7 +104,8 @@ public:
     /** True while an editor has the analysers on. Any thread. */
     bool isCapturing() const { return core.isCapturing(); }
 
-    /** The editor's size as a step of its own; -1 for its default size. Saved with the state. */
+    /** The editor's size as a step of its own, 0 (scale 0.5) to 30 (scale 2); -1 for its default size. Saved with the
+        state. Any thread. */
     int getEditorScaleStep() const { return editorScaleStep; }
 
     void setEditorScaleStep (int newStep) { editorScaleStep = newStep; }

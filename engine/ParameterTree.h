@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/parameters/TreeNames.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <functional>
@@ -19,16 +21,21 @@ public:
     /** Called ten times a second on the message thread. */
     std::function<void()> onFlush;
 
-    /** Writes a value into the tree without telling the parameter, which may have moved on meanwhile. */
+    /** Writes a value into the tree without telling the parameter, which may have moved on meanwhile. Under
+        EditHistory's lock, as is read. */
     void write (const juce::String& id, float value, juce::UndoManager* history)
     {
         using StateListener = juce::ValueTree::Listener*; // the base class is one, though not in public
-        state.getChildWithProperty ("id", id).setPropertyExcludingListener (
-            StateListener (this), "value", static_cast<double> (value), history);
+        state.getChildWithProperty (tree_names::id, id)
+            .setPropertyExcludingListener (
+                StateListener (this), tree_names::value, static_cast<double> (value), history);
     }
 
     /** The value that the tree holds, which is the parameter's as of the last write. */
-    float read (const juce::String& id) const { return state.getChildWithProperty ("id", id)["value"]; }
+    float read (const juce::String& id) const
+    {
+        return state.getChildWithProperty (tree_names::id, id)[tree_names::value];
+    }
 
 private:
     void timerCallback() override

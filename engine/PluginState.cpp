@@ -3,6 +3,7 @@
 #include "engine/Utf8.h"
 #include "engine/parameters/FactoryPrograms.h"
 #include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/TreeNames.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,10 +13,6 @@ namespace kestreleq
 namespace
 {
 
-const juce::Identifier treeType ("Parameters");
-const juce::Identifier parameterType ("PARAM");
-const juce::Identifier idProperty ("id");
-const juce::Identifier valueProperty ("value");
 const juce::Identifier programProperty ("currentProgram");
 const juce::Identifier scaleStepProperty ("editorScaleStep");
 
@@ -45,25 +42,26 @@ float legalValue (const ParameterInfo& info, const juce::var& stored)
 /** A tree of nothing but known parameters with legal values; of two children of one ID the later counts. */
 juce::ValueTree cleaned (const juce::ValueTree& stored)
 {
-    juce::ValueTree clean (treeType);
+    juce::ValueTree clean (tree_names::parameters);
 
     for (const auto& child : stored)
     {
-        const auto id = child.getProperty (idProperty).toString();
-        const auto* info = child.hasType (parameterType) ? findParameter (id) : nullptr;
+        const auto id = child.getProperty (tree_names::id).toString();
+        const auto* info = child.hasType (tree_names::parameter) ? findParameter (id) : nullptr;
 
-        if (info == nullptr || ! child.hasProperty (valueProperty))
+        if (info == nullptr || ! child.hasProperty (tree_names::value))
             continue;
 
-        auto target = clean.getChildWithProperty (idProperty, id);
+        auto target = clean.getChildWithProperty (tree_names::id, id);
 
         if (! target.isValid())
         {
-            target = juce::ValueTree (parameterType, { { idProperty, id } });
+            target = juce::ValueTree (tree_names::parameter, { { tree_names::id, id } });
             clean.appendChild (target, nullptr);
         }
 
-        target.setProperty (valueProperty, static_cast<double> (legalValue (*info, child[valueProperty])), nullptr);
+        target.setProperty (
+            tree_names::value, static_cast<double> (legalValue (*info, child[tree_names::value])), nullptr);
     }
 
     return clean;
@@ -176,7 +174,7 @@ std::optional<PluginState> readState (const void* data, int size)
         return {};
 
     const auto xml = juce::AudioProcessor::getXmlFromBinary (data, size);
-    return xml != nullptr && xml->hasTagName (treeType) ? fromXml (*xml) : std::nullopt;
+    return xml != nullptr && xml->hasTagName (tree_names::parameters) ? fromXml (*xml) : std::nullopt;
 }
 
 std::optional<PluginState> readStateText (const juce::String& text)
@@ -190,7 +188,7 @@ std::optional<PluginState> readStateText (const juce::String& text)
         return {};
 
     const auto xml = juce::parseXML (trimmed);
-    const bool isOurs = xml != nullptr && (xml->hasTagName (treeType) || xml->hasTagName ("KestrelEQ"));
+    const bool isOurs = xml != nullptr && (xml->hasTagName (tree_names::parameters) || xml->hasTagName ("KestrelEQ"));
     return isOurs ? fromXml (*xml) : std::nullopt;
 }
 

@@ -11,7 +11,6 @@ namespace kestreleq::dsp
 namespace
 {
 
-constexpr double driveExponent = 3.0;
 constexpr double airMixDecibels = -33.0;
 constexpr double airGateSeconds = 0.02;
 constexpr float airGateThreshold = 0.1f;
@@ -45,7 +44,8 @@ void writeStages (
 
 double cubed (float drive)
 {
-    return std::pow (std::clamp (static_cast<double> (drive), 0.0, 1.0), driveExponent);
+    const auto limited = std::clamp (static_cast<double> (drive), 0.0, 1.0);
+    return limited * limited * limited;
 }
 
 /** Whether a chain's filters remember anything that counts. */

@@ -13,7 +13,7 @@ namespace kestreleq::dsp
     air. Residue means the shaper's output less its present input, as it comes, without compensation of the shaper's
     delay.
 
-    This is what the stage is to do, and its air gates; the simd forms do the rest. */
+    This class writes the stage's plan and moves its air gates; the simd forms process audio by the plan. */
 class BreakProcessor
 {
 public:

@@ -25,8 +25,6 @@ public:
     /** Designs every filter for a sample rate in Hz and clears all filter state. */
     void prepare (double sampleRate);
 
-    bool isPrepared() const { return prepared; }
-
     /** Takes the settings for the blocks that follow. Only what differs from the last settings is computed. */
     void setParameters (const EngineParameters& next);
 

@@ -17,7 +17,8 @@ constexpr double greatestGain = 24.0;
 constexpr double leastLevel = -100.0;
 constexpr double gateLevel = -80.0; // the gain holds still at and below this level
 
-double limitedOr (double fallback, double value, double least, double greatest)
+/** Limited, or the fallback when not finite. */
+double limited (double value, double least, double greatest, double fallback)
 {
     return std::isfinite (value) ? std::clamp (value, least, greatest) : fallback;
 }
@@ -55,17 +56,17 @@ void GainRider::prepare (double newSampleRate, int newNumChannels)
 
 void GainRider::setTarget (double decibels)
 {
-    target = limitedOr (-18.0, decibels, -60.0, 0.0);
+    target = limited (decibels, -60.0, 0.0, -18.0);
 }
 
 void GainRider::setRate (double decibelsPerSecond)
 {
-    rate = limitedOr (6.0, decibelsPerSecond, 0.0, 60.0);
+    rate = limited (decibelsPerSecond, 0.0, 60.0, 6.0);
 }
 
 void GainRider::reset (double decibels)
 {
-    setGain (limitedOr (0.0, decibels, leastGain, greatestGain));
+    setGain (limited (decibels, leastGain, greatestGain, 0.0));
 }
 
 void GainRider::setGain (double decibels)

@@ -6,7 +6,8 @@ namespace kestreleq::dsp
 {
 
 /** An automatic gain that rides the level of all its channels together toward a target, one step per block, at a
-    limited rate. It holds still on near-silence. Levels and gains in dB. */
+    limited rate. It holds still on near-silence. Levels and gains in dB. Not thread-safe: the audio thread's, once it
+   is prepared. */
 class GainRider
 {
 public:

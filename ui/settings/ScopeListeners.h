@@ -21,8 +21,6 @@ public:
         listeners of its beginning: what a callback adds or removes counts from the next pass on. */
     void notify();
 
-    void clear() { listeners.clear(); }
-
 private:
     struct Listener
     {

@@ -2,6 +2,7 @@
 
 // dsp::Waveshaper, as many at a time as a register holds.
 
+#include "engine/dsp/Waveshaper.h"
 #include "engine/dsp/simd/VectorSteps.h"
 
 namespace kestreleq::dsp::simd
@@ -18,7 +19,7 @@ Vector scaled (Vector x, double by)
 template <typename Vector>
 Vector isStep (Vector difference)
 {
-    return atLeast (difference.magnitude(), Vector::all (1e-5));
+    return atLeast (difference.magnitude(), Vector::all (Waveshaper::smallestStep));
 }
 
 /** Sums of the products of two points, by degree. */
@@ -170,7 +171,7 @@ unsigned shapeLargeSteps (const EnginePlan& plan, unsigned watched, int i, const
     };
     const auto note = [&] (int n, Vector least)
     {
-        if ((~atLeast (least, Vector::all (1e-5)).bits() & watched) != 0)
+        if ((~atLeast (least, Vector::all (Waveshaper::smallestStep)).bits() & watched) != 0)
             small |= 1u << (n / 4);
     };
     int n = 0;
