@@ -1,7 +1,7 @@
 #include "engine/KestrelProcessor.h"
 
-// Called by the framework's wrappers. (The declaration keeps the compiler from missing one.)
-juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter();
+// Called by the framework's wrappers, and declared by none of our headers.
+juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter(); // NOLINT(readability-redundant-declaration)
 
 juce::AudioProcessor* JUCE_CALLTYPE createPluginFilter()
 {

@@ -5,7 +5,6 @@
 #include <array>
 #include <cmath>
 #include <initializer_list>
-#include <limits>
 
 namespace kestreleq
 {
@@ -35,11 +34,8 @@ double numberIn (const juce::String& text)
     const auto trimmed = text.removeCharacters ("dBkKhHzZ").trim();
     const auto number = trimmed.getDoubleValue();
 
-    if (std::isfinite (number))
-        return number;
-
-    // "nan" and "inf" are words; "1e999" is a number, beyond what there is.
-    return trimmed.containsAnyOf ("0123456789") ? std::copysign (std::numeric_limits<double>::max(), number) : 0.0;
+    // "nan" and "inf" are words, not numbers. "1e999" is one: infinite here, and treated so by what takes it.
+    return std::isfinite (number) || trimmed.containsAnyOf ("0123456789") ? number : 0.0;
 }
 
 juce::String gainText (float value, double span, const char* unit)

@@ -120,7 +120,7 @@ TEST (EngineResponse, AirSoundsTheSameAtEveryRate)
     {
         auto settings = flatSettings();
         settings.lanes[0].airAmount = 1.0f;
-        settings.lanes[0].airStep = static_cast<float> (index) / 4.0f;
+        settings.lanes[0].airStep = (static_cast<float> (index) - 0.5f) / 4.0f; // halves round up
         const MeasuredResponse measured (settings, rate);
 
         for (std::size_t i = 0; i < gains.size(); ++i)

@@ -184,10 +184,11 @@ TEST (EngineState, IgnoresGainsThatAreNoNumbers)
 {
     const auto nan = std::numeric_limits<float>::quiet_NaN();
     dsp::EngineParameters settings, odd;
-    odd.trim = nan;
+    odd.trim = odd.lanes[0].bands[2] = nan;
     odd.lanes[0].inputGain = odd.lanes[0].outputGain = odd.lanes[0].airStep = odd.lanes[0].airAmount = nan;
 
-    // The air amount holds its value, and the step falls to the third setting, where it already is.
+    // A band falls to the bottom; the air amount holds its value, the step falls to the third setting, where it is.
+    settings.lanes[0].bands[2] = 0.0f;
     EXPECT_EQ (EngineRig (odd).run (noise)[0], EngineRig (settings).run (noise)[0]);
 }
 

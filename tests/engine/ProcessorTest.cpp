@@ -83,6 +83,13 @@ TEST (Processor, MeasuresLevelsByMode)
     EXPECT_EQ (rig.processor.getInputLevels()[0], -120.0f);
     EXPECT_NEAR (rig.processor.getCorrelation(), -1.0f, 1e-6f);
 
+    float* noSamples[] = { nullptr, nullptr };
+    juce::AudioBuffer<float> empty (noSamples, 2, 0);
+    rig.midi.addEvent (juce::MidiMessage::noteOn (1, 60, 1.0f), 0);
+    rig.processor.processBlock (empty, rig.midi);
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.5), 1e-3) << "an empty block measures nothing";
+    EXPECT_TRUE (rig.midi.isEmpty());
+
     LevelRig oneSided;
     oneSided.run (0.0f);
     EXPECT_EQ (oneSided.processor.getCorrelation(), 0.0f);
@@ -152,28 +159,66 @@ TEST (Processor, TakesMonoThroughBothLanes)
         EXPECT_EQ (tooLong[n], 0.0f);
 }
 
-TEST (Processor, KeepsRidersAtRestUnderAnyBypass)
+TEST (Processor, RestsItsRidersUnderAnyBypassAndWhenPrepared)
 {
-    for (const auto* bypass : { "bypass", "laneABypass" })
+    const auto tone = [] (int length) {
+        return Stereo { sine (1000.0, 48000.0, length, 0.9), sine (1000.0, 48000.0, length, 0.9) };
+    };
+
+    for (const std::string rest : { "bypass", "laneABypass", "laneBBypass", "prepare" })
     {
+        SCOPED_TRACE (rest);
         ProcessorRig rig;
+        rig.set ("link", rest == "laneBBypass" ? 0.0f : 1.0f);
         rig.set ("inAutoGain", 1.0f);
         rig.set ("outAutoGain", 1.0f);
-        Stereo loud { sine (1000.0, 48000.0, 96000, 0.9), sine (1000.0, 48000.0, 96000, 0.9) };
+        auto loud = tone (96000);
         rig.process (loud);
         EXPECT_LT (rmsDb (std::span (loud[0]).last (4800)), -14.0);
 
-        rig.set (bypass, 1.0f);
-        const auto noise = whiteNoise (5, 4800, 0.5);
-        Stereo through { noise, noise };
-        rig.process (through);
-        EXPECT_EQ (through[0], noise);
-        EXPECT_EQ (through[1], noise); // linked: lane B follows lane A's bypass
+        if (rest == "prepare")
+        {
+            rig.processor.prepareToPlay (48000.0, 512);
+        }
+        else
+        {
+            rig.set (rest.c_str(), 1.0f);
+            const auto noise = whiteNoise (5, 4800, 0.5);
+            Stereo through { noise, noise };
+            rig.process (through);
+            EXPECT_EQ (through[1], noise);
+            EXPECT_EQ (through[0] == noise, rig.get ("link") > 0.5f); // linked: lane B follows lane A's bypass
+            rig.set (rest.c_str(), 0.0f);
+        }
 
-        rig.set (bypass, 0.0f);
-        Stereo again { sine (1000.0, 48000.0, 480, 0.9), sine (1000.0, 48000.0, 480, 0.9) };
+        auto again = tone (480);
         rig.process (again);
         EXPECT_NEAR (rmsDb (again[0]), decibels (0.9), 0.3);
+    }
+}
+
+TEST (Processor, LinkedLanesSoundAlikeWhateverIsStoredForLaneB)
+{
+    const auto noise = whiteNoise (7, 4800, 0.25);
+
+    for (const float link : { 1.0f, 0.0f })
+    {
+        ProcessorRig rig;
+        const ParameterLinks::ScopedPause asStored (rig.processor.getCore().getLinks());
+        rig.set ("link", link);
+        for (const auto* id : { "inGain2", "outGain2" })
+            rig.set (id, 0.9f); // these are linked by switches of their own
+        if (link > 0.5f)
+            for (const auto* id : { "subR", "2500hzR", "airGainR", "airBandR", "laneBBypass" })
+                rig.set (id, 0.9f);
+
+        Stereo signal { noise, noise };
+        rig.process (signal);
+        EXPECT_EQ (signal[0], signal[1]);
+
+        rig.set ("inGainLink", 0.0f);
+        rig.process (signal);
+        EXPECT_EQ (signal[0] == signal[1], link > 0.5f);
     }
 }
 
@@ -188,14 +233,17 @@ TEST (Processor, FeedsTheAnalysersByMode)
         const auto highest = std::max_element (curve.begin(), curve.end());
         return std::pair { static_cast<int> (highest - curve.begin()), *highest };
     };
-    const auto run = [&] (float link, float midSide)
+    const auto run = [&] (float link, float midSide, const char* autoGain = "msMode")
     {
         auto rig = std::make_unique<ProcessorRig> (48000.0, 100);
+        rig->set (autoGain, 1.0f);
         rig->set ("link", link);
         rig->set ("msMode", midSide);
-        rig->processor.setCapturing (true);
+        Stereo early { sine (1500.0, 48000.0, 64000, 0.5), sine (6000.0, 48000.0, 64000, 0.25) };
         Stereo signal { sine (1500.0, 48000.0, 16000, 0.5), sine (6000.0, 48000.0, 16000, 0.25) };
-        rig->process (signal, 700); // longer than prepared
+        rig->process (early, 700); // longer than prepared; time for a rider to settle
+        rig->processor.setCapturing (true);
+        rig->process (signal, 700);
         return rig;
     };
     const auto point = [] (double frequency)
@@ -217,6 +265,13 @@ TEST (Processor, FeedsTheAnalysersByMode)
         rig = run (1.0f, 1.0f);
         EXPECT_NEAR (peakPoint (*rig, 0, slot).second, -12.0f, 0.5f);
         EXPECT_EQ (peakPoint (*rig, 1, slot).second, -120.0f);
+
+        // Around the riders, not between them; either takes 6.9 dB off this signal.
+        for (const auto* autoGain : { "inAutoGain", "outAutoGain" })
+        {
+            rig = run (0.0f, 0.0f, autoGain);
+            EXPECT_NEAR (peakPoint (*rig, 0, slot).second, slot == 0 ? -6.0f : -12.9f, 0.5f) << autoGain;
+        }
     }
 }
 
@@ -253,8 +308,11 @@ TEST (Processor, TellsTheFooterWhatItKnows)
     rig.processor.processBlock (empty, rig.midi);
 
     const auto telemetry = rig.processor.getFooterTelemetry();
-    EXPECT_GT (telemetry.cpuPercent, 0.0f);
-    EXPECT_LE (telemetry.cpuPercent, 100.0f);
+    const auto load = rig.processor.getRenderLoad();
+    EXPECT_TRUE (load > 0.0 && load <= 1.0) << load;
+    EXPECT_FLOAT_EQ (telemetry.cpuPercent, static_cast<float> (100.0 * load));
+    rig.process (noise, 128);
+    EXPECT_NE (rig.processor.getRenderLoad(), load) << "every block counts";
     EXPECT_EQ (telemetry.latencySamples, 0);
     EXPECT_EQ (telemetry.oversamplingFactor, 1);
     EXPECT_EQ (telemetry.sampleRate, 96000.0);

@@ -124,6 +124,8 @@ TEST (State, TakesOnlyWhatItCanHold)
         EXPECT_EQ (heard (rig, id), value) << id;
 
     EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
+    restore (rig, wrapped (R"(<Parameters currentProgram="-3"/>)"));
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
     EXPECT_EQ (rig.processor.getEditorScaleStep(), -1);
     EXPECT_FALSE (save (rig).toString().contains ("nobody"));
 }
