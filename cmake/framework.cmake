@@ -85,6 +85,10 @@ if(NOT MSVC)
     target_compile_options(${framework} PRIVATE -w)
 endif()
 
+if(KESTREL_SANITIZE MATCHES "undefined")
+    target_compile_options(${framework} PRIVATE -fno-sanitize=undefined) # see sanitizer-ignore.txt
+endif()
+
 # From version 17 on, Clang looks into a template of the framework that nobody uses and that no compiler could use.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 17)
     target_compile_options(${framework}
