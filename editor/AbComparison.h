@@ -10,7 +10,7 @@ namespace kestreleq
 {
 
 /** Two complete settings between which the user flips. Lives as long as the editor; what is heard belongs to the
-   current slot, and a slot's stored settings are those it was left with. Message thread. */
+    current slot, and a slot's stored settings are those it was left with. Message thread. */
 class AbComparison
 {
 public:

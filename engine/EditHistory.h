@@ -12,7 +12,7 @@ namespace kestreleq
 {
 
 /** Decides what becomes a step of the undo history: every gesture of the user (a drag, a click), with whatever was
-   linked to it, and every named operation. What the host changes on its own is written into the tree past the history.
+    linked to it, and every named operation. What the host changes on its own is written into the tree past the history.
 
     A step belongs to the parameters whose gestures begin within it. Message thread, unless a function says otherwise.
  */

@@ -21,14 +21,14 @@ struct PluginState
 void writeState (const PluginState& state, juce::MemoryBlock& destination);
 
 /** Reads what writeState wrote, this release's or an earlier one's. Nothing when the block is empty, damaged, hostile
-   or not ours. Of the parameters only the known ones are taken, each as a value that it can hold. Any thread. */
+    or not ours. Of the parameters only the known ones are taken, each as a value that it can hold. Any thread. */
 std::optional<PluginState> readState (const void* data, int size);
 
 /** The same for text that a user pasted, whose root may go by the product's name too. */
 std::optional<PluginState> readStateText (const juce::String& text);
 
 /** Whether XML may be handed to the framework's parser, which recurses without limit and reads past the end of text
-   that stops within a quotation: at most 1 MiB of valid UTF-8 with nothing in it but elements and text (no "<!", and
+    that stops within a quotation: at most 1 MiB of valid UTF-8 with nothing in it but elements and text (no "<!", and
    "<?" only as its first line), at most 8 deep, every tag and element closed. */
 bool isHarmlessXml (std::string_view text);
 

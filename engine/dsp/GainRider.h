@@ -6,8 +6,7 @@ namespace kestreleq::dsp
 {
 
 /** An automatic gain that rides the level of all its channels together toward a target, one step per block, at a
-    limited rate. It holds still on near-silence. Levels and gains in dB. Not thread-safe: the audio thread's, once it
-   is prepared. */
+    limited rate. It holds still on near-silence. Levels and gains in dB. Once prepared, for the audio thread alone. */
 class GainRider
 {
 public:

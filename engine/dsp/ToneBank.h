@@ -14,9 +14,8 @@ namespace kestreleq::dsp
 /** The parallel equaliser of both lanes: the dry signal, plus each band filter's output times its weight, plus what the
     air filter adds. The filters are fixed; a band's value only moves its weight.
 
-    This class writes the bank's plan; the simd forms process audio by the plan, the two lanes' bands and air sections
-   side by side. Lanes count from 0 (left or mid), bands from 0 (the lowest). Not thread-safe: for the thread that
-   processes. */
+    This class writes the bank's plan; the simd forms process audio by it, both lanes' sections side by side. Lanes
+    count from 0 (left or mid), bands from 0 (the lowest). Once prepared, for the audio thread alone. */
 class ToneBank
 {
 public:

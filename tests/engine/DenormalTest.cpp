@@ -91,7 +91,7 @@ TEST_P (Denormals, NoneComesOut)
 #if defined(__SSE2__)
 
 /** Whether an operation has met a denormal, or made one, while this lived. With denormals left on: a plug-in's block
-   has them off, but then nothing tells. */
+    has them off, but then nothing tells. */
 class DenormalWatch
 {
 public:

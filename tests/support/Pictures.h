@@ -18,7 +18,7 @@ bool looksLike (const juce::Image& a, const juce::Image& b);
 
 /** Compares a component's picture with the stored one of this name in tests/data/pictures. Fails, and writes the new
     picture into the system's folder for temporary files, when they differ in more than a few pixels of antialiasing.
-   With KESTREL_STORE_PICTURES set in the environment it stores the picture instead. */
+    With KESTREL_STORE_PICTURES set in the environment it stores the picture instead. */
 testing::AssertionResult looksAsStored (juce::Component& component, const juce::String& name);
 
 } // namespace kestreleq::test

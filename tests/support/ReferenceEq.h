@@ -28,7 +28,7 @@ private:
 long double bandWeight (int band, double value);
 
 /** Frequency response (Hz) of one band filter (0..4), and of the air path with its pre-gain (amount and band as
-   parameter values): the analogue prototypes under the bilinear map, with no rounded coefficients. */
+    parameter values): the analogue prototypes under the bilinear map, with no rounded coefficients. */
 std::complex<long double> bandResponse (int band, double frequency, double sampleRate);
 std::complex<long double> airResponse (float amount, float airBand, double frequency, double sampleRate);
 

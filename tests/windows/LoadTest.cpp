@@ -11,7 +11,7 @@
 #include <vector>
 
 /** The parts of the plug-in interface that a scan reads, in the binary layout of its COM-like classes. Not in a
-   nameless namespace: the compiler would know that nobody here implements them, and leave the calls out. */
+    nameless namespace: the compiler would know that nobody here implements them, and leave the calls out. */
 namespace kestreleq::test
 {
 

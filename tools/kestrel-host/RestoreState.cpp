@@ -9,7 +9,7 @@ namespace
 {
 
 /** A module that cannot read a state ignores it without a word. Whether it did shows in an instance whose every
-   parameter was moved to where no saved one will be: it is as before. */
+    parameter was moved to where no saved one will be: it is as before. */
 bool isTaken (const std::string& modulePath, const juce::MemoryBlock& state)
 {
     constexpr float nobodysValue = 0.387521f;

@@ -15,7 +15,7 @@ void fillCurve (
     juce::Graphics& g, CurvePoints points, float baseline, juce::Rectangle<float> area, juce::Colour colour);
 
 /** Strokes a curve of many short pieces: bevelled joints and square ends, in a fraction of the time that the
-   framework's general stroke takes. */
+    framework's general stroke takes. */
 void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colour colour);
 
 } // namespace quillon::ui_pro::controls

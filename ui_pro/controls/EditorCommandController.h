@@ -11,7 +11,7 @@ class CopyPasteControl;
 class UndoRedoControl;
 
 /** Holds the editor's undo, redo, copy and paste, gives them to the header's buttons, and turns the usual shortcuts
-   into the same actions. Every other key is left to the host. Message thread. */
+    into the same actions. Every other key is left to the host. Message thread. */
 class EditorCommandController
 {
 public:

@@ -12,8 +12,8 @@ namespace quillon::ui_pro::controls
 {
 
 /** The place of a list that opens from a button, so that it lies within the window: below the button with its right
-   edge at the button's, or above it where there is more room. All in window coordinates but for the list's own size. A
-   list that is too large for the window at this scale (window pixels per design pixel) is shrunk. */
+    edge at the button's, or above it where there is more room. All in window coordinates but for the list's own size. A
+    list that is too large for the window at this scale (window pixels per design pixel) is shrunk. */
 juce::AffineTransform placeMenuList (
     juce::Rectangle<float> button, juce::Rectangle<float> window, juce::Rectangle<float> list, float scale);
 

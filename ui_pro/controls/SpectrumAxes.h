@@ -10,7 +10,7 @@ namespace quillon::ui_pro::controls
 constexpr float silentDb = -83.75f; // a spectrum that nowhere exceeds it is silent
 
 /** The place of a frequency in Hz on a logarithmic axis: 20 Hz at the area's left edge, 20 kHz at its right one. What
-   is not a positive number stands at the left. */
+    is not a positive number stands at the left. */
 float frequencyToX (double frequency, juce::Rectangle<float> area);
 
 /** The place of a level: minDb at the area's bottom, maxDb at its top; what is not finite stands at the bottom. */
