@@ -201,8 +201,6 @@ TEST (EditorWindow, FollowsAHostThatChangesEverythingFromAnotherThread)
                 rig.processor.prepareToPlay (rounds % 3 == 0 ? 96000.0 : 44100.0, 512);
                 rig.process (signal);
             }
-            rig.processor.setCurrentProgram (0);
-            rig.processor.setStateInformation (split.getData(), static_cast<int> (split.getSize()));
         });
 
     const auto start = juce::Time::getMillisecondCounterHiRes();
@@ -219,6 +217,15 @@ TEST (EditorWindow, FollowsAHostThatChangesEverythingFromAnotherThread)
     host.join();
     EXPECT_GT (rounds, 20);
     EXPECT_GT (turns, 2);
+    pumpMessages (500); // under this load a click may have come late, and an A/B switch would undo what follows
+
+    std::thread (
+        [&]
+        {
+            rig.processor.setCurrentProgram (0);
+            rig.processor.setStateInformation (split.getData(), static_cast<int> (split.getSize()));
+        })
+        .join();
     pumpMessages (300);
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
