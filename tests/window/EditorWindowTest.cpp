@@ -156,7 +156,7 @@ TEST (EditorWindow, ShowsATooltipUnderARestingMouse)
     };
     EXPECT_FALSE (shown());
     rig.window->moveMouse (rig.editor->getHeader().getMenu(), { 16, 16 });
-    EXPECT_TRUE (pumpMessagesUntil (shown, 3000));
+    EXPECT_TRUE (pumpMessagesUntil (shown, 10000));
 }
 
 TEST (EditorWindow, EditorsOfTwoInstancesDoNotMeet)
