@@ -1,7 +1,7 @@
 #include "tests/support/RepaintWatch.h"
-#include "ui_pro/controls/MeterPair.h"
-#include "ui_pro/controls/MeterStrip.h"
-#include "ui_pro/controls/SpectrumChartComponent.h"
+#include "ui_pro/controls/chart/SpectrumChartComponent.h"
+#include "ui_pro/controls/meters/MeterPair.h"
+#include "ui_pro/controls/meters/MeterStrip.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-#include "ui_pro/controls/KnobControl.h"
+#include "ui_pro/controls/knob/KnobControl.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #include "editor/EditorFooter.h"
 
 #include "editor/EditorLayout.h"
-#include "ui_pro/controls/OversamplingPopup.h"
+#include "ui_pro/controls/footer/OversamplingPopup.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 

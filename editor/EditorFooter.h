@@ -3,12 +3,12 @@
 #include "editor/ChannelMode.h"
 #include "engine/KestrelProcessor.h"
 
-#include "ui_pro/controls/CpuUsageControl.h"
-#include "ui_pro/controls/LatencyControl.h"
-#include "ui_pro/controls/MeterPair.h"
-#include "ui_pro/controls/OutputModeControl.h"
-#include "ui_pro/controls/OversamplingControl.h"
-#include "ui_pro/controls/SampleRateControl.h"
+#include "ui_pro/controls/footer/CpuUsageControl.h"
+#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/OutputModeControl.h"
+#include "ui_pro/controls/footer/OversamplingControl.h"
+#include "ui_pro/controls/footer/SampleRateControl.h"
+#include "ui_pro/controls/meters/MeterPair.h"
 #include "ui_pro/layout/FooterBar.h"
 
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "editor/ResourceManifest.h"
 #include "engine/KestrelProcessor.h"
-#include "ui_pro/controls/DiagnosticsReport.h"
+#include "ui_pro/controls/support/DiagnosticsReport.h"
 
 namespace kestreleq
 {

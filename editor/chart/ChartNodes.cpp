@@ -1,6 +1,6 @@
 #include "editor/chart/ChartNodes.h"
 
-#include "editor/LaneKnobs.h"
+#include "editor/lane/LaneKnobs.h"
 #include "engine/dsp/AirFilter.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "editor/chart/KestrelChartView.h"
 
-#include "editor/LaneKnobs.h"
 #include "editor/chart/ChartFace.h"
-#include "ui_pro/controls/SpectrumPainter.h"
+#include "editor/lane/LaneKnobs.h"
+#include "ui_pro/controls/chart/SpectrumPainter.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>

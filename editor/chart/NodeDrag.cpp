@@ -1,7 +1,7 @@
 #include "editor/chart/NodeDrag.h"
 
-#include "editor/LaneKnobs.h"
 #include "editor/chart/ChartNodes.h"
+#include "editor/lane/LaneKnobs.h"
 
 #include <algorithm>
 #include <cmath>

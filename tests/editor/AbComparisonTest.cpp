@@ -1,5 +1,5 @@
-#include "editor/AbComparison.h"
-#include "editor/StateClipboard.h"
+#include "editor/header/AbComparison.h"
+#include "editor/header/StateClipboard.h"
 #include "tests/support/ProcessorRig.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/parameters/FactoryPrograms.h"
-#include "ui_pro/controls/PresetEntry.h"
+#include "ui_pro/controls/presets/PresetEntry.h"
 
 #include <vector>
 

@@ -1,12 +1,12 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/CpuUsageControl.h"
-#include "ui_pro/controls/LatencyControl.h"
-#include "ui_pro/controls/OutputModeControl.h"
-#include "ui_pro/controls/OversamplingControl.h"
-#include "ui_pro/controls/OversamplingPopup.h"
-#include "ui_pro/controls/SampleRateControl.h"
+#include "ui_pro/controls/footer/CpuUsageControl.h"
+#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/OutputModeControl.h"
+#include "ui_pro/controls/footer/OversamplingControl.h"
+#include "ui_pro/controls/footer/OversamplingPopup.h"
+#include "ui_pro/controls/footer/SampleRateControl.h"
 
 #include <gtest/gtest.h>
 

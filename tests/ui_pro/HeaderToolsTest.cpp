@@ -1,11 +1,11 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
 
-#include "ui_pro/controls/ABControl.h"
-#include "ui_pro/controls/CopyPasteControl.h"
-#include "ui_pro/controls/EditorCommandController.h"
-#include "ui_pro/controls/MenuControl.h"
-#include "ui_pro/controls/UndoRedoControl.h"
+#include "ui_pro/controls/header/ABControl.h"
+#include "ui_pro/controls/header/CopyPasteControl.h"
+#include "ui_pro/controls/header/EditorCommandController.h"
+#include "ui_pro/controls/header/MenuControl.h"
+#include "ui_pro/controls/header/UndoRedoControl.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/KnobControl.h"
+#include "ui_pro/controls/knob/KnobControl.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/support/Window.h"
 
-#include "ui_pro/controls/MenuControl.h"
+#include "ui_pro/controls/header/MenuControl.h"
 
 #include <gtest/gtest.h>
 

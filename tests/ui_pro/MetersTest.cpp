@@ -1,9 +1,9 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/MeterPair.h"
-#include "ui_pro/controls/MeterScale.h"
-#include "ui_pro/controls/MeterStrip.h"
+#include "ui_pro/controls/meters/MeterPair.h"
+#include "ui_pro/controls/meters/MeterScale.h"
+#include "ui_pro/controls/meters/MeterStrip.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "tests/support/Presets.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/PresetBrowserPopup.h"
-#include "ui_pro/controls/PresetRow.h"
+#include "ui_pro/controls/presets/PresetBrowserPopup.h"
+#include "ui_pro/controls/presets/PresetRow.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/support/Presets.h"
 
-#include "ui_pro/controls/PresetLibrary.h"
+#include "ui_pro/controls/presets/PresetLibrary.h"
 
 #include <gtest/gtest.h>
 

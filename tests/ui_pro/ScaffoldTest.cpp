@@ -1,8 +1,8 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
 
-#include "ui_pro/controls/EffectEditorScaffold.h"
-#include "ui_pro/controls/PowerButton.h"
+#include "ui_pro/controls/buttons/PowerButton.h"
+#include "ui_pro/controls/panels/EffectEditorScaffold.h"
 #include "ui_pro/layout/HeaderBar.h"
 
 #include <gtest/gtest.h>

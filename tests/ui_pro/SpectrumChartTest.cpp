@@ -1,9 +1,9 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/SpectrumAxes.h"
-#include "ui_pro/controls/SpectrumChartComponent.h"
-#include "ui_pro/controls/SpectrumPainter.h"
+#include "ui_pro/controls/chart/SpectrumAxes.h"
+#include "ui_pro/controls/chart/SpectrumChartComponent.h"
+#include "ui_pro/controls/chart/SpectrumPainter.h"
 
 #include <gtest/gtest.h>
 

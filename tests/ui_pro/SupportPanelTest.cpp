@@ -1,6 +1,6 @@
 #include "tests/support/Window.h"
 
-#include "ui_pro/controls/SupportDiagnosticsPanel.h"
+#include "ui_pro/controls/support/SupportDiagnosticsPanel.h"
 #include "ui_pro/overlays/SlideInOverlay.h"
 
 #include <gtest/gtest.h>

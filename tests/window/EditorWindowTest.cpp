@@ -3,7 +3,7 @@
 #include "tests/support/ProcessorRig.h"
 #include "tests/window/DesktopWindow.h"
 
-#include "ui_pro/controls/PresetBrowserPopup.h"
+#include "ui_pro/controls/presets/PresetBrowserPopup.h"
 
 #include <gtest/gtest.h>
 #include <malloc.h>

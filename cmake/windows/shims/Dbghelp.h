@@ -2,4 +2,4 @@
 #pragma once
 #pragma GCC system_header
 #include <dbghelp.h>
-#include <intrin.h>     // __cpuid, __rdtsc for juce_SystemStats_windows.cpp
+#include <intrin.h> // __cpuid, __rdtsc for juce_SystemStats_windows.cpp

@@ -1,6 +1,6 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/SpectrumChartComponent.h"
+#include "ui_pro/controls/chart/SpectrumChartComponent.h"
 #include "ui_pro/style/Theme.h"
 
 #include <cmath>

@@ -1,10 +1,10 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/IconActionButton.h"
-#include "ui_pro/controls/KnobControl.h"
-#include "ui_pro/controls/LinkIconButton.h"
-#include "ui_pro/controls/OnOffButton.h"
-#include "ui_pro/controls/PowerButton.h"
+#include "ui_pro/controls/buttons/IconActionButton.h"
+#include "ui_pro/controls/buttons/LinkIconButton.h"
+#include "ui_pro/controls/buttons/OnOffButton.h"
+#include "ui_pro/controls/buttons/PowerButton.h"
+#include "ui_pro/controls/knob/KnobControl.h"
 
 #include <utility>
 

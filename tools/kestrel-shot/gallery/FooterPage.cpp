@@ -1,10 +1,10 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/CpuUsageControl.h"
-#include "ui_pro/controls/LatencyControl.h"
-#include "ui_pro/controls/OutputModeControl.h"
-#include "ui_pro/controls/OversamplingControl.h"
-#include "ui_pro/controls/SampleRateControl.h"
+#include "ui_pro/controls/footer/CpuUsageControl.h"
+#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/OutputModeControl.h"
+#include "ui_pro/controls/footer/OversamplingControl.h"
+#include "ui_pro/controls/footer/SampleRateControl.h"
 
 namespace kestreleq::shot
 {

@@ -1,10 +1,10 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
 #include "ui_pro/chrome/ResizeHandleLookAndFeel.h"
-#include "ui_pro/controls/ABControl.h"
-#include "ui_pro/controls/CopyPasteControl.h"
-#include "ui_pro/controls/MenuControl.h"
-#include "ui_pro/controls/UndoRedoControl.h"
+#include "ui_pro/controls/header/ABControl.h"
+#include "ui_pro/controls/header/CopyPasteControl.h"
+#include "ui_pro/controls/header/MenuControl.h"
+#include "ui_pro/controls/header/UndoRedoControl.h"
 #include "ui_pro/style/Theme.h"
 
 namespace kestreleq::shot

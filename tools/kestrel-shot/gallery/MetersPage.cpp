@@ -1,7 +1,7 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/MeterPair.h"
-#include "ui_pro/controls/MeterStrip.h"
+#include "ui_pro/controls/meters/MeterPair.h"
+#include "ui_pro/controls/meters/MeterStrip.h"
 #include "ui_pro/style/Theme.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/EffectEditorScaffold.h"
+#include "ui_pro/controls/panels/EffectEditorScaffold.h"
 #include "ui_pro/layout/FooterBar.h"
 #include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/style/Theme.h"

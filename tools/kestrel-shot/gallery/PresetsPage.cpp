@@ -1,7 +1,7 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/PresetBrowserPopup.h"
-#include "ui_pro/controls/PresetSelector.h"
+#include "ui_pro/controls/presets/PresetBrowserPopup.h"
+#include "ui_pro/controls/presets/PresetSelector.h"
 #include "ui_pro/style/Theme.h"
 
 #include <array>

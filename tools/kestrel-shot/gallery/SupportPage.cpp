@@ -1,6 +1,6 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/SupportDiagnosticsPanel.h"
+#include "ui_pro/controls/support/SupportDiagnosticsPanel.h"
 #include "ui_pro/style/Theme.h"
 
 namespace kestreleq::shot

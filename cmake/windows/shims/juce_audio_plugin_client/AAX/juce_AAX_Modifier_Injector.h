@@ -5,16 +5,16 @@
 
 namespace juce
 {
-    struct ModifierKeyProvider
-    {
-        virtual ~ModifierKeyProvider() = default;
-        virtual int getWin32Modifiers() const = 0;
-    };
+struct ModifierKeyProvider
+{
+    virtual ~ModifierKeyProvider() = default;
+    virtual int getWin32Modifiers() const = 0;
+};
 
-    struct ModifierKeyReceiver
-    {
-        virtual ~ModifierKeyReceiver() = default;
-        virtual void setModifierKeyProvider (ModifierKeyProvider*) = 0;
-        virtual void removeModifierKeyProvider() = 0;
-    };
-}
+struct ModifierKeyReceiver
+{
+    virtual ~ModifierKeyReceiver() = default;
+    virtual void setModifierKeyProvider (ModifierKeyProvider*) = 0;
+    virtual void removeModifierKeyProvider() = 0;
+};
+} // namespace juce

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "editor/ChannelMode.h"
+#include "editor/EditorLayout.h"
+#include "editor/chart/KestrelChartView.h"
+#include "editor/lane/LaneKnobBinding.h"
+#include "editor/lane/LaneKnobs.h"
+#include "editor/lane/LanePanel.h"
+
+#include "ui_pro/controls/buttons/PowerButton.h"
+#include "ui_pro/controls/knob/KnobControl.h"
+#include "ui_pro/controls/meters/MeterStrip.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace kestreleq
+{
+
+/** Everything that the editor shows of one lane: its panel, chart, meters, power switch and knobs, connected to the
+    lane's parameters. The controls are siblings on the canvas. Message thread. */
+class LaneSection
+{
+public:
+    /** Lane 0 or 1. All must outlive this object; `onStep` is called whenever an undoable step begins or ends. */
+    LaneSection (KestrelProcessor& processorToShow, std::size_t laneToShow, std::function<void()> onStep);
+
+    void addTo (juce::Component& canvas);
+    void place (const layout::Lane& places);
+    void setVisible (bool shouldBeVisible);
+    void setLook (const ChannelMode::Lane& look);
+
+    /** Follows the lane's bypass, whoever changed it. */
+    void refreshPower();
+
+    /** Takes the levels of the lane's input and output, linear. */
+    void setLevels (float input, float output) { meterStrip.setLevels (input, output); }
+
+    /** In milliseconds; of the meters' and the spectrum's fall. */
+    void setClock (const std::function<double()>& clock)
+    {
+        meterStrip.clock = clock;
+        chart->getSpectrum().clock = clock;
+    }
+
+    KestrelChartView& getChart() { return *chart; }
+
+    LanePanel& getPanel() { return panel; }
+
+    quillon::ui_pro::controls::KnobControl& getKnob (std::size_t index) { return knobs[index]; }
+
+    quillon::ui_pro::controls::PowerButton& getPowerButton() { return powerButton; }
+
+    quillon::ui_pro::controls::MeterStrip& getMeterStrip() { return meterStrip; }
+
+private:
+    void initialiseLaneControls();
+    void initialisePowerButton();
+    void initialiseParameterAttachments();
+    void togglePower();
+
+    /** Every control, in order of painting. */
+    template <typename Function>
+    void forEach (Function&& function);
+
+    KestrelProcessor& processor;
+    const std::size_t lane;
+    std::function<void()> stepCallback;
+    juce::RangedAudioParameter& bypass;
+
+    LanePanel panel;
+    std::unique_ptr<KestrelChartView> chart;
+    quillon::ui_pro::controls::MeterStrip meterStrip;
+    quillon::ui_pro::controls::PowerButton powerButton;
+    juce::Label title;
+    std::array<quillon::ui_pro::controls::KnobControl, laneKnobs.size()> knobs;
+
+    // Last, so that they go before the controls that they drive.
+    std::array<std::unique_ptr<LaneKnobBinding>, laneKnobs.size()> bindings;
+    juce::ParameterAttachment powerAttachment;
+};
+
+} // namespace kestreleq

@@ -1,0 +1,67 @@
+#include "ui_pro/controls/buttons/LinkIconButton.h"
+
+#include "ui_pro/style/Fonts.h"
+#include "ui_pro/style/Theme.h"
+
+#include <algorithm>
+
+namespace quillon::ui_pro::controls
+{
+namespace
+{
+
+constexpr float fontSize = 11.0f;
+constexpr int padding = 6;
+constexpr int textGap = 4;
+
+// Two links of a chain in a box of 18 by 8, which lie apart when they join nothing.
+constexpr float iconWidth = 18.0f;
+constexpr float iconHeight = 8.0f;
+
+juce::Path chain (bool closed)
+{
+    constexpr auto length = 10.5f;
+    constexpr auto apart = 8.2f;
+    const auto linkLength = closed ? length : apart;
+    juce::Path path;
+    path.addRoundedRectangle (0.0f, 0.0f, linkLength, iconHeight, 0.5f * iconHeight);
+    path.addRoundedRectangle (iconWidth - linkLength, 0.0f, linkLength, iconHeight, 0.5f * iconHeight);
+    return path;
+}
+
+} // namespace
+
+LinkIconButton::LinkIconButton (juce::Colour accentColour)
+    : FaceButton ("Link", accentColour)
+{
+    setClickingTogglesState (true);
+}
+
+void LinkIconButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
+{
+    paintButtonPlate (g, getLocalBounds().toFloat(), getColour(), look);
+
+    const auto caption = getButtonText();
+    const auto font = style::boldFont (fontSize);
+    const auto area = getLocalBounds().reduced (padding, 0);
+    const auto textWidth = caption.isEmpty() ? 0 : juce::GlyphArrangement::getStringWidthInt (font, caption) + 1;
+    const auto scale = std::min (1.0f, static_cast<float> (std::max (area.getWidth(), 0)) / iconWidth);
+    const auto drawnWidth = juce::roundToInt (iconWidth * scale);
+    const auto groupWidth = drawnWidth + (textWidth > 0 ? textGap + textWidth : 0);
+    auto group = area.withSizeKeepingCentre (std::min (groupWidth, area.getWidth()), area.getHeight());
+
+    const auto iconArea = group.removeFromLeft (drawnWidth).toFloat();
+    const auto onto = juce::AffineTransform::scale (scale).translated (
+        iconArea.getX(), iconArea.getCentreY() - 0.5f * iconHeight * scale);
+    g.setColour (plateTextColour (getColour(), look));
+    g.strokePath (chain (look.on), juce::PathStrokeType (1.6f), onto);
+
+    if (textWidth == 0)
+        return;
+
+    group.removeFromLeft (textGap);
+    g.setFont (font);
+    g.drawFittedText (caption, group, juce::Justification::centredLeft, 1, 0.85f);
+}
+
+} // namespace quillon::ui_pro::controls

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ui_pro/controls/buttons/FaceButton.h"
+
+namespace quillon::ui_pro::controls
+{
+
+/** A toggle with a text and a lamp; without a text it reads "ON" and "OFF". */
+class OnOffButton final : public FaceButton
+{
+public:
+    explicit OnOffButton (juce::Colour accentColour);
+
+    void paintFace (juce::Graphics& g, const ButtonLook& look) const override;
+};
+
+} // namespace quillon::ui_pro::controls

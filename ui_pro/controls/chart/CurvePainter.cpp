@@ -1,0 +1,107 @@
+#include "ui_pro/controls/chart/CurvePainter.h"
+
+#include <cmath>
+#include <vector>
+
+namespace quillon::ui_pro::controls
+{
+namespace
+{
+
+constexpr float fillAlphaTop = 0.22f;
+constexpr float fillAlphaBottom = 0.02f;
+constexpr float nearlyStraight = 0.97f; // cosine of the turn up to which one point makes a joint
+
+/** A piece of the curve: where it starts, and half the stroke's width across it. */
+struct Piece
+{
+    juce::Point<float> start;
+    juce::Point<float> direction;
+    juce::Point<float> across;
+};
+
+std::vector<Piece> makePieces (CurvePoints points, float width)
+{
+    std::vector<Piece> pieces;
+    pieces.reserve (points.size());
+
+    for (std::size_t i = 1; i < points.size(); ++i)
+    {
+        const auto step = points[i] - points[i - 1];
+        const auto length = std::hypot (step.x, step.y);
+
+        if (length <= 0.0f)
+            continue;
+
+        const auto direction = step / length;
+        pieces.push_back (
+            { points[i - 1], direction, juce::Point<float> (-direction.y, direction.x) * (0.5f * width) });
+    }
+
+    return pieces;
+}
+
+/** One side of the joint between two pieces. */
+void addJoint (juce::Path& path, const Piece& before, const Piece& after, juce::Point<float> joint, float side)
+{
+    if (before.direction.getDotProduct (after.direction) > nearlyStraight)
+    {
+        path.lineTo (joint + (before.across + after.across) * (0.5f * side));
+        return;
+    }
+
+    path.lineTo (joint + before.across * side);
+    path.lineTo (joint + after.across * side);
+}
+
+} // namespace
+
+void fillCurve (juce::Graphics& g, CurvePoints points, float baseline, juce::Rectangle<float> area, juce::Colour colour)
+{
+    if (points.size() < 2)
+        return;
+
+    juce::Path path;
+    path.preallocateSpace (static_cast<int> (3 * (points.size() + 3)));
+    path.startNewSubPath (points.front().withY (baseline));
+
+    for (const auto& point : points)
+        path.lineTo (point);
+
+    path.lineTo (points.back().withY (baseline));
+    path.closeSubPath();
+
+    g.setGradientFill (juce::ColourGradient::vertical (colour.withMultipliedAlpha (fillAlphaTop), area.getY(),
+        colour.withMultipliedAlpha (fillAlphaBottom), area.getBottom()));
+    g.fillPath (path);
+}
+
+void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colour colour)
+{
+    const auto pieces = makePieces (points, width);
+
+    if (pieces.empty())
+        return;
+
+    // The outline: along one side, and back along the other.
+    juce::Path path;
+    path.preallocateSpace (static_cast<int> (12 * (pieces.size() + 1)));
+    path.startNewSubPath (pieces.front().start + pieces.front().across);
+
+    for (std::size_t i = 1; i < pieces.size(); ++i)
+        addJoint (path, pieces[i - 1], pieces[i], pieces[i].start, 1.0f);
+
+    path.lineTo (points.back() + pieces.back().across);
+    path.lineTo (points.back() - pieces.back().across);
+
+    for (auto i = pieces.size() - 1; i > 0; --i)
+        addJoint (path, pieces[i], pieces[i - 1], pieces[i].start, -1.0f);
+
+    path.lineTo (pieces.front().start - pieces.front().across);
+    path.closeSubPath();
+
+    g.setColour (colour);
+    g.fillPath (path);
+}
+
+} // namespace quillon::ui_pro::controls

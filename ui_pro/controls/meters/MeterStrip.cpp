@@ -1,0 +1,181 @@
+#include "ui_pro/controls/meters/MeterStrip.h"
+
+#include "ui_pro/controls/meters/MeterScale.h"
+#include "ui_pro/primitives/TextValueHandler.h"
+#include "ui_pro/style/Fonts.h"
+#include "ui_pro/style/Theme.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillon::ui_pro::controls
+{
+namespace
+{
+
+constexpr int numSegments = 32;
+constexpr float gapFromPitch = 4.0f;
+constexpr float largestReductionDb = 36.0f;
+constexpr float smallestReductionStepDb = 0.01f;
+constexpr int marks[] = { 12, 0, -12, -24, -36, -48 };
+
+SegmentedBar makeBar (SegmentedBar::Growth growth)
+{
+    return { numSegments, gapFromPitch, growth };
+}
+
+juce::String markText (int db)
+{
+    return (db > 0 ? "+" : "") + juce::String (db);
+}
+
+} // namespace
+
+MeterStrip::MeterStrip()
+    : bars { makeBar (SegmentedBar::Growth::up), makeBar (SegmentedBar::Growth::up),
+          makeBar (SegmentedBar::Growth::down) }
+{
+    setInterceptsMouseClicks (true, false); // for the tooltip
+    setTitle ("Level");
+}
+
+void MeterStrip::setLevels (float linearL, float linearR)
+{
+    const auto now = clock();
+    const auto seconds = secondsBetween (lastUpdateMs, now);
+    lastUpdateMs = now;
+    levelDbL = nextMeterLevel (levelDbL, toDb (linearL), seconds);
+    levelDbR = nextMeterLevel (levelDbR, toDb (linearR), seconds);
+    repaintChangedSegments();
+}
+
+void MeterStrip::setGainReduction (float db)
+{
+    const auto magnitude = std::isfinite (db) ? std::min (std::abs (db), largestReductionDb) : 0.0f;
+
+    if (showGainReduction && std::abs (magnitude - gainReductionDb) < smallestReductionStepDb)
+        return;
+
+    gainReductionDb = magnitude;
+
+    if (showGainReduction)
+    {
+        repaintChangedSegments();
+        return;
+    }
+
+    showGainReduction = true;
+    resized();
+    repaint();
+}
+
+void MeterStrip::setBarColours (juce::Colour left, juce::Colour right)
+{
+    if (barColourL == left && barColourR == right)
+        return;
+
+    barColourL = left;
+    barColourR = right;
+    repaint (layout.group);
+}
+
+void MeterStrip::setGainReductionColour (juce::Colour colour)
+{
+    if (gainReductionColour == colour)
+        return;
+
+    gainReductionColour = colour;
+    repaint (layout.bars[2]);
+}
+
+void MeterStrip::setLabels (const juce::String& left, const juce::String& right)
+{
+    if (labelL == left && labelR == right)
+        return;
+
+    labelL = left;
+    labelR = right;
+    staticLayer.invalidate();
+    repaint (layout.titleBand);
+}
+
+void MeterStrip::resized()
+{
+    layout = MeterStripLayout::of (getLocalBounds(), showGainReduction);
+
+    for (std::size_t i = 0; i < bars.size(); ++i)
+        bars[i].setBounds (layout.bars[i].toFloat());
+
+    lit = countLit();
+    staticLayer.invalidate();
+}
+
+MeterStrip::LitCounts MeterStrip::countLit() const
+{
+    return { litSegments (meterFraction (levelDbL), numSegments), litSegments (meterFraction (levelDbR), numSegments),
+        litSegments (gainReductionDb / largestReductionDb, numSegments) };
+}
+
+void MeterStrip::repaintChangedSegments()
+{
+    const auto before = std::exchange (lit, countLit());
+
+    for (std::size_t i = 0; i < bars.size(); ++i)
+        if (before[i] != lit[i])
+            repaint (bars[i].getChangedArea (before[i], lit[i]));
+}
+
+void MeterStrip::paint (juce::Graphics& g)
+{
+    staticLayer.draw (g, *this, [this] (juce::Graphics& layer) { paintStaticLayer (layer); });
+
+    bars[0].paintLevel (g, lit[0], barColourL);
+    bars[1].paintLevel (g, lit[1], barColourR);
+
+    if (showGainReduction)
+        bars[2].paintLit (g, lit[2], gainReductionColour);
+}
+
+void MeterStrip::paintStaticLayer (juce::Graphics& g) const
+{
+    const auto& tokens = style::Theme::get().meter;
+
+    if (layout.group.isEmpty())
+        return;
+
+    g.setColour (tokens.trough);
+    g.fillRoundedRectangle (layout.group.toFloat().expanded (tokens.stripTroughMargin), tokens.troughRadius);
+
+    g.setFont (style::boldFont (tokens.titleSize));
+    const juce::String titles[] = { labelL, labelR, "GR" };
+
+    for (int i = 0; i < layout.numBars; ++i)
+    {
+        bars[static_cast<std::size_t> (i)].paintUnlit (g);
+        g.setColour (style::Theme::palette().textPrimary);
+        g.drawFittedText (titles[i], layout.getTitle (i), juce::Justification::centred, 1, 0.5f);
+    }
+
+    g.setFont (style::regularFont (tokens.scaleSize));
+
+    for (const auto db : marks)
+        g.drawText (markText (db), layout.getMark (static_cast<float> (db)), juce::Justification::centredRight, false);
+}
+
+juce::String MeterStrip::spokenValue() const
+{
+    auto text = labelL + " " + spokenLevel (levelDbL) + ", " + labelR + " " + spokenLevel (levelDbR);
+
+    if (showGainReduction)
+        text << ", gain reduction " << juce::String (gainReductionDb, 1) << " dB";
+
+    return text;
+}
+
+std::unique_ptr<juce::AccessibilityHandler> MeterStrip::createAccessibilityHandler()
+{
+    return primitives::makeTextValueHandler (
+        *this, juce::AccessibilityRole::progressBar, [this] { return spokenValue(); });
+}
+
+} // namespace quillon::ui_pro::controls

@@ -1,0 +1,75 @@
+#include "ui_pro/controls/meters/SmallMeter.h"
+
+#include "ui_pro/controls/meters/MeterScale.h"
+#include "ui_pro/primitives/TextValueHandler.h"
+#include "ui_pro/style/Theme.h"
+
+#include <utility>
+
+namespace quillon::ui_pro::controls
+{
+namespace
+{
+
+constexpr int numSegments = 24;
+constexpr float gapFromPitch = 3.0f;
+
+} // namespace
+
+SmallMeter::SmallMeter()
+    : bar (numSegments, gapFromPitch, SegmentedBar::Growth::right)
+{
+    setTitle ("Level");
+}
+
+void SmallMeter::setLevel (float linear)
+{
+    const auto now = clock();
+    levelDb = nextMeterLevel (levelDb, toDb (linear), secondsBetween (lastUpdateMs, now));
+    lastUpdateMs = now;
+
+    const auto before = std::exchange (lit, litSegments (meterFraction (levelDb), numSegments));
+
+    if (before != lit)
+        repaint (bar.getChangedArea (before, lit));
+}
+
+void SmallMeter::setColour (juce::Colour colour)
+{
+    if (barColour == colour)
+        return;
+
+    barColour = colour;
+    repaint();
+}
+
+void SmallMeter::paintTrough (juce::Graphics& g, juce::Rectangle<float> meterBounds)
+{
+    const auto& tokens = style::Theme::get().meter;
+    g.setColour (tokens.trough);
+    g.fillRoundedRectangle (meterBounds.expanded (tokens.smallTroughMargin), tokens.troughRadius);
+}
+
+void SmallMeter::resized()
+{
+    bar.setBounds (getLocalBounds().toFloat());
+}
+
+void SmallMeter::paint (juce::Graphics& g)
+{
+    staticLayer.draw (g, *this,
+        [this] (juce::Graphics& layer)
+        {
+            paintTrough (layer, bar.getBounds());
+            bar.paintUnlit (layer);
+        });
+    bar.paintLevel (g, lit, barColour);
+}
+
+std::unique_ptr<juce::AccessibilityHandler> SmallMeter::createAccessibilityHandler()
+{
+    return primitives::makeTextValueHandler (
+        *this, juce::AccessibilityRole::progressBar, [this] { return spokenLevel (levelDb); });
+}
+
+} // namespace quillon::ui_pro::controls
