@@ -28,10 +28,10 @@ public:
     /** RMS levels in dB, at least -120: of both channels with link on, else of mid and side, or of left and right. */
     std::array<float, numLanes> getInputLevels() const { return inputLevels.load(); }
 
-    /** The same of the output. */
+    /** The output's RMS levels in dB, at least -120, of what getInputLevels tells of the input. */
     std::array<float, numLanes> getOutputLevels() const { return outputLevels.load(); }
 
-    /** Of the output's channels, -1 to 1. */
+    /** The correlation of the output's channels, -1 to 1. */
     float getCorrelation() const { return correlation.load (std::memory_order_relaxed); }
 
     /** The part of the available time that processing takes, 0 to 1, smoothed. */
