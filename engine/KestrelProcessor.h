@@ -19,7 +19,10 @@ namespace kestreleq
 class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::strips::FooterTelemetrySource
 {
 public:
-    KestrelProcessor();
+    using EditorFactory = juce::AudioProcessorEditor* (*)(KestrelProcessor&);
+
+    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none. */
+    explicit KestrelProcessor (EditorFactory factory = nullptr);
 
     KestrelCore& getCore() { return core; }
 
@@ -53,7 +56,7 @@ public:
 
     bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
 
-    juce::AudioProcessorParameter* getBypassParameter() const override { return bypassParameter; }
+    juce::AudioProcessorParameter* getBypassParameter() const override { return &core.getTree()[Parameter::bypass]; }
 
     const juce::String getName() const override { return "Kestrel EQ"; }
 
@@ -73,10 +76,9 @@ public:
 
     void changeProgramName (int, const juce::String&) override {}
 
-    /** Defined beside the editor, which this side knows nothing of. */
     juce::AudioProcessorEditor* createEditor() override;
 
-    bool hasEditor() const override { return true; }
+    bool hasEditor() const override { return createNewEditor != nullptr; }
 
     /** Any thread. */
     void getStateInformation (juce::MemoryBlock& destination) override;
@@ -125,7 +127,7 @@ private:
     void registerRenderTime (juce::int64 ticks, int numSamples);
 
     KestrelCore core;
-    juce::AudioProcessorParameter* const bypassParameter;
+    const EditorFactory createNewEditor;
     std::atomic<int> currentProgram { 0 };
     std::atomic<int> editorScaleStep { -1 };
     std::atomic<std::uint32_t> stateChangeCounter { 0 };

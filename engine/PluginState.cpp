@@ -2,7 +2,7 @@
 
 #include "engine/Utf8.h"
 #include "engine/parameters/FactoryPrograms.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "engine/parameters/TreeNames.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "tests/fuzz/Invariant.h"
 
 #include "engine/PluginState.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 
 #include <cmath>
 #include <cstdint>
