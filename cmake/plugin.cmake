@@ -18,6 +18,13 @@ juce_add_plugin(KestrelEQ
     EDITOR_WANTS_KEYBOARD_FOCUS FALSE
     COPY_PLUGIN_AFTER_BUILD FALSE)
 
+# The wrappers are the framework's own sources.
+foreach(target KestrelEQ KestrelEQ_VST3 KestrelEQ_Standalone juce_vst3_helper)
+    if(TARGET ${target})
+        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+    endif()
+endforeach()
+
 # juce_add_plugin links the framework's modules into the target, as sources to compile. They are compiled already.
 set_property(TARGET KestrelEQ PROPERTY LINK_LIBRARIES "")
 set_property(TARGET KestrelEQ PROPERTY INTERFACE_LINK_LIBRARIES "")

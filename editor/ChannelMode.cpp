@@ -7,20 +7,16 @@ namespace kestreleq
 namespace
 {
 
-juce::Colour accent (int role)
-{
-    using namespace quillon::ui_pro::style;
-    return Theme::accentForId (accentRole (role));
-}
+using quillon::ui_pro::style::Theme;
 
 } // namespace
 
 ChannelMode::Lane ChannelMode::lookOf (std::size_t lane) const
 {
     if (linked && lane == 0)
-        return { "STEREO", accent (0), accent (16) };
+        return { "STEREO", Theme::accent (0), Theme::accent (16) };
 
-    const auto colour = midSide ? accent (lane == 0 ? 9 : 12) : accent (lane == 0 ? 3 : 6);
+    const auto colour = midSide ? Theme::accent (lane == 0 ? 9 : 12) : Theme::accent (lane == 0 ? 3 : 6);
     const auto* caption = midSide ? (lane == 0 ? "MID" : "SIDE") : (lane == 0 ? "LEFT" : "RIGHT");
     return { caption, colour, colour };
 }
@@ -28,7 +24,7 @@ ChannelMode::Lane ChannelMode::lookOf (std::size_t lane) const
 std::array<juce::Colour, numLanes> ChannelMode::outputColours() const
 {
     if (linked)
-        return { accent (16), accent (16) };
+        return { Theme::accent (16), Theme::accent (16) };
 
     return { lookOf (0).colour, lookOf (1).colour };
 }

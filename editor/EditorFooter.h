@@ -3,11 +3,9 @@
 #include "editor/ChannelMode.h"
 #include "engine/KestrelProcessor.h"
 
-#include "ui_pro/controls/footer/CpuUsageControl.h"
-#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/FooterFigures.h"
 #include "ui_pro/controls/footer/OutputModeControl.h"
 #include "ui_pro/controls/footer/OversamplingControl.h"
-#include "ui_pro/controls/footer/SampleRateControl.h"
 #include "ui_pro/controls/meters/MeterPair.h"
 #include "ui_pro/layout/FooterBar.h"
 

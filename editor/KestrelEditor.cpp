@@ -26,11 +26,6 @@ constexpr double smallestScale = 0.5;
 constexpr double scaleStep = 0.05;
 constexpr int largestScaleStep = 30;
 
-juce::Colour accent (int role)
-{
-    return style::Theme::accentForId (style::accentRole (role));
-}
-
 /** What a meter takes for a level in dB; silence must not light it. */
 float amplitudeFor (float level)
 {
@@ -70,7 +65,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     : AudioProcessorEditor (processorToEdit),
       processor (processorToEdit),
       header (processorToEdit, manifest, { [this] { refreshEditor(); }, [this] { openSupport(); } }),
-      breakButton (accent (16)),
+      breakButton (style::Theme::accent (16)),
       footer (processorToEdit, "v" + manifest.version())
 {
     addAndMakeVisible (background);
@@ -113,8 +108,8 @@ KestrelEditor::~KestrelEditor()
 void KestrelEditor::initialiseScaffold()
 {
     // No undo manager: attachments would use it without the history's lock, and the steps are begun below.
-    scaffold = std::make_unique<controls::EffectEditorScaffold> (
-        processor.getCore().getTree(), globalParameters(), accent (5), accent (16), nullptr);
+    scaffold = std::make_unique<controls::EffectEditorScaffold> (processor.getCore().getTree(), globalParameters(),
+        style::Theme::accent (5), style::Theme::accent (16), nullptr);
     scaffold->onGestureStart = [this]
     {
         processor.getCore().getHistory().beginStep();

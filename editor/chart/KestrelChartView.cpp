@@ -41,7 +41,7 @@ std::vector<double> curveFrequencies()
 
 juce::Colour nodeColour (std::size_t node)
 {
-    return style::Theme::accentForId (style::accentRole (laneKnobs[node].colourId));
+    return style::Theme::accent (laneKnobs[node].colourId);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ const juce::Colour surface { 0xff12161a };
 } // namespace
 
 LanePanel::LanePanel()
-    : captionColour (style::Theme::accentForId (style::accentRole (3)))
+    : captionColour (style::Theme::accent (3))
 {
     setInterceptsMouseClicks (false, false);
 }

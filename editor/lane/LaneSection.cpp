@@ -28,7 +28,7 @@ LaneSection::LaneSection (KestrelProcessor& processorToShow, std::size_t laneToS
       stepCallback (std::move (onStep)),
       bypass (bypassOf (processorToShow, laneToShow)),
       chart (KestrelChartView::create (processorToShow, laneToShow)),
-      powerButton (style::Theme::accentForId (style::accentRole (powerColours[laneToShow]))),
+      powerButton (style::Theme::accent (powerColours[laneToShow])),
       powerAttachment (bypass, [this] (float) { refreshPower(); })
 {
     initialiseLaneControls();

@@ -139,7 +139,7 @@ TEST (KestrelEditor, ShowsTheChannelModeWithinATick)
         auto& panel = rig.editor->getLane (lane).getPanel();
         return std::tuple (panel.getCaption(), panel.getCaptionColour(), panel.isVisible(), panel.isTall());
     };
-    const auto colour = [] (int role) { return style::Theme::accentForId (style::accentRole (role)); };
+    const auto colour = [] (int role) { return style::Theme::accent (role); };
 
     rig.set ("msMode", 1.0f);
     rig.tick();

@@ -55,7 +55,7 @@ struct LevelRig : ProcessorRig
     Stereo signal;
 };
 
-double decibels (double amplitude)
+double toDb (double amplitude)
 {
     return 20.0 * std::log10 (amplitude / std::numbers::sqrt2);
 }
@@ -64,20 +64,20 @@ TEST (Processor, MeasuresLevelsByMode)
 {
     LevelRig rig;
     rig.run (0.25f);
-    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.375), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], toDb (0.375), 1e-3);
     EXPECT_EQ (rig.processor.getInputLevels()[0], rig.processor.getInputLevels()[1]);
-    EXPECT_NEAR (rig.processor.getOutputLevels()[0], rmsDb (rig.signal[0]) - decibels (0.5) + decibels (0.375), 1e-2);
+    EXPECT_NEAR (rig.processor.getOutputLevels()[0], rmsDb (rig.signal[0]) - toDb (0.5) + toDb (0.375), 1e-2);
 
     rig.set ("link", 0.0f);
     rig.run (0.25f);
-    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.5), 1e-3);
-    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.25), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], toDb (0.5), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], toDb (0.25), 1e-3);
     EXPECT_NEAR (rig.processor.getCorrelation(), 1.0f, 1e-6f);
 
     rig.set ("msMode", 1.0f);
     rig.run (0.25f);
-    EXPECT_NEAR (rig.processor.getInputLevels()[0], decibels (0.375), 1e-3);
-    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.125), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[0], toDb (0.375), 1e-3);
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], toDb (0.125), 1e-3);
 
     rig.run (-0.5f);
     EXPECT_EQ (rig.processor.getInputLevels()[0], -120.0f);
@@ -87,7 +87,7 @@ TEST (Processor, MeasuresLevelsByMode)
     juce::AudioBuffer<float> empty (noSamples, 2, 0);
     rig.midi.addEvent (juce::MidiMessage::noteOn (1, 60, 1.0f), 0);
     rig.processor.processBlock (empty, rig.midi);
-    EXPECT_NEAR (rig.processor.getInputLevels()[1], decibels (0.5), 1e-3) << "an empty block measures nothing";
+    EXPECT_NEAR (rig.processor.getInputLevels()[1], toDb (0.5), 1e-3) << "an empty block measures nothing";
     EXPECT_TRUE (rig.midi.isEmpty());
 
     LevelRig oneSided;
@@ -193,7 +193,7 @@ TEST (Processor, RestsItsRidersUnderAnyBypassAndWhenPrepared)
 
         auto again = tone (480);
         rig.process (again);
-        EXPECT_NEAR (rmsDb (again[0]), decibels (0.9), 0.3);
+        EXPECT_NEAR (rmsDb (again[0]), toDb (0.9), 0.3);
     }
 }
 

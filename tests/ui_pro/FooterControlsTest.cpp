@@ -1,12 +1,10 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/footer/CpuUsageControl.h"
-#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/FooterFigures.h"
 #include "ui_pro/controls/footer/OutputModeControl.h"
 #include "ui_pro/controls/footer/OversamplingControl.h"
 #include "ui_pro/controls/footer/OversamplingPopup.h"
-#include "ui_pro/controls/footer/SampleRateControl.h"
 
 #include <gtest/gtest.h>
 

@@ -24,9 +24,9 @@ TEST (Theme, ScalesTheCanvasIntoAnyArea)
 TEST (Theme, UnknownAccentsAreTheBrandAccent)
 {
     for (const auto id : { -1, 0, 31 })
-        EXPECT_EQ (Theme::accentForId (style::accentRole (id)), juce::Colour (0xfff67f2d));
+        EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
 
-    EXPECT_EQ (Theme::accentForId (style::accentRole (30)), juce::Colour (0xffaab2ba));
+    EXPECT_EQ (Theme::accent (30), juce::Colour (0xffaab2ba));
 }
 
 /** Draws a one-pixel frame and a dot, whose blur would show. */

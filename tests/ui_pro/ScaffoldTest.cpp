@@ -104,12 +104,11 @@ private:
     void audioProcessorParameterChangeGestureEnd (AudioProcessor*, int) override { events.add ("end"); }
 };
 
-struct Rig
+struct ScaffoldRig
 {
-    explicit Rig (ParameterIds ids = someIds())
+    explicit ScaffoldRig (ParameterIds ids = someIds())
     {
-        scaffold.emplace (processor.tree, ids, style::Theme::accentForId (style::accentRole (5)),
-            style::Theme::accentForId (style::accentRole (16)), &processor.undo);
+        scaffold.emplace (processor.tree, ids, style::Theme::accent (5), style::Theme::accent (16), &processor.undo);
         scaffold->setSize (672, 704);
         scaffold->onGestureStart = [this] { processor.events.add ("<"); };
         scaffold->onGestureEnd = [this] { processor.events.add (">"); };
@@ -135,7 +134,7 @@ struct Rig
 
 TEST (Scaffold, LaysOutItsPanels)
 {
-    Rig rig;
+    ScaffoldRig rig;
     auto& scaffold = *rig.scaffold;
     EXPECT_EQ (scaffold.getLaneStack().getBounds(), Box (0, 0, 404, 704));
     EXPECT_EQ (scaffold.getGlobalPanel().getBounds(), Box (412, 0, 260, 348));
@@ -150,7 +149,7 @@ TEST (Scaffold, LaysOutItsPanels)
 
 TEST (Scaffold, AKnobShowsItsParameterAndIsOneGesturePerDrag)
 {
-    Rig rig;
+    ScaffoldRig rig;
     auto& knob = rig.scaffold->getInputOutputPanel().getInput().getGain1();
     EXPECT_EQ (knob.getValue(), 0.625f);
     EXPECT_EQ (knob.getValueText(), "3.0 dB");
@@ -174,7 +173,7 @@ TEST (Scaffold, AKnobShowsItsParameterAndIsOneGesturePerDrag)
 
 TEST (Scaffold, AResetIsOneStepOfTheHistory)
 {
-    Rig rig;
+    ScaffoldRig rig;
     auto& processor = rig.processor;
     processor.set ("gain", 0.25f);
     processor.tree.copyState(); // brings the tree up to date
@@ -188,7 +187,7 @@ TEST (Scaffold, AResetIsOneStepOfTheHistory)
 
 TEST (Scaffold, ASwitchIsOneGesturePerClickAndNoneWhenTheHostMovesIt)
 {
-    Rig rig;
+    ScaffoldRig rig;
     auto& link = rig.scaffold->getGlobalPanel().getLink();
     Mouse (link).click ({ 5.0f, 5.0f });
     EXPECT_EQ (rig.processor.take(), "< begin 1.00 end link >");
@@ -207,7 +206,7 @@ TEST (Scaffold, ASwitchIsOneGesturePerClickAndNoneWhenTheHostMovesIt)
 
 TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
 {
-    Rig rig;
+    ScaffoldRig rig;
     controls::PowerButton power (juce::Colours::green);
     power.setSize (26, 26);
     power.setVisible (true);
@@ -226,14 +225,14 @@ TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
 
 TEST (Scaffold, WhatIsNotNamedStaysUnconnectedAndIsPainted)
 {
-    Rig rig { ParameterIds {} };
+    ScaffoldRig rig { ParameterIds {} };
     auto& section = rig.scaffold->getInputOutputPanel().getInput();
     EXPECT_EQ (section.getGain1().onDragStart, nullptr);
     EXPECT_EQ (section.getGain1().getValueText(), "50%");
     Mouse (rig.scaffold->getGlobalPanel().getBypass()).click ({ 5.0f, 5.0f });
     EXPECT_EQ (rig.processor.take(), "");
 
-    Rig named;
+    ScaffoldRig named;
     EXPECT_EQ (named.scaffold->getInputOutputPanel().getOutput().getGain1().onDragStart, nullptr)
         << "no such parameter";
 
@@ -245,9 +244,9 @@ TEST (Scaffold, WhatIsNotNamedStaysUnconnectedAndIsPainted)
 
 TEST (Scaffold, WithoutAnInputOutputPanelTheGlobalPanelHasTheGains)
 {
-    auto ids = Rig::someIds();
+    auto ids = ScaffoldRig::someIds();
     ids.flags = 0;
-    Rig rig { ids };
+    ScaffoldRig rig { ids };
     EXPECT_FALSE (rig.scaffold->getInputOutputPanel().isVisible());
     EXPECT_TRUE (rig.scaffold->getGlobalPanel().getInput().isVisible());
     EXPECT_EQ (rig.scaffold->getGlobalPanel().getInput().getGain1().getValueText(), "3.0 dB");
@@ -256,7 +255,7 @@ TEST (Scaffold, WithoutAnInputOutputPanelTheGlobalPanelHasTheGains)
 
 TEST (Scaffold, LanesShowAndSetTheChannelModeInPairs)
 {
-    Rig rig;
+    ScaffoldRig rig;
     auto& lanes = rig.scaffold->getLaneStack();
     EXPECT_EQ (lanes.getModeSelector (1).getButtonText(), "STEREO");
 
@@ -270,7 +269,7 @@ TEST (Scaffold, LanesShowAndSetTheChannelModeInPairs)
 
 TEST (Scaffold, AGestureEndsWithTheScaffold)
 {
-    Rig rig;
+    ScaffoldRig rig;
     Mouse (rig.scaffold->getInputOutputPanel().getInput().getGain1()).down ({ 10.0f, 50.0f });
     rig.scaffold.reset();
     EXPECT_EQ (rig.processor.take(), "< begin end >");
@@ -301,9 +300,9 @@ TEST (Panels, AreTidyInEveryLayout)
     for (const auto flags : { 0, ParameterIds::separateInputOutput })
     {
         SCOPED_TRACE (flags);
-        auto ids = Rig::someIds();
+        auto ids = ScaffoldRig::someIds();
         ids.flags = flags;
-        Rig rig { ids };
+        ScaffoldRig rig { ids };
         juce::Component extra;
         rig.scaffold->setExtraContent (&extra);
         auto& global = rig.scaffold->getGlobalPanel();
@@ -316,7 +315,7 @@ TEST (Panels, AreTidyInEveryLayout)
 
 TEST (Panels, LookAsStored)
 {
-    Rig rig;
+    ScaffoldRig rig;
     rig.scaffold->setLaneAreaVisible (false);
     rig.scaffold->setSize (260, 704);
     EXPECT_TRUE (looksAsStored (*rig.scaffold, "side-panels"));

@@ -24,6 +24,9 @@ struct Theme
     /** The colour of a role; the brand accent for 0 and for anything outside the table. */
     static juce::Colour accentForId (AccentColorRole role);
 
+    /** The colour of the role with this number. */
+    static juce::Colour accent (int role) { return accentForId (accentRole (role)); }
+
     /** The first role that has this colour; the brand accent for a colour outside the table. */
     static AccentColorRole roleOf (juce::Colour colour);
 

@@ -51,9 +51,9 @@ SpectrumChartComponent& addChart (GallerySheet& sheet, const juce::String& capti
 
 std::vector<controls::SpectrumChartExtraTrace> makeExtraTraces()
 {
-    return { { "", style::Theme::accentForId (style::accentRole (5)), 1.15f,
+    return { { "", style::Theme::accent (5), 1.15f,
                  [] (std::uint64_t i) { return -20.0f - 0.05f * static_cast<float> (i); } },
-        { "HOLD", style::Theme::accentForId (style::accentRole (3)), 1.15f,
+        { "HOLD", style::Theme::accent (3), 1.15f,
             [] (std::uint64_t i) { return -8.0f - 0.07f * static_cast<float> (i); } } };
 }
 

@@ -128,9 +128,9 @@ void addControls (GallerySheet& sheet)
 {
     addKnobs (sheet);
 
-    const auto cyan = style::Theme::accentForId (style::accentRole (5));
-    const auto orange = style::Theme::accentForId (style::accentRole (16));
-    const auto green = style::Theme::accentForId (style::accentRole (3));
+    const auto cyan = style::Theme::accent (5);
+    const auto orange = style::Theme::accent (16);
+    const auto green = style::Theme::accent (3);
 
     sheet.addSection ("Power button");
     addStates (sheet, [&] { return makeButton<controls::PowerButton> (26, 26, {}, green); });

@@ -1,10 +1,8 @@
 #include "tools/kestrel-shot/gallery/Gallery.h"
 
-#include "ui_pro/controls/footer/CpuUsageControl.h"
-#include "ui_pro/controls/footer/LatencyControl.h"
+#include "ui_pro/controls/footer/FooterFigures.h"
 #include "ui_pro/controls/footer/OutputModeControl.h"
 #include "ui_pro/controls/footer/OversamplingControl.h"
-#include "ui_pro/controls/footer/SampleRateControl.h"
 
 namespace kestreleq::shot
 {

@@ -39,8 +39,7 @@ void addPair (GallerySheet& sheet, const juce::String& caption, float dbA, float
 {
     auto pair = std::make_unique<controls::MeterPair> ("OUT L", "OUT R");
     pair->setSize (360, 44);
-    pair->setColours (
-        style::Theme::accentForId (style::accentRole (5)), style::Theme::accentForId (style::accentRole (5)));
+    pair->setColours (style::Theme::accent (5), style::Theme::accent (5));
     pair->setLevels (fromDb (dbA), fromDb (dbB));
     sheet.add (caption, std::move (pair));
 }
@@ -60,8 +59,7 @@ void addMeters (GallerySheet& sheet)
 
     auto coloured = std::make_unique<controls::MeterStrip>();
     coloured->setSize (90, 196);
-    coloured->setBarColours (
-        style::Theme::accentForId (style::accentRole (5)), style::Theme::accentForId (style::accentRole (16)));
+    coloured->setBarColours (style::Theme::accent (5), style::Theme::accent (16));
     coloured->setLabels ("L", "R");
     coloured->setLevels (fromDb (-9.0f), fromDb (-3.0f));
     sheet.add ("Own colours", std::move (coloured));

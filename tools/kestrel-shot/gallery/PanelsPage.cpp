@@ -12,11 +12,6 @@ namespace
 
 using namespace quillon::ui_pro;
 
-juce::Colour accent (int role)
-{
-    return style::Theme::accentForId (style::accentRole (role));
-}
-
 void showSome (controls::GainSection& section, float gain1, float gain2)
 {
     section.getGain1().setValue (gain1);
@@ -29,7 +24,7 @@ void showSome (controls::GainSection& section, float gain1, float gain2)
 
 std::unique_ptr<controls::GlobalIoPanel> makeGlobalPanel()
 {
-    auto panel = std::make_unique<controls::GlobalIoPanel> (accent (5));
+    auto panel = std::make_unique<controls::GlobalIoPanel> (style::Theme::accent (5));
     panel->setSize (260, 348);
     panel->getLink().setToggleState (true, juce::dontSendNotification);
     panel->getTrimKnob().setValueText ("0.0 dB");
@@ -48,7 +43,7 @@ struct GlobalWithExtra final : juce::Component
         setSize (260, 348);
     }
 
-    controls::OnOffButton extra { accent (16) };
+    controls::OnOffButton extra { style::Theme::accent (16) };
     std::unique_ptr<controls::GlobalIoPanel> panel = makeGlobalPanel();
 };
 
@@ -57,21 +52,22 @@ struct GlobalWithExtra final : juce::Component
 void addPanels (GallerySheet& sheet)
 {
     sheet.addSection ("Bars");
-    auto header = std::make_unique<layout::HeaderBar>();
+    auto header = std::make_unique<quillon::ui_pro::layout::HeaderBar>();
     header->setSize (1608, 68);
     header->setProductName ("Kestrel EQ");
     header->setVersionText ("v1.2.0");
     header->setSubtitle ("A threat to crystal.");
     sheet.add ("Header", std::move (header));
 
-    auto footer = std::make_unique<layout::FooterBar>();
+    auto footer = std::make_unique<quillon::ui_pro::layout::FooterBar>();
     footer->setSize (1608, 56);
     sheet.add ("Footer", std::move (footer));
 
     sheet.addSection ("Panels");
     sheet.add ("Global", std::make_unique<GlobalWithExtra>());
 
-    auto inputOutput = std::make_unique<controls::InputOutputPanel> (accent (5), accent (16));
+    auto inputOutput =
+        std::make_unique<controls::InputOutputPanel> (style::Theme::accent (5), style::Theme::accent (16));
     inputOutput->setSize (260, 348);
     showSome (inputOutput->getInput(), 0.5f, 0.5f);
     showSome (inputOutput->getOutput(), 0.4f, 0.75f);
@@ -83,7 +79,7 @@ void addPanels (GallerySheet& sheet)
     showSome (global->getOutput(), 0.4f, 0.75f);
     sheet.add ("Global, with gains of its own", std::move (global));
 
-    auto lanes = std::make_unique<controls::LaneStackPanel> (accent (5), 2);
+    auto lanes = std::make_unique<controls::LaneStackPanel> (style::Theme::accent (5), 2);
     lanes->setSize (280, 200);
     lanes->getModeSelector (0).setMode (controls::LaneMode::left);
     lanes->getModeSelector (1).setMode (controls::LaneMode::right);

@@ -169,7 +169,7 @@ void addPresets (GallerySheet& sheet)
             juce::Path curve;
             curve.startNewSubPath (r.getX(), r.getCentreY());
             curve.cubicTo (r.getCentreX(), r.getY(), r.getCentreX(), r.getBottom(), r.getRight(), r.getCentreY());
-            g.setColour (style::Theme::accentForId (style::accentRole (5)));
+            g.setColour (style::Theme::accent (5));
             g.strokePath (curve, juce::PathStrokeType (2.0f));
         });
     click (many, controls::presets::filterButton);

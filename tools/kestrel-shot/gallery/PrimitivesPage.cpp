@@ -19,7 +19,7 @@ struct AccentSwatches final : juce::Component
     {
         for (int id = 0; id <= static_cast<int> (style::AccentColorRole::last); ++id)
         {
-            g.setColour (style::Theme::accentForId (style::accentRole (id)));
+            g.setColour (style::Theme::accent (id));
             g.fillRoundedRectangle (static_cast<float> (id) * 26.0f, 0.0f, 22.0f, 22.0f, 4.0f);
         }
     }

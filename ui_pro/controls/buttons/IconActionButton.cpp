@@ -11,8 +11,8 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr float fontSize = 12.0f;
-constexpr int padding = 8;
+constexpr float actionTextSize = 12.0f;
+constexpr int actionPadding = 8;
 constexpr int iconSize = 14;
 constexpr int iconGap = 6;
 
@@ -55,8 +55,8 @@ void IconActionButton::paintFace (juce::Graphics& g, const ButtonLook& look) con
     paintButtonPlate (g, getLocalBounds().toFloat(), getColour(), plate);
 
     const auto caption = getButtonText();
-    const auto font = style::boldFont (fontSize);
-    const auto area = getLocalBounds().reduced (padding, 0);
+    const auto font = style::boldFont (actionTextSize);
+    const auto area = getLocalBounds().reduced (actionPadding, 0);
     const auto textWidth = caption.isEmpty() ? 0 : juce::GlyphArrangement::getStringWidthInt (font, caption) + 1;
     const auto iconWidth = icon.isEmpty() ? 0 : std::min (iconSize, std::min (getWidth(), getHeight()));
     const auto between = textWidth > 0 && iconWidth > 0 ? iconGap : 0;

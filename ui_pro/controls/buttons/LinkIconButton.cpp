@@ -10,9 +10,9 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr float fontSize = 11.0f;
-constexpr int padding = 6;
-constexpr int textGap = 4;
+constexpr float linkTextSize = 11.0f;
+constexpr int linkPadding = 6;
+constexpr int linkTextGap = 4;
 
 // Two links of a chain in a box of 18 by 8, which lie apart when they join nothing.
 constexpr float iconWidth = 18.0f;
@@ -42,12 +42,12 @@ void LinkIconButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
     paintButtonPlate (g, getLocalBounds().toFloat(), getColour(), look);
 
     const auto caption = getButtonText();
-    const auto font = style::boldFont (fontSize);
-    const auto area = getLocalBounds().reduced (padding, 0);
+    const auto font = style::boldFont (linkTextSize);
+    const auto area = getLocalBounds().reduced (linkPadding, 0);
     const auto textWidth = caption.isEmpty() ? 0 : juce::GlyphArrangement::getStringWidthInt (font, caption) + 1;
     const auto scale = std::min (1.0f, static_cast<float> (std::max (area.getWidth(), 0)) / iconWidth);
     const auto drawnWidth = juce::roundToInt (iconWidth * scale);
-    const auto groupWidth = drawnWidth + (textWidth > 0 ? textGap + textWidth : 0);
+    const auto groupWidth = drawnWidth + (textWidth > 0 ? linkTextGap + textWidth : 0);
     auto group = area.withSizeKeepingCentre (std::min (groupWidth, area.getWidth()), area.getHeight());
 
     const auto iconArea = group.removeFromLeft (drawnWidth).toFloat();
@@ -59,7 +59,7 @@ void LinkIconButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
     if (textWidth == 0)
         return;
 
-    group.removeFromLeft (textGap);
+    group.removeFromLeft (linkTextGap);
     g.setFont (font);
     g.drawFittedText (caption, group, juce::Justification::centredLeft, 1, 0.85f);
 }

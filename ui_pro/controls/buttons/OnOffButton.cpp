@@ -10,9 +10,9 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr float fontSize = 12.0f;
+constexpr float onOffTextSize = 12.0f;
 constexpr float lampSize = 6.0f;
-constexpr int padding = 8;
+constexpr int onOffPadding = 8;
 
 /** A ring when off, a glowing disc when on: told apart without their colours. */
 void paintLamp (juce::Graphics& g, juce::Point<float> centre, juce::Colour accent, const ButtonLook& look)
@@ -49,13 +49,13 @@ void OnOffButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
 {
     paintButtonPlate (g, getLocalBounds().toFloat(), getColour(), look);
 
-    auto area = getLocalBounds().reduced (padding, 0);
+    auto area = getLocalBounds().reduced (onOffPadding, 0);
     const auto lampArea = area.removeFromLeft (static_cast<int> (lampSize));
-    area.removeFromLeft (padding - 2);
+    area.removeFromLeft (onOffPadding - 2);
     paintLamp (g, lampArea.toFloat().getCentre(), getColour(), look);
 
     const auto caption = getButtonText().isNotEmpty() ? getButtonText() : juce::String (look.on ? "ON" : "OFF");
-    g.setFont (style::boldFont (fontSize));
+    g.setFont (style::boldFont (onOffTextSize));
     g.setColour (plateTextColour (getColour(), look));
     g.drawFittedText (caption, area, juce::Justification::centredLeft, 1, 0.85f);
 }

@@ -8,8 +8,8 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int padding = 16; // beside a caption
-constexpr float fontSize = 12.0f;
+constexpr int tabPadding = 16; // beside a caption
+constexpr float tabTextSize = 12.0f;
 
 } // namespace
 
@@ -27,7 +27,8 @@ public:
 
     int getPreferredWidth() const
     {
-        return juce::GlyphArrangement::getStringWidthInt (style::boldFont (fontSize), getButtonText()) + 2 * padding;
+        return juce::GlyphArrangement::getStringWidthInt (style::boldFont (tabTextSize), getButtonText()) +
+            2 * tabPadding;
     }
 
     void paintButton (juce::Graphics& g, bool isHighlighted, bool) override
@@ -42,7 +43,7 @@ public:
         }
 
         g.setColour (on || isHighlighted ? palette.textPrimary : palette.textSecondary);
-        g.setFont (on ? style::boldFont (fontSize) : style::regularFont (fontSize));
+        g.setFont (on ? style::boldFont (tabTextSize) : style::regularFont (tabTextSize));
         g.drawText (getButtonText(), getLocalBounds().withTrimmedBottom (2), juce::Justification::centred, false);
 
         if (on)

@@ -15,7 +15,7 @@ constexpr int gapToControl = 6;
 constexpr float cornerRadius = 6.0f;
 constexpr float rowRadius = 4.0f;
 constexpr float textSize = 13.0f;
-constexpr float dotSize = 6.0f;
+constexpr float modeDotSize = 6.0f;
 constexpr float dotColumn = 24.0f;
 
 } // namespace
@@ -46,7 +46,7 @@ public:
             g.fillRoundedRectangle (area, rowRadius);
         }
 
-        const auto dot = area.removeFromLeft (dotColumn).withSizeKeepingCentre (dotSize, dotSize);
+        const auto dot = area.removeFromLeft (dotColumn).withSizeKeepingCentre (modeDotSize, modeDotSize);
 
         if (isCurrent)
         {

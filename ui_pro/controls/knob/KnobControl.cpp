@@ -200,9 +200,7 @@ void KnobControl::paint (juce::Graphics& g)
         });
 
     if (g.clipRegionIntersects (layout.knob))
-        paintKnobValue (g, knob,
-            { value, style::Theme::accentForId (style::accentRole (colourId)), isEnabled(),
-                dragging || isMouseOver() });
+        paintKnobValue (g, knob, { value, style::Theme::accent (colourId), isEnabled(), dragging || isMouseOver() });
 
     if (g.clipRegionIntersects (layout.value))
     {

@@ -7,9 +7,9 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int headingHeight = 24;
-constexpr int switchHeight = 28;
-constexpr int gap = 6;
+constexpr int gainHeadingHeight = 24;
+constexpr int gainSwitchHeight = 28;
+constexpr int gainGap = 6;
 constexpr int linkWidth = 68;
 constexpr int linkHeight = 24;
 constexpr int linkGap = 4;
@@ -46,9 +46,9 @@ GainSection::GainSection (const juce::String& title, juce::Colour accent)
 void GainSection::resized()
 {
     auto area = getLocalBounds();
-    heading.setBounds (area.removeFromTop (headingHeight));
-    autoGain.setBounds (area.removeFromBottom (switchHeight));
-    area.removeFromBottom (gap);
+    heading.setBounds (area.removeFromTop (gainHeadingHeight));
+    autoGain.setBounds (area.removeFromBottom (gainSwitchHeight));
+    area.removeFromBottom (gainGap);
 
     const auto knobWidth = std::max ((area.getWidth() - linkWidth - 2 * linkGap) / 2, 0);
     gain1.setBounds (area.removeFromLeft (knobWidth));

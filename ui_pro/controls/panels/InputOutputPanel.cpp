@@ -5,8 +5,8 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int paddingX = 14;
-constexpr int paddingY = 10;
+constexpr int sectionPaddingX = 14;
+constexpr int sectionPaddingY = 10;
 constexpr int sectionGap = 10;
 
 } // namespace
@@ -23,7 +23,7 @@ InputOutputPanel::InputOutputPanel (juce::Colour primary, juce::Colour secondary
 void InputOutputPanel::resized()
 {
     surface.setBounds (getLocalBounds());
-    auto area = getLocalBounds().reduced (paddingX, paddingY);
+    auto area = getLocalBounds().reduced (sectionPaddingX, sectionPaddingY);
     const auto height = (area.getHeight() - sectionGap) / 2;
     input.setBounds (area.removeFromTop (height));
     output.setBounds (area.removeFromBottom (height));

@@ -7,8 +7,8 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int gutter = 8;
-constexpr int padding = 14;
+constexpr int laneGutter = 8;
+constexpr int lanePadding = 14;
 constexpr int controlHeight = 30;
 constexpr int controlWidth = 112;
 
@@ -30,9 +30,9 @@ LaneStackPanel::Strip::Strip (juce::Colour primary, int number)
 void LaneStackPanel::Strip::resized()
 {
     surface.setBounds (getLocalBounds());
-    auto row = getLocalBounds().reduced (padding).removeFromTop (controlHeight);
+    auto row = getLocalBounds().reduced (lanePadding).removeFromTop (controlHeight);
     mode.setBounds (row.removeFromLeft (controlWidth));
-    row.removeFromLeft (gutter);
+    row.removeFromLeft (laneGutter);
     enabled.setBounds (row.removeFromLeft (controlWidth));
 }
 
@@ -51,10 +51,10 @@ void LaneStackPanel::resized()
         return;
 
     const auto count = getNumLanes();
-    const auto height = std::max (getHeight() - (count - 1) * gutter, 0) / count;
+    const auto height = std::max (getHeight() - (count - 1) * laneGutter, 0) / count;
 
     for (int lane = 0; lane < count; ++lane)
-        strips[static_cast<std::size_t> (lane)]->setBounds (0, lane * (height + gutter), getWidth(), height);
+        strips[static_cast<std::size_t> (lane)]->setBounds (0, lane * (height + laneGutter), getWidth(), height);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -20,21 +20,21 @@ juce::Path roundedShape (juce::Rectangle<float> r, float radius)
 
 juce::AccessibilityRole roleOf (PresetBrowserTarget::Look look)
 {
-    using Look = PresetBrowserTarget::Look;
+    using enum PresetBrowserTarget::Look;
     using Role = juce::AccessibilityRole;
 
     switch (look)
     {
-        case Look::chooser:
+        case chooser:
             return Role::comboBox;
-        case Look::tab:
+        case tab:
             return Role::radioButton;
-        case Look::menuItem:
+        case menuItem:
             return Role::menuItem;
-        case Look::heading:
+        case heading:
             return Role::staticText;
-        case Look::button:
-        case Look::primary:
+        case button:
+        case primary:
             break;
     }
     return Role::button;
