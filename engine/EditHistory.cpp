@@ -13,7 +13,13 @@ EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manag
     for (std::size_t i = 0; i < numParameters; ++i)
         tree[static_cast<Parameter> (i)].addListener (this);
 
-    tree.onFlush = [this] { flush(); };
+    tree.onFlush = [this]
+    {
+        flush();
+
+        if (depth == 0)
+            links.announce();
+    };
 }
 
 EditHistory::~EditHistory()
@@ -27,7 +33,7 @@ EditHistory::~EditHistory()
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
 {
     // A link that answers the host's automation makes gestures too, on any thread; they are not the user's.
-    if (isStarting && juce::MessageManager::existsAndIsCurrentThread() && depth > 0)
+    if (isStarting && stepThread == juce::Thread::getCurrentThreadId())
         touched[static_cast<std::size_t> (index)] = true;
 }
 
@@ -43,6 +49,9 @@ void EditHistory::beginStep (const juce::String& name)
     if (depth++ > 0)
         return;
 
+    if (juce::MessageManager::existsAndIsCurrentThread())
+        stepThread = juce::Thread::getCurrentThreadId();
+
     const juce::ScopedLock scope (lock);
     flush(); // what came before is not part of this step
     undoManager.beginNewTransaction (name.isEmpty() ? takePendingName() : name);
@@ -53,6 +62,7 @@ void EditHistory::endStep()
     if (depth == 0 || --depth > 0)
         return;
 
+    stepThread = juce::Thread::ThreadID();
     const juce::ScopedLock scope (lock);
     flush();
 

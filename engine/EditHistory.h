@@ -67,6 +67,7 @@ private:
     mutable juce::CriticalSection lock;
     std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made
     int depth = 0;                                           // of steps within each other
+    std::atomic<juce::Thread::ThreadID> stepThread {};       // the message thread while it makes one
 
     juce::SpinLock pendingLock;
     juce::String pendingName;

@@ -52,6 +52,7 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
     const auto newValues = valuesIn (newState);
+    links.forgetUnannounced(); // a host that restores reads every value
 
     for (std::size_t i = 0; i < numParameters; ++i)
         if (! tree.holds (static_cast<Parameter> (i), newValues[i]))

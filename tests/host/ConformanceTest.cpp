@@ -23,33 +23,9 @@ bool allFinite (const std::vector<float>& samples)
     return std::isfinite (peak (samples));
 }
 
-/** The module's own parameters in host order; what the wrapper adds is left out. */
-std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
-{
-    std::vector<Vst::ParameterInfo> result;
-
-    for (int32 i = 0; i < controller.getParameterCount(); ++i)
-    {
-        Vst::ParameterInfo info {};
-        EXPECT_EQ (controller.getParameterInfo (i, info), kResultOk);
-
-        if ((info.flags & Vst::ParameterInfo::kIsProgramChange) == 0)
-            result.push_back (info);
-    }
-
-    return result;
-}
-
 Vst::ParamID idOf (Vst3Instance& instance, const char* id)
 {
-    const auto parameters = parametersOf (*instance.controller);
-
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        if (juce::String (parameterTable[i].id) == id)
-            return parameters[i].id;
-
-    ADD_FAILURE() << id;
-    return 0;
+    return parameterIdOf (*instance.controller, id);
 }
 
 /** Noise through an instance, a block at a time, with the changes in front of the first block. */

@@ -1,5 +1,7 @@
 #include "tests/support/Vst3Module.h"
 
+#include "engine/parameters/ParameterTable.h"
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
@@ -111,6 +113,33 @@ void connect (Vst::IComponent& component, Vst::IEditController& controller, bool
 }
 
 } // namespace
+
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
+{
+    std::vector<Vst::ParameterInfo> result;
+
+    for (int32 i = 0; i < controller.getParameterCount(); ++i)
+    {
+        Vst::ParameterInfo info {};
+
+        if (controller.getParameterInfo (i, info) == kResultOk &&
+            (info.flags & Vst::ParameterInfo::kIsProgramChange) == 0)
+            result.push_back (info);
+    }
+
+    return result;
+}
+
+Vst::ParamID parameterIdOf (Vst::IEditController& controller, const char* id)
+{
+    const auto parameters = parametersOf (controller);
+
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (std::strcmp (parameterTable[i].id, id) == 0)
+            return parameters[i].id;
+
+    throw std::runtime_error (id);
+}
 
 Vst3Instance::Vst3Instance (Vst3Module& module)
     : component (module.createComponent()),

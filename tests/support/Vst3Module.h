@@ -169,6 +169,12 @@ Steinberg::IPtr<Interface> interfaceOf (Steinberg::FUnknown& object, const Stein
         : nullptr;
 }
 
+/** The module's own parameters in host order; what the wrapper adds is left out. */
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller);
+
+/** What the host calls a parameter that has this ID in our table. */
+Vst::ParamID parameterIdOf (Vst::IEditController& controller, const char* id);
+
 /** An audio effect with its controller, both initialised and connected. */
 class Vst3Instance
 {

@@ -1,0 +1,102 @@
+#include "tests/support/Vst3Host.h"
+#include "tests/support/Vst3Module.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <optional>
+#include <thread>
+
+namespace kestreleq::test
+{
+namespace
+{
+
+using namespace Steinberg;
+
+/** A host with one instance, which it processes; its thread is the module's message thread, or it is not. */
+struct Host
+{
+    explicit Host (bool sharesItsThread)
+    {
+        if (sharesItsThread)
+            loop.emplace (module);
+
+        instance.emplace (module);
+        instance->controller->setComponentHandler (&log);
+        instance->start (48000.0, 64);
+    }
+
+    void process (ParameterChanges* changes = nullptr)
+    {
+        std::array<float, 64> left {}, right {};
+        EXPECT_EQ (instance->process (left.data(), right.data(), 64, changes), kResultOk);
+    }
+
+    void automate (std::initializer_list<std::pair<const char*, double>> values)
+    {
+        ParameterChanges changes;
+
+        for (const auto& [id, value] : values)
+            changes.add (idOf (id), value);
+
+        process (&changes);
+    }
+
+    void wait (int milliseconds)
+    {
+        if (loop)
+            loop->pump (milliseconds);
+        else
+            std::this_thread::sleep_for (std::chrono::milliseconds (milliseconds));
+    }
+
+    /** What the host believes. */
+    double get (const char* id) { return instance->controller->getParamNormalized (idOf (id)); }
+
+    Vst::ParamID idOf (const char* id) { return parameterIdOf (*instance->controller, id); }
+
+    Vst3Module module;
+    std::optional<HostLoop> loop;
+    HandlerLog log;
+    std::optional<Vst3Instance> instance;
+};
+
+class HostChanges : public testing::TestWithParam<bool>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P (Threads, HostChanges, testing::Bool(),
+    [] (const auto& info) { return info.param ? "TheHostsIsTheModules" : "EachItsOwn"; });
+
+TEST_P (HostChanges, ThatLinkingCopiesAreToldOnceTheyRest)
+{
+    Host host (GetParam());
+    host.instance->controller->setParamNormalized (host.idOf ("sub"), 0.8);
+    host.wait (700);
+    EXPECT_EQ (host.log.of (host.idOf ("subR")), "begin 0.80 end");
+    EXPECT_FLOAT_EQ (static_cast<float> (host.get ("subR")), 0.8f);
+    EXPECT_EQ (host.log.size(), 3u) << "nothing else is told";
+
+    // A moving automation is not answered on the way.
+    host.log.clear();
+    for (int i = 1; i <= 15; ++i)
+    {
+        host.automate ({ { "airGain", i / 30.0 } });
+        host.wait (50);
+    }
+    EXPECT_EQ (host.log.size(), 0u);
+    host.wait (700);
+    EXPECT_EQ (host.log.of (host.idOf ("airGainR")), "begin 0.50 end");
+
+    // Nor is the host told what it has said itself.
+    host.log.clear();
+    host.automate ({ { "40hz", 0.3 }, { "40hzR", 0.6 } });
+    host.wait (700);
+    EXPECT_EQ (host.log.of (host.idOf ("40hzR")), "");
+    EXPECT_EQ (host.log.of (host.idOf ("40hz")), "begin 0.60 end");
+}
+
+} // namespace
+} // namespace kestreleq::test
