@@ -37,6 +37,12 @@ foreach(edit begin end)
         "        if (! inParameterChangedCallback && ! inSetState && MessageManager::getInstance()->isThisTheMessageThread())\n            ${edit}Edit (vstParamId);")
 endforeach()
 
+# Changes that another thread than the message thread has made wait for the next block, to be handed over to the host. What
+# waits when the host restores a state is no change of that state.
+mend("changes made before a restore come back after it"
+    "            pluginInstance->setStateInformation (data, static_cast<int> (size));"
+    "        {\n            pluginInstance->setStateInformation (data, static_cast<int> (size));\n            comPluginInstance->forAllChangedParameters ([] (Vst::ParamID, float) {});\n        }")
+
 file(CONFIGURE OUTPUT "${copies}/${file}" CONTENT "@text@" @ONLY)
 get_target_property(sources juce_audio_plugin_client_VST3 INTERFACE_SOURCES)
 list(TRANSFORM sources REPLACE ".*/juce_audio_plugin_client_VST3\\.cpp$" "${copies}/${file}")

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
 #include <chrono>
+#include <cmath>
 #include <optional>
 #include <thread>
 
@@ -14,6 +16,8 @@ namespace
 {
 
 using namespace Steinberg;
+
+constexpr Vst::ParamID programId = 0x70727374; // the wrapper's own
 
 /** A host with one instance, which it processes; its thread is the module's message thread, or it is not. */
 struct Host
@@ -28,11 +32,13 @@ struct Host
         instance->start (48000.0, 64);
     }
 
-    void process (ParameterChanges* changes = nullptr)
+    void process (ParameterChanges* changes = nullptr, ParameterChanges* answer = nullptr)
     {
         std::array<float, 64> left {}, right {};
-        EXPECT_EQ (instance->process (left.data(), right.data(), 64, changes), kResultOk);
+        EXPECT_EQ (instance->process (left.data(), right.data(), 64, changes, answer), kResultOk);
     }
+
+    void setProgram (int program) { instance->controller->setParamNormalized (programId, program / 5.0); }
 
     void automate (std::initializer_list<std::pair<const char*, double>> values)
     {
@@ -96,6 +102,25 @@ TEST_P (HostChanges, ThatLinkingCopiesAreToldOnceTheyRest)
     host.wait (700);
     EXPECT_EQ (host.log.of (host.idOf ("40hzR")), "");
     EXPECT_EQ (host.log.of (host.idOf ("40hz")), "begin 0.60 end");
+}
+
+// A host that opens a project may set the program first and the state after it, and process only then.
+TEST_P (HostChanges, ThatWereMadeBeforeARestoreAreNotHandedOverAfterIt)
+{
+    Host host (GetParam());
+    host.automate ({ { "trim", 0.25 }, { "bypass", 1.0 } });
+    const auto project = host.instance->save();
+
+    host.setProgram (2);
+    EXPECT_EQ (host.instance->restore (project), kResultOk);
+    ParameterChanges handedOver;
+    host.process (nullptr, &handedOver);
+    EXPECT_EQ (handedOver.getParameterCount(), 0);
+    EXPECT_EQ (host.instance->save(), project);
+
+    host.setProgram (2); // but a program that no restore follows is
+    host.process (nullptr, &handedOver);
+    EXPECT_EQ (handedOver.getParameterCount() > 0, ! GetParam()) << "told at once by its own thread";
 }
 
 } // namespace

@@ -179,7 +179,8 @@ void Vst3Instance::stop()
     component->setActive (false);
 }
 
-tresult Vst3Instance::process (float* left, float* right, int numSamples, ParameterChanges* changes)
+tresult Vst3Instance::process (
+    float* left, float* right, int numSamples, ParameterChanges* changes, ParameterChanges* answer)
 {
     std::array<float*, 2> channels { left, right };
     Vst::AudioBusBuffers bus;
@@ -193,6 +194,7 @@ tresult Vst3Instance::process (float* left, float* right, int numSamples, Parame
     data.numInputs = data.numOutputs = 1;
     data.inputs = data.outputs = &bus;
     data.inputParameterChanges = changes;
+    data.outputParameterChanges = answer;
     return processor->process (data);
 }
 

@@ -91,9 +91,11 @@ public:
         return &queues[static_cast<std::size_t> (index)];
     }
 
-    Vst::IParamValueQueue* PLUGIN_API addParameterData (const Vst::ParamID&, Steinberg::int32&) override
+    Vst::IParamValueQueue* PLUGIN_API addParameterData (const Vst::ParamID& id, Steinberg::int32& index) override
     {
-        return nullptr;
+        index = getParameterCount();
+        add (id, 0.0);
+        return &queues.back();
     }
 
 private:
@@ -118,9 +120,10 @@ private:
             return Steinberg::kResultOk;
         }
 
-        Steinberg::tresult PLUGIN_API addPoint (Steinberg::int32, Vst::ParamValue, Steinberg::int32&) override
+        Steinberg::tresult PLUGIN_API addPoint (Steinberg::int32, Vst::ParamValue point, Steinberg::int32&) override
         {
-            return Steinberg::kResultFalse;
+            value = point;
+            return Steinberg::kResultOk;
         }
 
         Vst::ParamID id;
@@ -191,8 +194,9 @@ public:
     void start (double sampleRate, int maximumBlock);
     void stop();
 
-    /** In place, two channels; the changes may be none. */
-    Steinberg::tresult process (float* left, float* right, int numSamples, ParameterChanges* changes = nullptr);
+    /** In place, two channels; there may be no changes, and nobody who wants to know the module's own. */
+    Steinberg::tresult process (float* left, float* right, int numSamples, ParameterChanges* changes = nullptr,
+        ParameterChanges* answer = nullptr);
 
     std::vector<char> save();
     Steinberg::tresult restore (const std::vector<char>& state);
