@@ -142,7 +142,10 @@ void KestrelProcessor::setCurrentProgram (int index)
             core.setAllParameters (
                 valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
             ++stateChangeCounter;
-            updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
+
+            // On any other thread it is the host that sets the program, and would read its own old values on this.
+            if (juce::MessageManager::existsAndIsCurrentThread())
+                updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
         });
 }
 

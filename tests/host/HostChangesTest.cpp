@@ -123,5 +123,37 @@ TEST_P (HostChanges, ThatWereMadeBeforeARestoreAreNotHandedOverAfterIt)
     EXPECT_EQ (handedOver.getParameterCount() > 0, ! GetParam()) << "told at once by its own thread";
 }
 
+TEST_P (HostChanges, AProgramStaysChosen)
+{
+    Host host (GetParam());
+    auto& controller = *host.instance->controller;
+    std::atomic<int> restarts { 0 };
+
+    // A host that is told to reads all values again and sends back what it has read.
+    host.log.onRestart = [&] (int32 flags)
+    {
+        if ((flags & Vst::kParamValuesChanged) == 0)
+            return;
+
+        ++restarts;
+        const auto value = controller.getParamNormalized (programId);
+        std::this_thread::sleep_for (std::chrono::milliseconds (1));
+        controller.setParamNormalized (programId, value);
+    };
+
+    int kept = 0;
+    for (int i = 0; i < 100; ++i)
+    {
+        const auto program = 1 + i % 5;
+        host.setProgram (program);
+        host.wait (3);
+        kept += std::lround (controller.getParamNormalized (programId) * 5.0) == program;
+        host.process();
+    }
+
+    EXPECT_EQ (kept, 100);
+    EXPECT_EQ (restarts > 0, GetParam()) << "its own thread is told at once, no other ever";
+}
+
 } // namespace
 } // namespace kestreleq::test
