@@ -13,12 +13,12 @@ EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manag
     for (std::size_t i = 0; i < numParameters; ++i)
         tree[static_cast<Parameter> (i)].addListener (this);
 
-    tree.onFlush = [this] { flush(); };
+    tree.state.addListener (this);
 }
 
 EditHistory::~EditHistory()
 {
-    tree.onFlush = nullptr;
+    tree.state.removeListener (this);
 
     for (std::size_t i = 0; i < numParameters; ++i)
         tree[static_cast<Parameter> (i)].removeListener (this);
@@ -65,11 +65,17 @@ void EditHistory::endStep()
 void EditHistory::flush()
 {
     const juce::ScopedLock scope (lock);
+    const bool lookAtAll = treeHasChanged.exchange (false);
 
     for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const juce::String id (parameterTable[i].id);
         const auto value = tree.getValues()[static_cast<Parameter> (i)];
+
+        if (value == flushed[i] && ! lookAtAll)
+            continue;
+
+        const juce::String id (parameterTable[i].id);
+        flushed[i] = value;
 
         if (tree.read (id) != value)
             tree.write (id, value, touched[i] ? &undoManager : nullptr);
