@@ -31,10 +31,20 @@ public:
 private:
     void timerCallback() override
     {
-        const juce::ScopedLock scope (lock);
+        const juce::SharedResourcePointer<Source> untilReturn; // another thread may drop the last tick
 
-        for (std::size_t i = 0; i < ticks.size(); ++i) // a call may drop ticks
-            ticks[i]->function();
+        for (std::size_t i = 0;; ++i) // the list may change meanwhile
+        {
+            const juce::ScopedLock scope (lock);
+
+            if (i >= ticks.size())
+                return;
+
+            const auto& tick = *ticks[i];
+            const juce::ScopedLock call (tick.calling);
+            const juce::ScopedUnlock others (lock); // what is called may wait for a thread that makes or drops a tick
+            tick.function();
+        }
     }
 
     juce::CriticalSection lock;
@@ -50,6 +60,7 @@ SharedTick::SharedTick (std::function<void()> functionToCall)
 SharedTick::~SharedTick()
 {
     source->remove (*this);
+    const juce::ScopedLock untilCallHasEnded (calling);
 }
 
 } // namespace kestreleq

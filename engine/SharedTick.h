@@ -10,7 +10,7 @@ namespace kestreleq
 /** Calls a function ten times a second on the message thread for as long as it lives. All ticks of the process come
    from one timer: two hundred instances with a timer each would wake two threads two thousand times a second.
 
-    Made and dropped on any thread; dropping waits for a call that is under way. */
+    Made and dropped on any thread, but not dropped by its own function; dropping waits for a call that is under way. */
 class SharedTick final
 {
 public:
@@ -24,6 +24,7 @@ private:
     class Source;
 
     const std::function<void()> function;
+    juce::CriticalSection calling; // held during a call
     const juce::SharedResourcePointer<Source> source;
 };
 

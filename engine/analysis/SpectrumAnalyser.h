@@ -24,7 +24,7 @@ public:
     static constexpr std::size_t numSlots = 2;
 
     /** Starts from silence and keeps the switches. Sizes all buffers if the analyser is on; else it gives back their
-        memory, 600 KB of it, until it is switched on.
+        memory until it is switched on.
         @param newSampleRate  in Hz; not finite or at most 40: returns false and stays unprepared
         @param frameLength    of the FFT in samples, 0 for 4096; rounded up to a power of two within 256..65536
         @param hop            samples from one frame to the next, 0 for a quarter of the frame; within 1..frame length
