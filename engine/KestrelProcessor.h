@@ -19,7 +19,8 @@ namespace kestreleq
 class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::strips::FooterTelemetrySource
 {
 public:
-    KestrelProcessor();
+    /** Another form of the inner loops than the best one is for benchmarks. */
+    explicit KestrelProcessor (const dsp::simd::Kernels& kernelsToUse = dsp::simd::bestKernels());
 
     KestrelCore& getCore() { return core; }
 
@@ -46,6 +47,9 @@ public:
     void prepareToPlay (double sampleRate, int maximumBlockSize) override;
 
     void releaseResources() override {}
+
+    /** Clears what the filters remember and whatever is under way, before the next block. Any thread. */
+    void reset() override { core.reset(); }
 
     /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
     void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) KESTREL_NONBLOCKING override;
@@ -124,6 +128,7 @@ private:
     void measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void registerRenderTime (juce::int64 ticks, int numSamples);
 
+    const dsp::simd::Kernels& kernels;
     KestrelCore core;
     juce::AudioProcessorParameter* const bypassParameter;
     std::atomic<int> currentProgram { 0 };

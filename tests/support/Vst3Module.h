@@ -11,6 +11,7 @@
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 namespace kestreleq::test
@@ -168,6 +169,15 @@ Steinberg::IPtr<Interface> interfaceOf (Steinberg::FUnknown& object, const Stein
         ? Steinberg::owned (static_cast<Interface*> (found))
         : nullptr;
 }
+
+/** The module's own parameters in host order; what the wrapper adds is left out. */
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller);
+
+/** The host's number for a parameter's ID. Throws std::out_of_range where there is none. */
+Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id);
+
+/** The parameter that selects programs. */
+Vst::ParamID programParameterId (Vst::IEditController& controller);
 
 /** An audio effect with its controller, both initialised and connected. */
 class Vst3Instance
