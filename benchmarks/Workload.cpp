@@ -120,8 +120,7 @@ Process makeWorkload (Task task, dsp::simd::InstructionSet form, int rate, int b
 
     return [engine, settings, moving = Moving()] (float* left, float* right, int numSamples) mutable
     {
-        for (auto& lane : settings.lanes)
-            lane.bands[0] = lane.airAmount = moving.next();
+        settings.trim = moving.next();
 
         engine->setParameters (settings);
         engine->process (left, right, numSamples);

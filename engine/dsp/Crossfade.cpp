@@ -1,8 +1,9 @@
 #include "engine/dsp/Crossfade.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <limits>
+#include <cstdint>
 
 namespace kestreleq::dsp
 {
@@ -33,6 +34,14 @@ float raisedCosine (float t)
     return 0.5f + 0.5f * sine;
 }
 
+/** By its bits, which compiles to a loop without branches. */
+float finiteOrZero (float y)
+{
+    constexpr std::uint32_t exponent = 0x7f800000u;
+    const auto bits = std::bit_cast<std::uint32_t> (y);
+    return std::bit_cast<float> ((bits & exponent) != exponent ? bits : 0u);
+}
+
 } // namespace
 
 void Crossfade::prepare (double sampleRate)
@@ -49,27 +58,27 @@ void Crossfade::start (SettingsChange change, int blockLength)
     position = 0;
 }
 
-void Crossfade::advance (float* shares, int numSamples)
+void Crossfade::mix (const StereoPointers<const float>& one, const StereoPointers<float>& other, int numSamples)
 {
-    const auto whole = static_cast<float> (length);
+    const auto mixByShare = [&, whole = static_cast<float> (length), next = position + 1] (const auto& curve)
+    {
+        const auto& [oldLeft, oldRight] = one;
+        const auto& [left, right] = other;
 
-    for (int n = 0; n < numSamples; ++n)
-        shares[n] = static_cast<float> (position + n + 1) / whole;
+        for (int n = 0; n < numSamples; ++n)
+        {
+            const auto share = curve (static_cast<float> (next + n) / whole);
+            left[n] = finiteOrZero (oldLeft[n] + share * (left[n] - oldLeft[n]));
+            right[n] = finiteOrZero (oldRight[n] + share * (right[n] - oldRight[n]));
+        }
+    };
 
     if (curved)
-        for (int n = 0; n < numSamples; ++n)
-            shares[n] = raisedCosine (shares[n]);
+        mixByShare ([] (float t) { return raisedCosine (t); });
+    else
+        mixByShare ([] (float t) { return t; });
 
     position += numSamples;
-}
-
-void mixInto (float* other, const float* one, const float* shares, int numSamples)
-{
-    for (int n = 0; n < numSamples; ++n)
-    {
-        const auto y = one[n] + shares[n] * (other[n] - one[n]);
-        other[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
-    }
 }
 
 } // namespace kestreleq::dsp

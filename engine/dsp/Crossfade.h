@@ -5,6 +5,14 @@
 namespace kestreleq::dsp
 {
 
+/** A left and a right channel. */
+template <typename Sample>
+struct StereoPointers
+{
+    Sample* left;
+    Sample* right;
+};
+
 /** The way from old to new settings: the new ones' share of the output grows from 0 to 1, in a straight line for values
     and as a raised cosine for switches. Once prepared, for the audio thread alone. */
 class Crossfade
@@ -23,8 +31,9 @@ public:
     /** Samples until the new settings stand alone. */
     int getRemaining() const { return length - position; }
 
-    /** The shares of the next samples, as many as asked for. */
-    void advance (float* shares, int numSamples);
+    /** Takes the next samples of both channels from one signal to the other, in place of the other. Where both agree
+        they stay as they are; what is not finite becomes 0. */
+    void mix (const StereoPointers<const float>& one, const StereoPointers<float>& other, int numSamples);
 
 private:
     int valueLength = 1;
@@ -33,8 +42,5 @@ private:
     int position = 0;
     bool curved = false;
 };
-
-/** Goes from one signal to the other by the other's shares, in place of the other. What is not finite becomes 0. */
-void mixInto (float* other, const float* one, const float* shares, int numSamples);
 
 } // namespace kestreleq::dsp

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace kestreleq::dsp
 {
@@ -188,20 +189,19 @@ void EqEngine::processFading (float* left, float* right, int numSamples)
     while (fade.isRunning() && numSamples > 0)
     {
         const auto length = std::min ({ simd::chunkSize, fade.getRemaining(), numSamples });
-        float* const channels[] = { left, right };
-        float before[numLanes][simd::chunkSize];
-        float shares[simd::chunkSize];
+        const auto size = static_cast<std::size_t> (length) * sizeof (float);
+        float oldLeft[simd::chunkSize], oldRight[simd::chunkSize];
+        std::memcpy (oldLeft, left, size);
+        std::memcpy (oldRight, right, size);
 
-        for (std::size_t i = 0; i < numLanes; ++i)
-            std::copy_n (channels[i], length, before[i]);
-
-        outgoing.process (kernels, gateRows, before[0], before[1], length);
+        outgoing.process (kernels, gateRows, oldLeft, oldRight, length);
         path.process (kernels, gateRows, left, right, length);
-        fade.advance (shares, length);
 
-        for (std::size_t i = 0; i < numLanes; ++i)
-            if (! (outgoing.passes (i) && path.passes (i)))
-                mixInto (channels[i], before[i], shares, length);
+        // What neither touches stays to the last bit, a number that is none included.
+        const auto isUntouched = [this] (std::size_t channel)
+        { return outgoing.passes (channel) && path.passes (channel); };
+        fade.mix (
+            { oldLeft, oldRight }, { isUntouched (0) ? oldLeft : left, isUntouched (1) ? oldRight : right }, length);
 
         left += length;
         right += length;

@@ -95,7 +95,7 @@ const Settings apart { { "link", 0 }, { "sub", 0.65 }, { "40hz", 0.6 }, { "160hz
 
 void expectBelow (double measured, double limit, const std::string& what)
 {
-    std::printf ("%s: %.1f\n", what.c_str(), measured);
+    testing::Test::RecordProperty (what, std::to_string (measured));
     EXPECT_LT (measured, limit) << what;
 }
 
