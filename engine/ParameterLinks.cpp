@@ -132,6 +132,12 @@ void ParameterLinks::copyTo (Parameter target, Parameter source, float value)
 
 void ParameterLinks::announce()
 {
+    if (unannounced == 0)
+    {
+        restingLooks.fill (0);
+        return;
+    }
+
     for (std::size_t i = 0; i < numParameters; ++i)
     {
         auto& parameter = tree[static_cast<Parameter> (i)];
