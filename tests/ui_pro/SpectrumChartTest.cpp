@@ -171,23 +171,17 @@ TEST (SpectrumChart, LooksTheSameThroughTheStaticRoutineAtEveryScale)
     }
 }
 
-TEST (SpectrumPainter, PlacesBinsAtEdgesOrCentres)
+TEST (SpectrumPainter, KeepsTheHighestOfWhatStandsTooClose)
 {
-    const std::array<float, 2> levels { -84.0f, 24.0f };
-    const auto paintedAt = [&levels] (BinPlacement placement)
-    {
-        juce::Image picture (juce::Image::ARGB, 200, 100, true, juce::SoftwareImageType());
-        juce::Graphics g (picture);
-        SpectrumLook look { juce::Colours::white };
-        look.placement = placement;
-        look.fill = false;
-        paintSpectrum (g, { 0.0f, 0.0f, 200.0f, 100.0f }, levels, look);
-        return picture;
-    };
-    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::edges), 100), 50, 1);
-    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::edges), 60), 70, 1);
-    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::centres), 100), 50, 1);
-    EXPECT_NEAR (traceRow (paintedAt (BinPlacement::centres), 60), 90, 1);
+    const ChartAxes axes { .plot = { 0.0f, 0.0f, 300.0f, 108.0f } };
+    const std::array<float, 6> frequencies { 20.0f, 201.0f, 205.0f, 2000.0f, 21000.0f, 30000.0f };
+    const std::array<float, 6> levels { -84.0f, -6.0f, -60.0f, 24.0f, -50.0f, -20.0f };
+    const auto points = makeSpectrumPoints (axes, frequencies, levels, 2.0f);
+    ASSERT_EQ (points.size(), 4u);
+    EXPECT_NEAR (points[1].x, axes.xFor (201.0), 1e-3f);
+    EXPECT_NEAR (points[1].y, 30.0f, 1e-3f);
+    EXPECT_NEAR (points[3].y, 44.0f, 1e-3f) << "beyond the end it stands at the end";
+    EXPECT_EQ (points[3].x, 300.0f);
 }
 
 } // namespace
