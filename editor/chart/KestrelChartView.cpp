@@ -119,8 +119,9 @@ void KestrelChartView::rebuildCurve()
 
 void KestrelChartView::paint (juce::Graphics& g)
 {
+    const auto pixels = primitives::PixelGrid::of (g, *this);
     background.draw (
-        g, *this, [this] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes); });
+        g, *this, [&] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes, pixels); });
 
     const juce::Graphics::ScopedSaveState saved (g);
     g.reduceClipRegion (axes.plot.getSmallestIntegerContainer());
@@ -130,7 +131,7 @@ void KestrelChartView::paint (juce::Graphics& g)
         g.reduceClipRegion (axes.plot.withTrimmedBottom (2.0f).getSmallestIntegerContainer());
         paintSpectrum (g);
     }
-    paintChartGrid (g, axes);
+    paintChartGrid (g, axes, pixels);
     paintChartCurve (g, axes, curve, colour);
     paintNodes (g);
 }
