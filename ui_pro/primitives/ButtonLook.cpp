@@ -1,13 +1,13 @@
-#include "ui_pro/controls/buttons/ButtonLook.h"
+#include "ui_pro/primitives/ButtonLook.h"
 
 #include "ui_pro/style/Theme.h"
 
-namespace quillon::ui_pro::controls
+namespace quillon::ui_pro::primitives
 {
 namespace
 {
 
-constexpr float cornerRadius = 5.0f;
+constexpr float plateRadius = 5.0f;
 const juce::Colour plateTop { 0xff262d34 };
 const juce::Colour plateBottom { 0xff1a1f24 };
 const juce::Colour plateOn { 0xff14181c }; // under the accent
@@ -64,7 +64,7 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
     }
 
     g.setGradientFill (juce::ColourGradient::vertical (top, plate.getY(), bottom, plate.getBottom()));
-    g.fillRoundedRectangle (plate, cornerRadius);
+    g.fillRoundedRectangle (plate, plateRadius);
 
     if (! look.enabled)
         g.setColour (look.on ? lit : edgeDisabled);
@@ -73,10 +73,10 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
     else
         g.setColour (look.hovered ? edge.brighter (0.4f) : edge);
 
-    g.drawRoundedRectangle (plate, cornerRadius, 1.0f);
+    g.drawRoundedRectangle (plate, plateRadius, 1.0f);
 
     if (look.focused)
-        paintFocusRing (g, r, cornerRadius);
+        paintFocusRing (g, r, plateRadius);
 }
 
-} // namespace quillon::ui_pro::controls
+} // namespace quillon::ui_pro::primitives
