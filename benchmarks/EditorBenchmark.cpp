@@ -172,6 +172,23 @@ void editorIdleTick (benchmark::State& state)
     state.counters["painted"] = static_cast<double> (painted);
 }
 
+/** One frame of the support sheet's slide, in and out again. Width in pixels. */
+void sheetFrame (benchmark::State& state)
+{
+    Scene scene (static_cast<int> (state.range (0)), true);
+    auto& overlay = scene.editor->getOverlay();
+
+    for (auto _ : state)
+    {
+        if (! overlay.isAnimating())
+            overlay.getProgress() > 0.0f ? overlay.close() : scene.editor->openSupport();
+
+        scene.now += 1000.0 / 60.0;
+        overlay.advance();
+        scene.paint();
+    }
+}
+
 /** From nothing to the first picture, while another instance's editor is open. */
 void editorOpening (benchmark::State& state)
 {
@@ -189,13 +206,12 @@ void editorOpening (benchmark::State& state)
 }
 
 BENCHMARK (editorTick)
-    ->Args ({ 836, 1 })
-    ->Args ({ 836, 0 })
-    ->Args ({ 1672, 1 })
-    ->Args ({ 1672, 0 })
+    ->ArgNames ({ "width", "linked" })
+    ->ArgsProduct ({ { 836, 1672, 3344 }, { 1, 0 } })
     ->Unit (benchmark::kMillisecond);
 BENCHMARK (tenEditorsTick)->Unit (benchmark::kMillisecond);
 BENCHMARK (editorIdleTick)->Unit (benchmark::kMicrosecond);
+BENCHMARK (sheetFrame)->ArgName ("width")->Arg (836)->Arg (1672)->Unit (benchmark::kMillisecond);
 BENCHMARK (editorOpening)->Unit (benchmark::kMillisecond);
 
 } // namespace

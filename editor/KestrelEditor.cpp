@@ -79,7 +79,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
     {
-        lanes[lane] = std::make_unique<LaneSection> (processor, lane, [this] { header.refreshCommands(); });
+        lanes[lane] = std::make_unique<LaneSection> (processor, lane, stepHooks());
         lanes[lane]->addTo (content);
     }
 
@@ -101,10 +101,22 @@ KestrelEditor::~KestrelEditor()
 
     if (resizableCorner != nullptr)
         resizableCorner->setLookAndFeel (nullptr);
+}
 
-    scaffold->getGlobalPanel().getTrimKnob().endDrag();
-    breakAttachment.reset();
-    trimAttachment.reset();
+/** A gesture is a step of the history. */
+primitives::GestureHooks KestrelEditor::stepHooks()
+{
+    const auto enclose = [this] (auto&& act)
+    {
+        return [this, act]
+        {
+            act (processor.getCore().getHistory());
+            header.refreshCommands();
+        };
+    };
+
+    return { enclose ([] (EditHistory& history) { history.beginStep(); }),
+        enclose ([] (EditHistory& history) { history.endStep(); }) };
 }
 
 void KestrelEditor::initialiseScaffold()
@@ -112,17 +124,8 @@ void KestrelEditor::initialiseScaffold()
     // No undo manager: attachments would use it without the history's lock, and the steps are begun below.
     scaffold = std::make_unique<controls::EffectEditorScaffold> (processor.getCore().getTree(), globalParameters(),
         style::Theme::accent (5), style::Theme::accent (16), nullptr);
-    scaffold->onGestureStart = [this]
-    {
-        processor.getCore().getHistory().beginStep();
-        header.refreshCommands();
-    };
-    scaffold->onGestureEnd = [this]
-    {
-        processor.getCore().getHistory().endStep();
-        header.refreshCommands();
-    };
-
+    scaffold->onGestureStart = stepHooks().start;
+    scaffold->onGestureEnd = stepHooks().end;
     scaffold->onLinkChanged = [this] { triggerAsyncUpdate(); };
     scaffold->onMsModeChanged = [this] { triggerAsyncUpdate(); };
     scaffold->setLaneAreaVisible (false);

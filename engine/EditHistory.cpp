@@ -8,11 +8,10 @@ namespace kestreleq
 EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks)
     : tree (parameterTree),
       undoManager (manager),
-      links (parameterLinks),
-      values (parameterTree)
+      links (parameterLinks)
 {
-    for (const auto& info : parameterTable)
-        tree.getParameter (info.id)->addListener (this);
+    for (std::size_t i = 0; i < numParameters; ++i)
+        tree[static_cast<Parameter> (i)].addListener (this);
 
     tree.onFlush = [this] { flush(); };
 }
@@ -21,8 +20,8 @@ EditHistory::~EditHistory()
 {
     tree.onFlush = nullptr;
 
-    for (const auto& info : parameterTable)
-        tree.getParameter (info.id)->removeListener (this);
+    for (std::size_t i = 0; i < numParameters; ++i)
+        tree[static_cast<Parameter> (i)].removeListener (this);
 }
 
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
@@ -70,7 +69,7 @@ void EditHistory::flush()
     for (std::size_t i = 0; i < numParameters; ++i)
     {
         const juce::String id (parameterTable[i].id);
-        const auto value = values[static_cast<Parameter> (i)];
+        const auto value = tree.getValues()[static_cast<Parameter> (i)];
 
         if (tree.read (id) != value)
             tree.write (id, value, touched[i] ? &undoManager : nullptr);
@@ -92,16 +91,12 @@ bool EditHistory::step (bool (juce::UndoManager::*move)())
 
     // The tree now holds what the parameters must; the framework passes on an undo but for a value's last bit, and no
     // redo of a value that was written past it.
-    for (const auto& info : parameterTable)
+    for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const auto value = tree.read (info.id);
-        auto& heard = *tree.getRawParameterValue (info.id);
+        const auto value = tree.read (parameterTable[i].id);
 
-        if (heard != value)
-        {
-            tree.getParameter (info.id)->setValueNotifyingHost (value);
-            heard = value;
-        }
+        if (! tree.holds (static_cast<Parameter> (i), value))
+            tree.setExactly (static_cast<Parameter> (i), value);
     }
 
     return true;

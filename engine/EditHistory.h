@@ -2,7 +2,7 @@
 
 #include "engine/ParameterLinks.h"
 #include "engine/ParameterTree.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 
 #include <array>
 #include <atomic>
@@ -63,7 +63,6 @@ private:
     ParameterTree& tree;
     juce::UndoManager& undoManager;
     ParameterLinks& links;
-    ParameterValues values;
 
     mutable juce::CriticalSection lock;
     std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made

@@ -1,8 +1,5 @@
 #include "engine/KestrelCore.h"
 
-#include "engine/parameters/ParameterLayout.h"
-#include "engine/parameters/TreeNames.h"
-
 #include <algorithm>
 
 namespace kestreleq
@@ -35,8 +32,8 @@ constexpr std::size_t spectrumPoints = 512;
 } // namespace
 
 KestrelCore::KestrelCore (juce::AudioProcessor& processor)
-    : tree (processor, &undoManager, tree_names::parameters, createParameterLayout()),
-      values (tree),
+    : tree (processor, undoManager),
+      values (tree.getValues()),
       links (tree),
       history (tree, undoManager, links)
 {
@@ -46,15 +43,7 @@ juce::ValueTree KestrelCore::copyState()
 {
     const juce::ScopedLock lock (history.getLock());
     history.flush();
-    auto copy = tree.copyState();
-
-    // The tree leaves out changes in a value's last bit.
-    for (std::size_t i = 0; i < numParameters; ++i)
-        copy.getChildWithProperty (tree_names::id, parameterTable[i].id)
-            .setProperty (tree_names::value,
-                static_cast<double> (tree.getRawParameterValue (parameterTable[i].id)->load()), nullptr);
-
-    return copy;
+    return tree.copyState();
 }
 
 void KestrelCore::replaceState (const juce::ValueTree& newState)
@@ -65,15 +54,8 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const auto newValues = valuesIn (newState);
 
     for (std::size_t i = 0; i < numParameters; ++i)
-    {
-        auto& parameter = *tree.getParameter (parameterTable[i].id);
-
-        // The tree leaves a value alone that differs in its last bit only.
-        if (parameter.getValue() != newValues[i])
-            parameter.setValueNotifyingHost (newValues[i]);
-
-        tree.getRawParameterValue (parameterTable[i].id)->store (newValues[i]);
-    }
+        if (! tree.holds (static_cast<Parameter> (i), newValues[i]))
+            tree.setExactly (static_cast<Parameter> (i), newValues[i]);
 }
 
 void KestrelCore::applyState (const juce::ValueTree& state, const juce::String& operationName)
@@ -90,11 +72,10 @@ void KestrelCore::setAllParameters (
         {
             for (std::size_t i = 0; i < numParameters; ++i)
             {
-                auto& parameter = *tree.getParameter (parameterTable[i].id);
-                parameter.beginChangeGesture();
-                parameter.setValueNotifyingHost (newValues[i]);
-                tree.getRawParameterValue (parameterTable[i].id)->store (parameter.getValue());
-                parameter.endChangeGesture();
+                const auto parameter = static_cast<Parameter> (i);
+                tree[parameter].beginChangeGesture();
+                tree.setExactly (parameter, newValues[i]);
+                tree[parameter].endChangeGesture();
             }
         });
 }

@@ -6,7 +6,6 @@
 #include "engine/analysis/SpectrumAnalyser.h"
 #include "engine/dsp/EqEngine.h"
 #include "engine/dsp/GainRider.h"
-#include "engine/parameters/ParameterValues.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -26,7 +25,9 @@ public:
 
     /** The parameters, and the history of the edits made to them. Parameters from any thread, the rest from the message
         thread. */
-    juce::AudioProcessorValueTreeState& getTree() { return tree; }
+    ParameterTree& getTree() { return tree; }
+
+    const ParameterTree& getTree() const { return tree; }
 
     juce::UndoManager& getUndoManager() { return undoManager; }
 
@@ -81,7 +82,7 @@ private:
     // In this order: what is watched and recorded outlives what watches and records.
     juce::UndoManager undoManager;
     ParameterTree tree;
-    ParameterValues values;
+    const ParameterValues& values;
 
     dsp::EngineParameters parameters; // those of the last block
     bool inputAutoGain = false;

@@ -20,12 +20,12 @@ const float* secondChannel (const juce::AudioBuffer<float>& buffer)
 
 } // namespace
 
-KestrelProcessor::KestrelProcessor()
+KestrelProcessor::KestrelProcessor (EditorFactory factory)
     : AudioProcessor (BusesProperties()
                           .withInput ("Input", juce::AudioChannelSet::stereo())
                           .withOutput ("Output", juce::AudioChannelSet::stereo())),
       core (*this),
-      bypassParameter (core.getTree().getParameter (infoOf (Parameter::bypass).id))
+      createNewEditor (factory)
 {
     quillon::ui::settings::SettingsScopeManager::setContextFromAnyThread ("KestrelEQ");
 }
@@ -166,6 +166,13 @@ void KestrelProcessor::setStateInformation (const void* data, int size)
             editorScaleStep = state->editorScaleStep;
             ++stateChangeCounter;
         });
+}
+
+juce::AudioProcessorEditor* KestrelProcessor::createEditor()
+{
+    juce::AudioProcessorEditor* editor = nullptr;
+    contain ([&] { editor = createNewEditor != nullptr ? createNewEditor (*this) : nullptr; });
+    return editor; // without one the wrapper shows an empty window
 }
 
 void KestrelProcessor::applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName)

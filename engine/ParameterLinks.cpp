@@ -5,13 +5,10 @@
 namespace kestreleq
 {
 
-ParameterLinks::ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch)
+ParameterLinks::ParameterLinks (ParameterTree& treeToWatch)
     : tree (treeToWatch),
-      values (treeToWatch)
+      values (treeToWatch.getValues())
 {
-    for (std::size_t i = 0; i < numParameters; ++i)
-        parameters[i] = tree.getParameter (parameterTable[i].id);
-
     auto watcher = watchers.begin();
     const auto watch = [&] (Parameter parameter)
     {
@@ -101,7 +98,7 @@ bool ParameterLinks::followGainLink (Parameter linkSwitch, Parameter first, Para
 
 void ParameterLinks::copyTo (Parameter target, float value)
 {
-    auto& parameter = *parameters[indexOf (target)];
+    auto& parameter = tree[target];
 
     parameter.beginChangeGesture();
     parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));

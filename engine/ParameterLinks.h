@@ -1,7 +1,6 @@
 #pragma once
 
-#include "engine/parameters/ParameterIds.h"
-#include "engine/parameters/ParameterValues.h"
+#include "engine/ParameterTree.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -49,7 +48,7 @@ class ParameterLinks
 {
 public:
     /** Listens to every linked parameter and link switch of the tree, which must outlive this object. */
-    explicit ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch);
+    explicit ParameterLinks (ParameterTree& treeToWatch);
     ~ParameterLinks();
 
     /** While one of these lives, on any thread, no change is copied: for restoring values that belong together as they
@@ -90,9 +89,8 @@ private:
     bool followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter);
     void copyTo (Parameter target, float value);
 
-    juce::AudioProcessorValueTreeState& tree;
-    ParameterValues values;
-    std::array<juce::RangedAudioParameter*, numParameters> parameters {};
+    ParameterTree& tree;
+    const ParameterValues& values;
     std::array<Watcher, 2 * linkedPairs.size() + switches.size()> watchers;
     std::atomic<int> pauses { 0 };
 

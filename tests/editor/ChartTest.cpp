@@ -1,4 +1,5 @@
 #include "editor/chart/KestrelChartView.h"
+#include "editor/chart/LaneAxes.h"
 
 #include "tests/support/MessagePump.h"
 #include "tests/support/Mouse.h"
@@ -16,21 +17,19 @@ namespace kestreleq::test
 namespace
 {
 
-TEST (ChartScale, MapsTheAxesAndStopsAtTheirEnds)
+TEST (LaneAxes, LeaveTheLabelsTheirMarginsAndStopAtTheirEnds)
 {
-    const ChartScale scale (1120, 196);
-    const auto plot = scale.plot();
-    EXPECT_EQ (plot.getWidth(), 1089.0f);
-    EXPECT_EQ (plot.getHeight(), 177.0f);
-    EXPECT_EQ (scale.xFor (1.0), plot.getX());
-    EXPECT_EQ (scale.xFor (1e6), plot.getRight());
-    EXPECT_NEAR (scale.xFor (std::sqrt (20.0 * 40000.0)), plot.getCentreX(), 0.01f);
-    EXPECT_NEAR (scale.frequencyAt (scale.xFor (1234.0)), 1234.0, 0.1);
-    EXPECT_EQ (scale.yFor (30.0), plot.getY());
-    EXPECT_EQ (scale.yFor (-18.0), plot.getBottom());
-    EXPECT_NEAR (scale.yFor (9.0), plot.getY() + plot.getHeight() * 0.25f, 0.01f);
-    EXPECT_NEAR (scale.spectrumArea().getRight(), scale.xFor (20000.0), 0.01f);
-    EXPECT_TRUE (ChartScale (5, 5).plot().isEmpty());
+    const auto axes = makeLaneAxes (1120, 196);
+    EXPECT_EQ (axes.plot.getWidth(), 1089.0f);
+    EXPECT_EQ (axes.plot.getHeight(), 177.0f);
+    EXPECT_EQ (axes.xFor (1.0), axes.plot.getX());
+    EXPECT_EQ (axes.xFor (1e6), axes.plot.getRight());
+    EXPECT_NEAR (axes.xFor (std::sqrt (20.0 * 40000.0)), axes.plot.getCentreX(), 0.01f);
+    EXPECT_NEAR (axes.frequencyAt (axes.xFor (1234.0)), 1234.0, 0.1);
+    EXPECT_EQ (axes.yFor (30.0), axes.plot.getY());
+    EXPECT_EQ (axes.yFor (-18.0), axes.plot.getBottom());
+    EXPECT_NEAR (axes.yFor (9.0), axes.plot.getY() + axes.plot.getHeight() * 0.25f, 0.01f);
+    EXPECT_TRUE (makeLaneAxes (5, 5).plot.isEmpty());
 }
 
 TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
@@ -134,7 +133,7 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     const auto node = rig.view->getNodes().position (ChartNodes::airNode);
     EXPECT_EQ (rig.view->getNodes().hit (node), ChartNodes::airNode) << "beside the 2.5K node, not under it";
 
-    const auto octave = rig.view->getScale().xFor (2000.0) - rig.view->getScale().xFor (1000.0);
+    const auto octave = rig.view->getAxes().xFor (2000.0) - rig.view->getAxes().xFor (1000.0);
     rig.mouse.down (node);
     rig.mouse.drag (node.translated (2.1f * octave, -88.5f));
     rig.mouse.up (node.translated (2.1f * octave, -88.5f));
@@ -142,7 +141,7 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     EXPECT_NEAR (rig.get ("airGain"), 0.5f, 1e-3f);
 
     const auto moved = rig.view->getNodes().position (ChartNodes::airNode);
-    EXPECT_NEAR (moved.x, rig.view->getScale().xFor (10000.0), 0.5f);
+    EXPECT_NEAR (moved.x, rig.view->getAxes().xFor (10000.0), 0.5f);
     rig.mouse.doubleClick (moved);
     EXPECT_EQ (rig.get ("airBand"), 0.0f);
     EXPECT_EQ (rig.get ("airGain"), 0.0f);

@@ -1,4 +1,4 @@
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "tests/support/Signals.h"
 #include "tests/support/Vst3Module.h"
 

@@ -1,5 +1,5 @@
 #include "tests/support/HostTool.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "tests/support/Signals.h"
 
 #include <gtest/gtest.h>

@@ -26,7 +26,7 @@ enum class ToolIcon
 /** Strokes an icon in the current colour, fitted into the area and centred. */
 void drawToolIcon (juce::Graphics& g, ToolIcon icon, juce::Rectangle<float> area);
 
-/** The same as a shape to fill. */
+/** An icon's strokes as a shape to fill. */
 juce::Path toolIconShape (ToolIcon icon);
 
 /** The plate of a tool that shows an icon or a letter, and the colour for what is drawn on it. */

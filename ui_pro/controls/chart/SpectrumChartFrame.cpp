@@ -1,11 +1,10 @@
 #include "ui_pro/controls/chart/SpectrumChartFrame.h"
 
-#include "ui_pro/controls/chart/SpectrumAxes.h"
+#include "ui_pro/controls/chart/ChartGrid.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 
 namespace quillon::ui_pro::controls
@@ -13,18 +12,11 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int frequencies[] = { 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000 };
+constexpr double frequencies[] = { 20.0, 50.0, 100.0, 200.0, 500.0, 1000.0, 2000.0, 5000.0, 10000.0, 20000.0 };
 constexpr int spectrumLines[] = { 12, 0, -12, -24, -36, -48, -60, -72 };
 constexpr int differenceLines[] = { 12, 6, 0, -6, -12 };
 constexpr int magnitudeLines[] = { 12, 6, 0 };
 
-constexpr float labelSize = 10.0f;
-constexpr float labelHeight = 12.0f;
-constexpr float labelWidth = 40.0f;
-constexpr float labelGap = 4.0f;
-constexpr float leastLabelPitch = 18.0f; // pixels between labelled level lines
-constexpr float leastLabelRun = 34.0f;   // pixels between labelled frequency lines
-constexpr float lastLabelRun = 60.0f;    // the same before the last, whose label stands on its other side
 constexpr float gridAlpha = 0.35f;
 
 constexpr float waitingSize = 13.0f;
@@ -47,79 +39,6 @@ std::span<const int> levelLines (SpectrumChartMode mode)
         case SpectrumChartMode::spectrum:
         default:
             return spectrumLines;
-    }
-}
-
-juce::String frequencyText (int hz)
-{
-    return hz < 1000 ? juce::String (hz) : juce::String (hz / 1000) + "k";
-}
-
-juce::String levelText (int db)
-{
-    return (db > 0 ? "+" : "") + juce::String (db);
-}
-
-/** A line of one pixel, on whole pixels, within the area. */
-void drawVertical (juce::Graphics& g, float x, juce::Rectangle<float> area)
-{
-    g.fillRect (std::min (std::floor (x), area.getRight() - 1.0f), area.getY(), 1.0f, area.getHeight());
-}
-
-void drawHorizontal (juce::Graphics& g, float y, juce::Rectangle<float> area)
-{
-    g.fillRect (area.getX(), std::min (std::floor (y), area.getBottom() - 1.0f), area.getWidth(), 1.0f);
-}
-
-void paintFrequencyLines (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
-{
-    const auto row = area.withTop (area.getBottom() - labelHeight - 2.0f).withHeight (labelHeight);
-
-    auto lastLabelled = area.getX() - leastLabelRun;
-
-    for (const auto hz : frequencies)
-    {
-        const auto x = frequencyToX (hz, area);
-        g.setColour (config.gridColour.withMultipliedAlpha (gridAlpha));
-        drawVertical (g, x, area);
-
-        // Beside its line, on the side that lies within the chart.
-        const auto isLast = hz == frequencies[std::size (frequencies) - 1];
-
-        if (! isLast && (x - lastLabelled < leastLabelRun || area.getRight() - x < lastLabelRun))
-            continue;
-
-        lastLabelled = x;
-        const auto label = row.withWidth (labelWidth).withX (isLast ? x - labelGap - labelWidth : x + labelGap);
-        g.setColour (style::Theme::palette().textSecondary);
-        g.drawText (frequencyText (hz), label,
-            isLast ? juce::Justification::centredRight : juce::Justification::centredLeft, false);
-    }
-}
-
-void paintLevelLines (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
-{
-    const auto range = SpectrumChartRange::of (config.getMode());
-    auto lastLabelled = area.getY() - leastLabelPitch;
-
-    for (const auto db : levelLines (config.getMode()))
-    {
-        const auto y = dbToY (static_cast<float> (db), area, range.minDb, range.maxDb);
-        g.setColour (db == 0 ? config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha)
-                             : config.gridColour.withMultipliedAlpha (gridAlpha));
-        drawHorizontal (g, y, area);
-
-        // Above its line; the lowest row belongs to the frequencies.
-        const auto label = juce::Rectangle<float> (area.getX() + labelGap, y - labelHeight, labelWidth, labelHeight);
-        const auto hasRoom = y - lastLabelled >= leastLabelPitch && label.getY() >= area.getY() &&
-            label.getBottom() <= area.getBottom() - labelHeight - 2.0f;
-
-        if (! hasRoom)
-            continue;
-
-        lastLabelled = y;
-        g.setColour (style::Theme::palette().textSecondary);
-        g.drawText (levelText (db), label, juce::Justification::centredLeft, false);
     }
 }
 
@@ -150,9 +69,18 @@ void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const Spect
     g.reduceClipRegion (area.getSmallestIntegerContainer());
     g.setColour (style::Theme::palette().surface3);
     g.fillRect (area);
-    g.setFont (style::regularFont (labelSize));
-    paintFrequencyLines (g, area, config);
-    paintLevelLines (g, area, config);
+
+    const auto range = SpectrumChartRange::of (config.getMode());
+    const auto line = config.gridColour.withMultipliedAlpha (gridAlpha);
+    const ChartGrid grid { .axes = { .plot = area, .lowestDb = range.minDb, .highestDb = range.maxDb },
+        .frequencies = frequencies,
+        .levels = levelLines (config.getMode()),
+        .zeroLine = config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha),
+        .levelLine = line,
+        .frequencyLine = line,
+        .text = style::Theme::palette().textSecondary };
+    paintGridLines (g, grid);
+    paintGridLabels (g, grid);
 }
 
 void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std::vector<SpectrumChartChip>& chips)
