@@ -13,21 +13,23 @@ EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manag
     for (std::size_t i = 0; i < numParameters; ++i)
         tree[static_cast<Parameter> (i)].addListener (this);
 
-    tree.onFlush = [this]
-    {
-        flush();
-
-        if (depth == 0)
-            links.announce();
-    };
+    tree.state.addListener (this);
 }
 
 EditHistory::~EditHistory()
 {
-    tree.onFlush = nullptr;
+    tree.state.removeListener (this);
 
     for (std::size_t i = 0; i < numParameters; ++i)
         tree[static_cast<Parameter> (i)].removeListener (this);
+}
+
+void EditHistory::lookAgain()
+{
+    flush();
+
+    if (depth == 0)
+        links.announce();
 }
 
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
@@ -75,11 +77,17 @@ void EditHistory::endStep()
 void EditHistory::flush()
 {
     const juce::ScopedLock scope (lock);
+    const bool lookAtAll = treeHasChanged.exchange (false);
 
     for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const juce::String id (parameterTable[i].id);
         const auto value = tree.getValues()[static_cast<Parameter> (i)];
+
+        if (value == flushed[i] && ! lookAtAll)
+            continue;
+
+        const juce::String id (parameterTable[i].id);
+        flushed[i] = value;
 
         if (tree.read (id) != value)
             tree.write (id, value, touched[i] ? &undoManager : nullptr);
