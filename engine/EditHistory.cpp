@@ -35,8 +35,13 @@ void EditHistory::lookAgain()
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
 {
     // A link that answers the host's automation makes gestures too, on any thread; they are not the user's.
-    if (isStarting && stepThread == juce::Thread::getCurrentThreadId())
-        touched[static_cast<std::size_t> (index)] = true;
+    if (! isStarting || stepThread != juce::Thread::getCurrentThreadId())
+        return;
+
+    touched[static_cast<std::size_t> (index)] = true;
+
+    if (nameAtEnd.isEmpty())
+        nameAtEnd = parameterTable[static_cast<std::size_t> (index)].name;
 }
 
 void EditHistory::perform (const juce::String& name, const std::function<void()>& operation)
@@ -56,7 +61,9 @@ void EditHistory::beginStep (const juce::String& name)
 
     const juce::ScopedLock scope (lock);
     flush(); // what came before is not part of this step
-    undoManager.beginNewTransaction (name.isEmpty() ? takePendingName() : name);
+    const auto pendingOrNone = takePendingName();
+    nameAtEnd = name.isEmpty() ? pendingOrNone : name;
+    undoManager.beginNewTransaction (nameAtEnd);
 }
 
 void EditHistory::endStep()
@@ -67,6 +74,7 @@ void EditHistory::endStep()
     stepThread = juce::Thread::ThreadID();
     const juce::ScopedLock scope (lock);
     flush();
+    undoManager.setCurrentTransactionName (nameAtEnd);
 
     for (auto& flag : touched)
         flag = false;

@@ -15,7 +15,8 @@ namespace kestreleq
 /** Decides what becomes a step of the undo history: every gesture of the user (a drag, a click), with whatever was
     linked to it, and every named operation. What the host changes on its own is written into the tree past the history.
 
-    A step belongs to the parameters whose gestures begin within it. Message thread, unless a function says otherwise.
+    A step belongs to the parameters whose gestures begin within it, and goes by the first one's name if it has none of
+   its own. Message thread, unless a function says otherwise.
  */
 class EditHistory final : private juce::AudioProcessorParameter::Listener, private juce::ValueTree::Listener
 {
@@ -74,6 +75,7 @@ private:
     std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made
     int depth = 0;                                           // of steps within each other
     std::atomic<juce::Thread::ThreadID> stepThread {};       // the message thread while it makes one
+    juce::String nameAtEnd;                                  // of the step: a given one, or its first parameter's
 
     std::array<float, numParameters> flushed {}; // the tree's values as of the last flush, unless it has changed since
     std::atomic<bool> treeHasChanged { true };

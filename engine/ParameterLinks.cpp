@@ -137,6 +137,9 @@ void ParameterLinks::copyTo (Parameter target, Parameter source, float value)
 
 void ParameterLinks::announce()
 {
+    if ((std::exchange (watched, unannounced.load()) | watched) == 0)
+        return;
+
     for (std::size_t i = 0; i < numParameters; ++i)
     {
         auto& parameter = tree[static_cast<Parameter> (i)];
