@@ -4,6 +4,33 @@
 
 namespace kestreleq
 {
+namespace
+{
+
+struct RecordedAction final : juce::UndoableAction
+{
+    RecordedAction (std::function<void()> functionToRedo, std::function<void()> functionToUndo)
+        : again (std::move (functionToRedo)),
+          back (std::move (functionToUndo))
+    {
+    }
+
+    bool perform() override
+    {
+        again();
+        return true;
+    }
+
+    bool undo() override
+    {
+        back();
+        return true;
+    }
+
+    const std::function<void()> again, back;
+};
+
+} // namespace
 
 EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks)
     : tree (parameterTree),
@@ -46,9 +73,21 @@ void EditHistory::parameterGestureChanged (int index, bool isStarting)
 
 void EditHistory::perform (const juce::String& name, const std::function<void()>& operation)
 {
+    if (! juce::MessageManager::existsAndIsCurrentThread())
+        return operation();
+
     beginStep (name);
+    const juce::ScopeGuard end { [this] { endStep(); } };
     operation();
-    endStep();
+}
+
+void EditHistory::record (std::function<void()> redo, std::function<void()> undo)
+{
+    if (stepThread != juce::Thread::getCurrentThreadId())
+        return redo();
+
+    const juce::ScopedLock scope (lock);
+    undoManager.perform (new RecordedAction (std::move (redo), std::move (undo)));
 }
 
 void EditHistory::beginStep (const juce::String& name)
@@ -56,9 +95,7 @@ void EditHistory::beginStep (const juce::String& name)
     if (depth++ > 0)
         return;
 
-    if (juce::MessageManager::existsAndIsCurrentThread())
-        stepThread = juce::Thread::getCurrentThreadId();
-
+    stepThread = juce::Thread::getCurrentThreadId();
     const juce::ScopedLock scope (lock);
     flush(); // what came before is not part of this step
     const auto pendingOrNone = takePendingName();

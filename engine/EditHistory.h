@@ -30,8 +30,13 @@ public:
     void beginStep (const juce::String& name = {});
     void endStep();
 
-    /** Runs an operation as one step of this name. */
+    /** Runs an operation as one step of this name. Any thread; on another than the message thread it is the host's and
+       no step. */
     void perform (const juce::String& name, const std::function<void()>& operation);
+
+    /** Adds to the step that is being made something else than a parameter: calls `redo`, and later `undo` and `redo`
+       in turn. What they use must outlive the undo manager. Without a step, `redo` is called and that is all. */
+    void record (std::function<void()> redo, std::function<void()> undo);
 
     /** Names the next step that has no name of its own. Any thread. */
     void setPendingName (const juce::String& name);

@@ -148,7 +148,7 @@ TEST (EditHistory, ASnapshotIsOneStepWithTheLanesAsTheyAre)
         const ParameterLinks::ScopedPause pause (rig.processor.getCore().getLinks());
         rig.set ("subR", 0.1f);
     }
-    const auto snapshot = rig.processor.getCore().copyState();
+    const auto snapshot = rig.processor.copyState();
     const auto heard = rig.heard();
     rig.drag ("sub", 0.9f);
     const auto changed = rig.heard();
