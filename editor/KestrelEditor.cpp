@@ -3,6 +3,8 @@
 #include "editor/EditorLayout.h"
 #include "editor/SupportRecord.h"
 #include "engine/dsp/LevelMeasure.h"
+#include "ui_pro/controls/presets/PresetBrowserPopup.h"
+#include "ui_pro/primitives/DropDownList.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -173,8 +175,11 @@ juce::Component* KestrelEditor::findOpenPopup()
     if (overlay.isVisible())
         return &overlay;
 
-    auto* const popup = header.getOpenPopup();
-    return popup != nullptr ? popup : footer.getOpenPopup();
+    if (auto* const list = primitives::DropDownList::findOpenIn (*this))
+        return list;
+
+    auto* const browser = header.getPresetSelector().getBrowser();
+    return browser != nullptr ? &browser->getSearchField() : nullptr;
 }
 
 void KestrelEditor::handleAsyncUpdate()

@@ -31,9 +31,12 @@ constexpr std::size_t spectrumPoints = 512;
 
 } // namespace
 
-KestrelCore::KestrelCore (juce::AudioProcessor& processor)
+KestrelCore::KestrelCore (juce::AudioProcessor& processor, const dsp::simd::Kernels& kernels)
     : tree (processor, undoManager),
       values (tree.getValues()),
+      engine (kernels),
+      inputRider (kernels),
+      outputRider (kernels),
       links (tree),
       history (tree, undoManager, links)
 {
@@ -100,7 +103,6 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
         rider->prepare (sampleRate, static_cast<int> (numLanes));
         rider->setTarget (riderTarget);
         rider->setRate (riderRate);
-        rider->reset();
     }
 
     for (auto& analyser : analysers)
@@ -111,6 +113,7 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
 
     monoScratch.resize (static_cast<std::size_t> (blockSize));
     mixScratch.resize (static_cast<std::size_t> (blockSize));
+    resetWanted = false;
     prepared = true;
 }
 
@@ -167,6 +170,13 @@ void KestrelCore::process (juce::AudioBuffer<float>& buffer)
         return;
     }
 
+    if (resetWanted.load (std::memory_order_relaxed) && resetWanted.exchange (false))
+    {
+        engine.reset();
+        inputRider.reset();
+        outputRider.reset();
+    }
+
     readParameters();
     engine.setParameters (parameters);
 
@@ -193,7 +203,7 @@ void KestrelCore::processStereo (float* left, float* right, int numSamples)
         if (active && ! anyBypass)
             rider.process (channels, numSamples);
         else
-            rider.reset();
+            rider.release (channels, numSamples);
     };
 
     feedAnalysers (inputSlot, left, right, numSamples);

@@ -22,8 +22,10 @@ class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::
 public:
     using EditorFactory = juce::AudioProcessorEditor* (*)(KestrelProcessor&);
 
-    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none. */
-    explicit KestrelProcessor (EditorFactory factory = nullptr);
+    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none.
+        Another form of the inner loops than the best one is for benchmarks. */
+    explicit KestrelProcessor (
+        EditorFactory factory = nullptr, const dsp::simd::Kernels& kernelsToUse = dsp::simd::bestKernels());
 
     KestrelCore& getCore() { return core; }
 
@@ -50,6 +52,9 @@ public:
     void prepareToPlay (double sampleRate, int maximumBlockSize) override;
 
     void releaseResources() override {}
+
+    /** Clears what the filters remember and whatever is under way, before the next block. Any thread. */
+    void reset() override { core.reset(); }
 
     /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
     void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) KESTREL_NONBLOCKING override;
@@ -138,6 +143,7 @@ private:
     void registerRenderTime (juce::int64 ticks, int numSamples);
     void choosePreset (CurrentPreset newPreset);
 
+    const dsp::simd::Kernels& kernels;
     KestrelCore core;
     const EditorFactory createNewEditor;
     std::atomic<CurrentPreset> preset {};

@@ -137,8 +137,11 @@ void ParameterLinks::copyTo (Parameter target, Parameter source, float value)
 
 void ParameterLinks::announce()
 {
-    if ((std::exchange (watched, unannounced.load()) | watched) == 0)
+    if (unannounced == 0)
+    {
+        restingLooks.fill (0);
         return;
+    }
 
     for (std::size_t i = 0; i < numParameters; ++i)
     {

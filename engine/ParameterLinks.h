@@ -118,7 +118,6 @@ private:
 
     std::array<std::atomic<juce::Thread::ThreadID>, numParameters> gestures {}; // by whom, of each parameter
     std::atomic<std::uint32_t> unannounced { 0 };                               // a bit per partner
-    std::uint32_t watched = 0;                                                  // of these, when last looked at
     std::array<float, numParameters> seenValues {};                             // of these, when last looked at
     std::array<int, numParameters> restingLooks {};
 };

@@ -63,7 +63,7 @@ struct Host
     /** What the host believes. */
     double get (const char* id) { return instance->controller->getParamNormalized (idOf (id)); }
 
-    Vst::ParamID idOf (const char* id) { return parameterIdOf (*instance->controller, id); }
+    Vst::ParamID idOf (const char* id) { return parameterId (*instance->controller, id); }
 
     Vst3Module module;
     std::optional<HostLoop> loop;

@@ -130,15 +130,25 @@ std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
     return result;
 }
 
-Vst::ParamID parameterIdOf (Vst::IEditController& controller, const char* id)
+Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id)
 {
-    const auto parameters = parametersOf (controller);
+    const auto* const row =
+        std::find_if (parameterTable.begin(), parameterTable.end(), [id] (const auto& info) { return info.id == id; });
+    return parametersOf (controller).at (static_cast<std::size_t> (row - parameterTable.begin())).id;
+}
 
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        if (std::strcmp (parameterTable[i].id, id) == 0)
-            return parameters[i].id;
+Vst::ParamID programParameterId (Vst::IEditController& controller)
+{
+    for (int32 i = 0; i < controller.getParameterCount(); ++i)
+    {
+        Vst::ParameterInfo info {};
+        controller.getParameterInfo (i, info);
 
-    throw std::runtime_error (id);
+        if ((info.flags & Vst::ParameterInfo::kIsProgramChange) != 0)
+            return info.id;
+    }
+
+    throw std::out_of_range ("no parameter selects programs");
 }
 
 Vst3Instance::Vst3Instance (Vst3Module& module)

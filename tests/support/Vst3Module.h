@@ -11,6 +11,7 @@
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 namespace kestreleq::test
@@ -175,8 +176,11 @@ Steinberg::IPtr<Interface> interfaceOf (Steinberg::FUnknown& object, const Stein
 /** The module's own parameters in host order; what the wrapper adds is left out. */
 std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller);
 
-/** What the host calls a parameter that has this ID in our table. */
-Vst::ParamID parameterIdOf (Vst::IEditController& controller, const char* id);
+/** The host's number for a parameter's ID. Throws std::out_of_range where there is none. */
+Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id);
+
+/** The parameter that selects programs. */
+Vst::ParamID programParameterId (Vst::IEditController& controller);
 
 /** An audio effect with its controller, both initialised and connected. */
 class Vst3Instance

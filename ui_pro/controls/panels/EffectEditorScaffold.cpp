@@ -184,7 +184,7 @@ void EffectEditorScaffold::wireSection (
 
 void EffectEditorScaffold::bracketClicks (juce::Button& button)
 {
-    if (auto* const face = dynamic_cast<FaceButton*> (&button))
+    if (auto* const face = dynamic_cast<primitives::FaceButton*> (&button))
     {
         face->onGestureStart = [this] { beginGesture(); };
         face->onGestureEnd = [this] { endGesture(); };

@@ -2,7 +2,7 @@
 
 #include <juce_graphics/juce_graphics.h>
 
-namespace quillon::ui_pro::controls
+namespace quillon::ui_pro::primitives
 {
 
 /** The state that a button's face shows. */
@@ -28,4 +28,4 @@ void paintFocusRing (juce::Graphics& g, juce::Rectangle<float> r, float cornerRa
 /** The accent as a disabled control shows it. */
 juce::Colour disabledAccent (juce::Colour accent);
 
-} // namespace quillon::ui_pro::controls
+} // namespace quillon::ui_pro::primitives

@@ -1,8 +1,8 @@
-#include "ui_pro/controls/buttons/ButtonLook.h"
+#include "ui_pro/primitives/ButtonLook.h"
 
 #include "ui_pro/style/Theme.h"
 
-namespace quillon::ui_pro::controls
+namespace quillon::ui_pro::primitives
 {
 namespace
 {
@@ -79,4 +79,4 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
         paintFocusRing (g, r, plateRadius);
 }
 
-} // namespace quillon::ui_pro::controls
+} // namespace quillon::ui_pro::primitives
