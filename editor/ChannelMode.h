@@ -27,10 +27,10 @@ struct ChannelMode
     /** Lane B's look while linked is its last one; it is not shown then. */
     Lane lookOf (std::size_t lane) const;
 
-    /** Of the bars of the output's meter pair in the footer. */
+    /** The bars' colours in the footer's output meters. */
     std::array<juce::Colour, numLanes> outputColours() const;
 
-    /** Of everything that shows an input. */
+    /** The colour of everything that shows an input. */
     static juce::Colour neutral() { return juce::Colour (0xff5d666b); }
 };
 

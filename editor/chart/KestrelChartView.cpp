@@ -170,10 +170,7 @@ void KestrelChartView::paintNodes (juce::Graphics& g) const
 juce::String KestrelChartView::nodeText (std::size_t node) const
 {
     const auto textOf = [this] (std::size_t knob)
-    {
-        const auto parameter = onLane (laneKnobs[knob].parameter, lane);
-        return processor.getCore().getTree().getParameter (infoOf (parameter).id)->getCurrentValueAsText();
-    };
+    { return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)].getCurrentValueAsText(); };
 
     return node == ChartNodes::airNode ? textOf (airAmountKnob) + "  " + textOf (airStepKnob) : textOf (node);
 }

@@ -18,7 +18,7 @@ using namespace quillon::ui_pro;
 
 constexpr double previewRate = 96000.0; // Hz
 constexpr double previewSpan = 18.0;    // dB, up and down
-constexpr float curveWidth = 2.0f;
+constexpr float previewWidth = 2.0f;
 constexpr std::array zeroLevel { 0 };
 
 dsp::LaneParameters laneOf (std::size_t program)
@@ -72,7 +72,7 @@ void paintPresetPreview (juce::Graphics& g, juce::Rectangle<int> area, int id)
     const auto& palette = style::Theme::palette();
     controls::paintGridLines (
         g, { .axes = axes, .levels = zeroLevel, .zeroLine = palette.outlineStrong }, primitives::PixelGrid::of (g));
-    const auto curve = ResponsePath::of (axes, response.getCurve(), curveWidth);
+    const auto curve = ResponsePath::of (axes, response.getCurve(), previewWidth);
     g.setColour (palette.accentWash);
     g.fillPath (curve.fill);
     g.setColour (palette.accent);

@@ -16,7 +16,7 @@ namespace
 using dsp::simd::InstructionSet;
 using Channels = std::array<std::vector<float>, 2>;
 
-/** The same but for a number that is none, and that a bypassed lane hands on. */
+/** Equal to the bit, where a NaN that a bypassed lane hands on equals any other. */
 bool isSame (const Channels& a, const Channels& b)
 {
     for (std::size_t channel = 0; channel < 2; ++channel)

@@ -32,7 +32,7 @@ bool pumpMessagesUntil (Condition&& condition, int milliseconds)
     return true;
 }
 
-/** The same for a fixed time; 0 still delivers nothing, 1 what is waiting. */
+/** Delivers messages for a fixed time; 0 still delivers nothing, 1 what is waiting. */
 inline void pumpMessages (int milliseconds)
 {
     pumpMessagesUntil ([] { return false; }, milliseconds);

@@ -8,7 +8,7 @@ namespace kestreleq::test
 namespace
 {
 
-constexpr int antialiasing = 24;  // of 255, by which one pixel may differ
+constexpr int antialiasing = 8;   // of 255, by which one pixel may differ
 constexpr int fewestForAMark = 6; // pixels: less than the smallest stroke of a control
 
 juce::File pictureFile (const juce::String& folder, const juce::String& name)

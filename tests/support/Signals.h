@@ -31,6 +31,6 @@ double differenceDb (std::span<const float> signal, std::span<const double> refe
 /** Amplitude (linear) of the sine at this frequency in Hz; exact over whole periods. */
 double binAmplitude (std::span<const float> signal, double frequency, double sampleRate);
 
-/** The same samples in double precision. */
+/** A signal's samples in double precision. */
 std::vector<double> widened (std::span<const float> signal);
 } // namespace kestreleq::test

@@ -14,7 +14,7 @@ inline juce::File fileAt (const std::string& path)
     return juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
 }
 
-/** The same file for the standard library, which on Windows takes a narrow text for one in the machine's code page. */
+/** A file's path for the standard library, which on Windows takes a narrow text for one in the machine's code page. */
 inline std::filesystem::path standardPath (const juce::File& file)
 {
     const auto path = file.getFullPathName().toStdString();

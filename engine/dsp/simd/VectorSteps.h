@@ -10,7 +10,7 @@ namespace kestreleq::dsp::simd
 namespace
 {
 
-/** Of the rows that two lanes' chains are added up in: the even chains of both lanes, and the odd ones. */
+/** The width of the rows that two lanes' chains are added up in: the even chains of both lanes, and the odd ones. */
 constexpr int width = 4;
 
 /** The states of sections side by side, in registers. */

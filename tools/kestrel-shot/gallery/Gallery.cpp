@@ -6,15 +6,10 @@ namespace kestreleq::shot
 std::unique_ptr<GallerySheet> makeGallery()
 {
     auto sheet = std::make_unique<GallerySheet>();
-    addPrimitives (*sheet);
-    addControls (*sheet);
-    addPresets (*sheet);
-    addHeaderTools (*sheet);
-    addSupport (*sheet);
-    addMeters (*sheet);
-    addCharts (*sheet);
-    addFooter (*sheet);
-    addPanels (*sheet);
+
+    for (const auto& page : galleryPages)
+        page.add (*sheet);
+
     return sheet;
 }
 

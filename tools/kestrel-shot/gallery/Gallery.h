@@ -2,6 +2,8 @@
 
 #include "tools/kestrel-shot/gallery/GallerySheet.h"
 
+#include <array>
+
 namespace kestreleq::shot
 {
 
@@ -15,6 +17,25 @@ void addPanels (GallerySheet& sheet);
 void addPresets (GallerySheet& sheet);
 void addPrimitives (GallerySheet& sheet);
 void addSupport (GallerySheet& sheet);
+
+struct GalleryPage
+{
+    const char* name;
+    void (*add) (GallerySheet& sheet);
+};
+
+/** Every family, in the order of the gallery. */
+inline constexpr std::array<GalleryPage, 9> galleryPages { {
+    { "primitives", addPrimitives },
+    { "controls", addControls },
+    { "presets", addPresets },
+    { "header-tools", addHeaderTools },
+    { "support", addSupport },
+    { "meters", addMeters },
+    { "charts", addCharts },
+    { "footer", addFooter },
+    { "panels", addPanels },
+} };
 
 /** The sheet with every family on it. */
 std::unique_ptr<GallerySheet> makeGallery();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui_pro/controls/buttons/ButtonLook.h"
+#include "ui_pro/primitives/ButtonLook.h"
 
 namespace quillon::ui_pro::controls
 {
@@ -26,10 +26,10 @@ enum class ToolIcon
 /** Strokes an icon in the current colour, fitted into the area and centred. */
 void drawToolIcon (juce::Graphics& g, ToolIcon icon, juce::Rectangle<float> area);
 
-/** The same as a shape to fill. */
+/** An icon's strokes as a shape to fill. */
 juce::Path toolIconShape (ToolIcon icon);
 
 /** The plate of a tool that shows an icon or a letter, and the colour for what is drawn on it. */
-void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const ButtonLook& look);
+void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const primitives::ButtonLook& look);
 
 } // namespace quillon::ui_pro::controls

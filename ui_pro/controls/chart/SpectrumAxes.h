@@ -25,7 +25,7 @@ bool isSilent (const float* values, std::size_t n);
 /** A gain in dB as it is shown at a frequency: faded out from 18 to 20 kHz, within -18 to +18 dB; 0 when not finite. */
 float shownGain (float db, double frequency);
 
-/** The same for gains of which only boosts count: 0 to 18 dB. */
+/** A gain in dB as it is shown where only boosts count: as shownGain, but within 0 to 18 dB. */
 float shownGainMagnitude (float db, double frequency);
 
 } // namespace quillon::ui_pro::controls

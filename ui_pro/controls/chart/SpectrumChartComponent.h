@@ -36,7 +36,7 @@ public:
 
     void setAccentRole (style::AccentColorRole newRole);
 
-    /** Of every line; at least 0.25. */
+    /** Widens every line by this factor; at least 0.25. */
     void setLineWidthScale (float newScale);
 
     float getLineWidthScale() const { return lineWidthScale; }

@@ -37,7 +37,7 @@ public:
     /** The number of detents; fewer than 2 means continuous. */
     void setSteps (int newSteps);
 
-    /** Of the stacked style; a value below 1 means the theme's. */
+    /** The knob's largest diameter in the stacked style; a value below 1 means the theme's. */
     void setMaxDiameter (int newDiameter);
 
     void setLabel (const juce::String& newLabel);

@@ -26,7 +26,7 @@ float nextMeterLevel (float shownDb, float targetDb, double seconds);
 /** A level with one decimal, or "-" at the scale's end. */
 juce::String meterReadout (float db);
 
-/** The same in words, with the unit. */
+/** A level as a screen reader says it, with its unit; silence in words. */
 juce::String spokenLevel (float db);
 
 } // namespace quillon::ui_pro::controls

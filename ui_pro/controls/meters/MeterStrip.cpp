@@ -13,8 +13,8 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int numSegments = 32;
-constexpr float gapFromPitch = 4.0f;
+constexpr int stripSegments = 32;
+constexpr float stripGapFromPitch = 4.0f;
 constexpr float largestReductionDb = 36.0f;
 constexpr float narrowestTitle = 0.75f; // of its natural width, before it becomes smaller
 constexpr int markGap = 1;              // between the bars and the widest mark
@@ -22,7 +22,7 @@ constexpr int marks[] = { 12, 0, -12, -24, -36, -48 };
 
 SegmentedBar makeBar (SegmentedBar::Growth growth)
 {
-    return { numSegments, gapFromPitch, growth };
+    return { stripSegments, stripGapFromPitch, growth };
 }
 
 juce::String markText (int db)
@@ -110,8 +110,9 @@ void MeterStrip::resized()
 
 MeterStrip::LitCounts MeterStrip::countLit() const
 {
-    return { litSegments (meterFraction (levelDbL), numSegments), litSegments (meterFraction (levelDbR), numSegments),
-        litSegments (gainReductionDb / largestReductionDb, numSegments) };
+    return { litSegments (meterFraction (levelDbL), stripSegments),
+        litSegments (meterFraction (levelDbR), stripSegments),
+        litSegments (gainReductionDb / largestReductionDb, stripSegments) };
 }
 
 void MeterStrip::repaintChangedSegments()
