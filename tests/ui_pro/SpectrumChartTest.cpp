@@ -39,6 +39,7 @@ TEST (SpectrumAxes, PlacesFrequenciesAndLevels)
     EXPECT_EQ (dbToY (24.0f, area, -84.0f, 24.0f), 20.0f);
     EXPECT_EQ (dbToY (0.0f, area, -84.0f, 24.0f), 44.0f);
     EXPECT_EQ (dbToY (nan, area, -84.0f, 24.0f), 128.0f);
+    EXPECT_EQ (dbToY (std::numeric_limits<float>::infinity(), area, -84.0f, 24.0f), 20.0f);
 
     EXPECT_EQ (binFrequency (0, 1), 20.0);
     EXPECT_NEAR (binFrequency (1, 3), 632.4555, 1e-3);
