@@ -89,6 +89,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     refreshChannelMode();
     refreshLinkState();
     initialiseTooltips();
+    initialiseOverlay();
     initialiseWindow();
 }
 
@@ -142,6 +143,19 @@ void KestrelEditor::initialiseTooltips()
     tooltips.setColour (juce::TooltipWindow::backgroundColourId, palette.surface2);
     tooltips.setColour (juce::TooltipWindow::outlineColourId, palette.outlineStrong);
     tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);
+}
+
+void KestrelEditor::initialiseOverlay()
+{
+    overlay.onCoverChanged = [this]
+    {
+        content.setAccessible (! overlay.isVisible());
+
+        if (overlay.isVisible())
+            removeKeyListener (&header.getKeyListener());
+        else
+            addKeyListener (&header.getKeyListener());
+    };
 }
 
 void KestrelEditor::mouseDown (const juce::MouseEvent&)

@@ -77,6 +77,7 @@ private:
     void initialiseScaffold();
     void initialiseWindow();
     void initialiseTooltips();
+    void initialiseOverlay();
     juce::Component* findOpenPopup();
     void giveKeyboardToPopup();
     void layOutCanvas();

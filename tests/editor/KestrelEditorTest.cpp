@@ -263,6 +263,7 @@ TEST (KestrelEditor, ListensOnlyWhileItIsOpenAndPaintsOnlyWhatMoved)
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
 {
     EditorRig rig;
+    rig.editor->getHeader().selectProgram (3); // something to undo
     rig.editor->openSupport();
     auto& overlay = rig.editor->getOverlay();
     rig.now += 500.0;
@@ -275,10 +276,29 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_EQ (panel->getRecord().sampleRate, 48000.0);
     EXPECT_TRUE (panel->getRecord().supportEmail.containsChar ('@'));
 
+    // Nothing behind it is reached by keys or by a screen reader.
+    auto& selector = rig.editor->getHeader().getPresetSelector();
+    for (int i = 0; i < 30; ++i)
+    {
+        EXPECT_TRUE (overlay.hasKeyboardFocus (true)) << i;
+        rig.press (juce::KeyPress::rightKey, 0);
+        EXPECT_FALSE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
+        rig.press (juce::KeyPress::tabKey, i % 3 == 0 ? juce::ModifierKeys::shiftModifier : 0);
+    }
+
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
+    EXPECT_EQ (selector.getAccessibilityHandler(), nullptr);
+    EXPECT_EQ (rig.editor->getLane (0).getKnob (0).getAccessibilityHandler(), nullptr);
+    const auto buttons = panel->getAccessibilityHandler()->getChildren();
+    EXPECT_GE (buttons.size(), 12u);
+
     EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
     rig.now += 500.0;
     overlay.advance();
     EXPECT_FALSE (overlay.isVisible());
+    EXPECT_TRUE (rig.editor->hasKeyboardFocus (false));
+    EXPECT_NE (selector.getAccessibilityHandler(), nullptr);
+    EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
 }
 
 TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)

@@ -84,7 +84,6 @@ FaceButton::FaceButton (const juce::String& name, juce::Colour accentColour)
       accent (accentColour)
 {
     setButtonText ({});
-    setWantsKeyboardFocus (false);
     setMouseClickGrabsKeyboardFocus (false);
 }
 

@@ -54,7 +54,6 @@ PresetSelector::BrowserPopup::Button PresetSelector::BrowserPopup::makeButton (L
     const juce::String& text, juce::Rectangle<int> area, std::function<void()> action)
 {
     auto button = std::make_unique<PresetButton> (look, title, text);
-    button->setWantsKeyboardFocus (true);
     button->setBounds (area);
     button->onClick = [action = std::move (action)]
     {

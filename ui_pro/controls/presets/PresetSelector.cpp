@@ -47,7 +47,6 @@ PresetSelector::PresetSelector()
     display.onClick = [this] { toggleBrowser(); };
     display.onKey = [this] (const juce::KeyPress& key) { return handleDisplayKey (key); };
     display.valueText = [this] { return display.getButtonText(); };
-    display.setWantsKeyboardFocus (true);
     display.setButtonText (library.getCurrentLabel());
 
     for (auto* part : { &initialiseButton, &previousButton, &display, &nextButton })

@@ -55,6 +55,7 @@ SupportDiagnosticsPanel::SupportDiagnosticsPanel()
     addAndMakeVisible (*sheet);
     setTitle ("Support / Diagnostics");
     setMouseClickGrabsKeyboardFocus (false);
+    setFocusContainerType (FocusContainerType::focusContainer); // a screen reader finds the buttons in the dialog
     sheet->refreshRows();
     refreshButtons();
 }
