@@ -189,19 +189,26 @@ void sheetFrame (benchmark::State& state)
     }
 }
 
-/** From nothing to the first picture, while another instance's editor is open. */
+/** An instance's first window, from nothing to the first picture, while another instance's editor is open. */
 void editorOpening (benchmark::State& state)
 {
     const juce::ScopedJuceInitialiser_GUI framework;
     Scene other (836, true);
-    test::ProcessorRig rig;
     juce::Image picture (juce::Image::ARGB, 836, 429, true, juce::SoftwareImageType());
 
     for (auto _ : state)
     {
-        KestrelEditor editor (rig.processor);
-        juce::Graphics g (picture);
-        editor.paintEntireComponent (g, true);
+        state.PauseTiming();
+        auto rig = std::make_unique<test::ProcessorRig>();
+        state.ResumeTiming();
+        {
+            KestrelEditor editor (rig->processor);
+            juce::Graphics g (picture);
+            editor.paintEntireComponent (g, true);
+        }
+        state.PauseTiming();
+        rig = nullptr;
+        state.ResumeTiming();
     }
 }
 

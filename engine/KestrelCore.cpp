@@ -31,9 +31,12 @@ constexpr std::size_t spectrumPoints = 512;
 
 } // namespace
 
-KestrelCore::KestrelCore (juce::AudioProcessor& processor)
+KestrelCore::KestrelCore (juce::AudioProcessor& processor, const dsp::simd::Kernels& kernels)
     : tree (processor, undoManager),
       values (tree.getValues()),
+      engine (kernels),
+      inputRider (kernels),
+      outputRider (kernels),
       links (tree),
       history (tree, undoManager, links)
 {
@@ -52,6 +55,7 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
     const auto newValues = valuesIn (newState);
+    links.forgetUnannounced(); // a host that restores reads every value
 
     for (std::size_t i = 0; i < numParameters; ++i)
         if (! tree.holds (static_cast<Parameter> (i), newValues[i]))
@@ -89,7 +93,6 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
         rider->prepare (sampleRate, static_cast<int> (numLanes));
         rider->setTarget (riderTarget);
         rider->setRate (riderRate);
-        rider->reset();
     }
 
     for (auto& analyser : analysers)
@@ -100,6 +103,7 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
 
     monoScratch.resize (static_cast<std::size_t> (blockSize));
     mixScratch.resize (static_cast<std::size_t> (blockSize));
+    resetWanted = false;
     prepared = true;
 }
 
@@ -156,6 +160,13 @@ void KestrelCore::process (juce::AudioBuffer<float>& buffer)
         return;
     }
 
+    if (resetWanted.load (std::memory_order_relaxed) && resetWanted.exchange (false))
+    {
+        engine.reset();
+        inputRider.reset();
+        outputRider.reset();
+    }
+
     readParameters();
     engine.setParameters (parameters);
 
@@ -182,7 +193,7 @@ void KestrelCore::processStereo (float* left, float* right, int numSamples)
         if (active && ! anyBypass)
             rider.process (channels, numSamples);
         else
-            rider.reset();
+            rider.release (channels, numSamples);
     };
 
     feedAnalysers (inputSlot, left, right, numSamples);

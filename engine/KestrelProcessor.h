@@ -21,8 +21,10 @@ class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::
 public:
     using EditorFactory = juce::AudioProcessorEditor* (*)(KestrelProcessor&);
 
-    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none. */
-    explicit KestrelProcessor (EditorFactory factory = nullptr);
+    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none.
+        Another form of the inner loops than the best one is for benchmarks. */
+    explicit KestrelProcessor (
+        EditorFactory factory = nullptr, const dsp::simd::Kernels& kernelsToUse = dsp::simd::bestKernels());
 
     KestrelCore& getCore() { return core; }
 
@@ -49,6 +51,9 @@ public:
     void prepareToPlay (double sampleRate, int maximumBlockSize) override;
 
     void releaseResources() override {}
+
+    /** Clears what the filters remember and whatever is under way, before the next block. Any thread. */
+    void reset() override { core.reset(); }
 
     /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
     void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) KESTREL_NONBLOCKING override;
@@ -126,6 +131,7 @@ private:
     void measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void registerRenderTime (juce::int64 ticks, int numSamples);
 
+    const dsp::simd::Kernels& kernels;
     KestrelCore core;
     const EditorFactory createNewEditor;
     std::atomic<int> currentProgram { 0 };

@@ -7,16 +7,15 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <array>
-#include <functional>
 
 namespace kestreleq
 {
 
 /** The framework's parameter tree, with every row of parameterTable in it, answering by Parameter: what it has by name
-   is looked up once. Its flush is handed over.
+   is looked up once. Its flush is left to EditHistory.
 
     The framework writes changed parameters into the tree, and with that into the undo history, from a timer of its own:
-    late, and whoever made the change, host automation too. Here the same timer calls `onFlush` instead. */
+    late, and whoever made the change, host automation too. Here that timer does not run. */
 class ParameterTree final : public juce::AudioProcessorValueTreeState
 {
 public:
@@ -29,10 +28,10 @@ public:
     {
         for (std::size_t i = 0; i < numParameters; ++i)
             parameters[i] = getParameter (parameterTable[i].id);
-    }
 
-    /** Called ten times a second on the message thread. */
-    std::function<void()> onFlush;
+        using FrameworksTimer = juce::Timer*; // the base class is one, though not in public
+        FrameworksTimer (this)->stopTimer();
+    }
 
     juce::RangedAudioParameter& operator[] (Parameter parameter) const { return *parameters[indexOf (parameter)]; }
 
@@ -70,11 +69,7 @@ public:
     }
 
 private:
-    void timerCallback() override
-    {
-        if (onFlush != nullptr)
-            onFlush();
-    }
+    void timerCallback() override {}
 
     ParameterValues values;
     std::array<juce::RangedAudioParameter*, numParameters> parameters {};

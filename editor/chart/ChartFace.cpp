@@ -38,7 +38,8 @@ controls::ChartGrid makeGrid (const controls::ChartAxes& axes)
 
 } // namespace
 
-void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const controls::ChartAxes& axes)
+void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const controls::ChartAxes& axes,
+    const primitives::PixelGrid& pixels)
 {
     const auto& palette = style::Theme::palette();
     const auto r = bounds.toFloat();
@@ -47,12 +48,12 @@ void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const
     g.setColour (palette.outline);
     g.drawRoundedRectangle (r.reduced (0.5f), cornerRadius, 1.0f);
 
-    paintGridLabels (g, makeGrid (axes));
+    paintGridLabels (g, makeGrid (axes), pixels);
 }
 
-void paintChartGrid (juce::Graphics& g, const controls::ChartAxes& axes)
+void paintChartGrid (juce::Graphics& g, const controls::ChartAxes& axes, const primitives::PixelGrid& pixels)
 {
-    paintGridLines (g, makeGrid (axes));
+    paintGridLines (g, makeGrid (axes), pixels);
 }
 
 void paintChartCurve (

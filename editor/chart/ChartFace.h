@@ -2,7 +2,7 @@
 
 #include "editor/chart/ResponsePath.h"
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui_pro/primitives/PixelGrid.h"
 
 namespace kestreleq
 {
@@ -10,10 +10,11 @@ namespace kestreleq
 // How a chart looks. Colours come from the theme, but for the lane's own.
 
 /** The recess behind the plot, with the labels of both axes. Never changes for a size. */
-void paintChartBackground (
-    juce::Graphics& g, juce::Rectangle<int> bounds, const quillon::ui_pro::controls::ChartAxes& axes);
+void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds,
+    const quillon::ui_pro::controls::ChartAxes& axes, const quillon::ui_pro::primitives::PixelGrid& pixels);
 
-void paintChartGrid (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes);
+void paintChartGrid (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes,
+    const quillon::ui_pro::primitives::PixelGrid& pixels);
 
 /** The response: a line with a faint fill between it and 0 dB. */
 void paintChartCurve (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes, const ResponsePath& response,

@@ -19,6 +19,7 @@ using namespace quillon::ui_pro;
 
 constexpr std::size_t curvePoints = 281;
 constexpr float curveWidth = 2.0f;
+constexpr double highestSpectrumLevel = 24.0; // dB, at the plot's top
 constexpr double lowestDrawingRate = 96000.0; // keeps the axis up to 40 kHz below half of it
 
 double drawingRateFor (double sampleRate)
@@ -118,8 +119,9 @@ void KestrelChartView::rebuildCurve()
 
 void KestrelChartView::paint (juce::Graphics& g)
 {
+    const auto pixels = primitives::PixelGrid::of (g, *this);
     background.draw (
-        g, *this, [this] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes); });
+        g, *this, [&] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes, pixels); });
 
     const juce::Graphics::ScopedSaveState saved (g);
     g.reduceClipRegion (axes.plot.getSmallestIntegerContainer());
@@ -129,7 +131,7 @@ void KestrelChartView::paint (juce::Graphics& g)
         g.reduceClipRegion (axes.plot.withTrimmedBottom (2.0f).getSmallestIntegerContainer());
         paintSpectrum (g);
     }
-    paintChartGrid (g, axes);
+    paintChartGrid (g, axes, pixels);
     paintChartCurve (g, axes, curve, colour);
     paintNodes (g);
 }
@@ -137,12 +139,15 @@ void KestrelChartView::paint (juce::Graphics& g)
 void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
-    const auto area = axes.plot.withRight (axes.xFor (20000.0));
     const std::array colours { palette.textMuted, colour };
+    auto levelAxes = axes;
+    levelAxes.lowestDb = static_cast<double> (SpectrumDisplay::floorLevel);
+    levelAxes.highestDb = highestSpectrumLevel;
 
     for (std::size_t trace = 0; trace < SpectrumDisplay::numTraces; ++trace)
-        if (const auto levels = spectrum.getPainterLevels (trace); ! levels.empty())
-            controls::paintSpectrum (g, area, levels, { .colour = colours[trace], .fill = trace == 1 });
+        if (const auto levels = spectrum.getLevels (trace); ! levels.empty())
+            controls::paintSpectrum (
+                g, levelAxes, spectrum.getFrequencies(), levels, { .colour = colours[trace], .fill = trace == 1 });
 }
 
 void KestrelChartView::paintNodes (juce::Graphics& g) const

@@ -9,7 +9,7 @@ namespace
 
 constexpr int horizontalMargins = 31;
 constexpr int verticalMargins = 19;
-constexpr int leftMargin = 27; // level labels
+constexpr int leftMargin = 29; // level labels, up to three letters at half size
 constexpr int topMargin = 4;   // the rest of the height, below, is for frequency labels
 
 } // namespace

@@ -70,7 +70,8 @@ void paintPresetPreview (juce::Graphics& g, juce::Rectangle<int> area, int id)
     response.setParameters (laneOf (static_cast<std::size_t> (id)));
 
     const auto& palette = style::Theme::palette();
-    controls::paintGridLines (g, { .axes = axes, .levels = zeroLevel, .zeroLine = palette.outlineStrong });
+    controls::paintGridLines (
+        g, { .axes = axes, .levels = zeroLevel, .zeroLine = palette.outlineStrong }, primitives::PixelGrid::of (g));
     const auto curve = ResponsePath::of (axes, response.getCurve(), previewWidth);
     g.setColour (palette.accentWash);
     g.fillPath (curve.fill);

@@ -6,11 +6,14 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/ProcessorRig.h"
 #include "tests/support/Signals.h"
+#include "ui_pro/controls/chart/SpectrumPainter.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace kestreleq::test
 {
@@ -64,8 +67,44 @@ TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
     EXPECT_EQ (display.getFrequencies()[0], 20.0f);
     show ({ -20.0f, -40.0f }, 8000.0);
     EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
-    EXPECT_NEAR (display.getPainterLevels (0)[display.painterBinAt (20.0 * std::pow (200.0, 0.5))], -30.0f, 0.1f);
-    EXPECT_EQ (display.getPainterLevels (0)[display.painterBinAt (5000.0)], -84.0f) << "above half of the rate";
+    EXPECT_EQ (display.getLevels (0)[1], -40.0f);
+}
+
+TEST (SpectrumDisplay, EveryToneIsDrawnAsHighAsTheAnalyserHasIt)
+{
+    using namespace quillon::ui_pro::controls;
+    const ChartAxes axes {
+        .plot = makeLaneAxes (1120, 196).plot, .highestHz = 40000.0, .lowestDb = -84.0, .highestDb = 24.0
+    };
+    std::mt19937 random (17);
+
+    for (const auto rate : { 44100.0, 48000.0, 96000.0, 192000.0 })
+    {
+        for (int tone = 0; tone < 80; ++tone)
+        {
+            const auto part = std::uniform_real_distribution<> (0.0, 1.0) (random);
+            const auto frequency = 100.0 * std::pow (0.45 * rate / 100.0, part);
+            const auto samples = sine (frequency, rate, 4096, 0.25);
+            analysis::SpectrumAnalyser analyser;
+            ASSERT_TRUE (analyser.prepare (rate, 4096, 1024, 512));
+            analyser.setOn (true);
+            analyser.push (0, samples.data(), 4096);
+            for (int tick = 0; tick < 30; ++tick)
+                analyser.update();
+
+            SpectrumDisplay display;
+            display.refresh (analyser);
+            const auto levels = display.getLevels (0);
+            const auto points = makeSpectrumPoints (axes, display.getFrequencies(), levels, 4.0f); // half size
+            EXPECT_LT (points.size(), 280u);
+            const auto top = std::min_element (
+                points.begin(), points.end(), [] (const auto& a, const auto& b) { return a.y < b.y; });
+            EXPECT_NEAR (top->y, axes.yFor (*std::max_element (levels.begin(), levels.end())), 0.5f * 177.0f / 108.0f)
+                << frequency << " Hz at " << rate;
+            const auto bin = axes.xFor (frequency + rate / 4096.0) - axes.xFor (frequency);
+            EXPECT_NEAR (top->x, axes.xFor (frequency), 4.0f + bin) << frequency << " Hz at " << rate;
+        }
+    }
 }
 
 /** A view of lane A with a size, in front of a processor that has its message thread here. */
@@ -179,10 +218,8 @@ TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
         analyser.update();
     rig.view->refresh();
 
-    const auto levels = rig.view->getSpectrum().getPainterLevels (1);
-    const auto peak = levels[SpectrumDisplay::painterBinAt (1000.0)];
-    EXPECT_GT (peak, -20.0f);
-    EXPECT_LT (levels[SpectrumDisplay::painterBinAt (4000.0)], peak - 30.0f);
+    const auto levels = rig.view->getSpectrum().getLevels (1);
+    EXPECT_GT (*std::max_element (levels.begin(), levels.end()), -20.0f);
     EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
 }
 

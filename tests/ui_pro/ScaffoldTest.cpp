@@ -224,7 +224,7 @@ TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
 
     rig.scaffold->wireLaneEnableButton ("link", power, slot); // to another parameter: the first attachment is gone
     Mouse (power).click ({ 5.0f, 5.0f });
-    EXPECT_EQ (rig.processor.take(), "< begin 1.00 end link previous changed >");
+    EXPECT_EQ (rig.processor.take(), "< begin link 1.00 end previous changed >");
     EXPECT_EQ (rig.processor.get ("bypass"), 0.0f);
 }
 

@@ -9,7 +9,7 @@ namespace quillon::ui_pro::controls
     lies beyond an axis stands at its end. */
 struct ChartAxes
 {
-    juce::Rectangle<float> plot;
+    juce::Rectangle<float> plot {};
     double lowestHz = 20.0; // at the left edge
     double highestHz = 20000.0;
     double lowestDb = -84.0; // at the bottom

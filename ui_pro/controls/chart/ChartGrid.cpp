@@ -10,12 +10,10 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr float rowHeight = 12.0f;
-constexpr float labelWidth = 40.0f;
-constexpr float labelGap = 4.0f;
-constexpr float leastLabelPitch = 18.0f; // pixels between labelled level lines
-constexpr float leastLabelRun = 34.0f;   // pixels between labelled frequency lines
-constexpr float lastLabelRun = 60.0f;    // the same before the last, whose label stands on its other side
+constexpr float labelGap = 4.0f;      // between a label and its line
+constexpr float outsideGap = 3.0f;    // between the plot and the labels at its left
+constexpr float outsideWidth = 25.0f; // there; what is wider is squeezed
+constexpr float outsideCentre = 7.5f; // of the labels below the plot, from its bottom
 
 juce::String frequencyText (double hz)
 {
@@ -30,105 +28,149 @@ juce::String levelText (int db)
     return (db > 0 ? "+" : "") + juce::String (db);
 }
 
-/** The whole pixel that a line takes. */
-float pixelFor (float position, const ChartGrid& grid)
+float labelWidth (const juce::Font& font, const juce::String& text)
 {
-    return grid.labels == ChartGrid::Labels::outside ? std::round (position) : std::floor (position);
+    return std::ceil (juce::GlyphArrangement::getStringWidth (font, text)) + 1.0f;
 }
 
-void paintLevelsInside (juce::Graphics& g, const ChartGrid& grid)
+/** Puts one label after the other where it touches none before it. */
+class LabelPlacer
 {
-    const auto plot = grid.axes.plot;
-    auto lastLabelled = plot.getY() - leastLabelPitch;
-
-    for (const auto db : grid.levels)
+public:
+    LabelPlacer (const ChartGrid& gridToLabel, const primitives::PixelGrid& pixels)
+        : grid (gridToLabel),
+          plot (gridToLabel.axes.plot),
+          height (pixels.legible (gridToLabel.textSize)),
+          font (style::regularFont (height))
     {
-        // Above its line; the lowest row belongs to the frequencies.
+    }
+
+    void addLevel (int db)
+    {
         const auto y = grid.axes.yFor (db);
-        const auto label = juce::Rectangle<float> (plot.getX() + labelGap, y - rowHeight, labelWidth, rowHeight);
+        const auto text = levelText (db);
+        const auto width = widthOf (text);
 
-        if (y - lastLabelled < leastLabelPitch || label.getY() < plot.getY() ||
-            label.getBottom() > plot.getBottom() - rowHeight - 2.0f)
-            continue;
+        if (grid.labels == ChartGrid::Labels::outside)
+        {
+            const auto room = std::min (width, outsideWidth);
+            return add (text, { plot.getX() - outsideGap - room, y - 0.5f * height, room, height });
+        }
 
-        lastLabelled = y;
-        g.drawText (levelText (db), label, juce::Justification::centredLeft, false);
+        // Above its line; the lowest row belongs to the frequencies.
+        const juce::Rectangle<float> box (plot.getX() + labelGap, y - height, width, height);
+
+        if (box.getY() >= plot.getY() && box.getBottom() <= getRow().getY())
+            add (text, box);
     }
-}
 
-void paintFrequenciesInside (juce::Graphics& g, const ChartGrid& grid)
-{
-    const auto plot = grid.axes.plot;
-    const auto row = plot.withTop (plot.getBottom() - rowHeight - 2.0f).withHeight (rowHeight);
-    auto lastLabelled = plot.getX() - leastLabelRun;
-
-    for (const auto hz : grid.frequencies)
+    void addFrequency (double hz)
     {
-        // Beside its line, on the side that lies within the chart.
         const auto x = grid.axes.xFor (hz);
-        const auto isLast = hz == grid.frequencies.back();
+        const auto text = frequencyText (hz);
+        const auto width = widthOf (text);
 
-        if (! isLast && (x - lastLabelled < leastLabelRun || plot.getRight() - x < lastLabelRun))
-            continue;
+        if (grid.labels == ChartGrid::Labels::outside)
+        {
+            const auto left = std::clamp (x - 0.5f * width, plot.getX() - outsideGap,
+                std::max (plot.getRight() - width, plot.getX() - outsideGap));
+            return add (text, getRow().withX (left).withWidth (width));
+        }
 
-        lastLabelled = x;
-        g.drawText (frequencyText (hz),
-            row.withWidth (labelWidth).withX (isLast ? x - labelGap - labelWidth : x + labelGap),
-            isLast ? juce::Justification::centredRight : juce::Justification::centredLeft, false);
+        // Beside its line, on the side that lies within the chart.
+        const auto right = x + labelGap + width;
+        add (text, getRow().withWidth (width).withX (right < plot.getRight() ? x + labelGap : x - labelGap - width));
     }
-}
 
-void paintOutside (juce::Graphics& g, const ChartGrid& grid)
-{
-    const auto plot = grid.axes.plot;
-    const auto right = plot.getX() - labelGap;
+    std::vector<GridLabel> labels;
 
-    for (const auto db : grid.levels)
-        g.drawText (levelText (db),
-            juce::Rectangle<float> (right - labelWidth, grid.axes.yFor (db) - 7.0f, labelWidth, 14.0f),
-            juce::Justification::centredRight, false);
+private:
+    float widthOf (const juce::String& text) const { return labelWidth (font, text); }
 
-    for (const auto hz : grid.frequencies)
+    juce::Rectangle<float> getRow() const
     {
-        const auto wanted = grid.axes.xFor (hz) - 0.5f * labelWidth;
-        const auto left = std::clamp (wanted, right, plot.getRight() - labelWidth);
-        g.drawText (frequencyText (hz), juce::Rectangle<float> (left, plot.getBottom() + 1.0f, labelWidth, 13.0f),
-            wanted < left       ? juce::Justification::centredLeft
-                : wanted > left ? juce::Justification::centredRight
-                                : juce::Justification::centred,
-            false);
+        return grid.labels == ChartGrid::Labels::outside
+            ? plot.withY (plot.getBottom() + outsideCentre - 0.5f * height).withHeight (height)
+            : plot.withY (plot.getBottom() - height - 2.0f).withHeight (height);
     }
-}
+
+    void add (const juce::String& text, juce::Rectangle<float> box)
+    {
+        const auto own = box.expanded (0.25f * height, 0.0f);
+        const auto touches = [&own] (const GridLabel& other) { return other.box.intersects (own); };
+
+        if (std::none_of (labels.begin(), labels.end(), touches))
+            labels.push_back ({ text, box });
+    }
+
+    const ChartGrid& grid;
+    const juce::Rectangle<float> plot;
+    const float height;
+    const juce::Font font;
+};
 
 } // namespace
 
-void paintGridLines (juce::Graphics& g, const ChartGrid& grid)
+std::vector<GridLabel> placeGridLabels (const ChartGrid& grid, const primitives::PixelGrid& pixels)
 {
-    const auto plot = grid.axes.plot;
+    LabelPlacer placer (grid, pixels);
+
+    if (grid.axes.plot.isEmpty())
+        return {};
+
+    if (std::find (grid.levels.begin(), grid.levels.end(), 0) != grid.levels.end())
+        placer.addLevel (0);
+
+    for (const auto db : grid.levels)
+        if (db != 0)
+            placer.addLevel (db);
+
+    if (! grid.frequencies.empty())
+    {
+        placer.addFrequency (grid.frequencies.front());
+        placer.addFrequency (grid.frequencies.back());
+    }
+
+    for (const auto hz : grid.frequencies)
+        if (hz != grid.frequencies.front() && hz != grid.frequencies.back())
+            placer.addFrequency (hz);
+
+    return std::move (placer.labels);
+}
+
+void paintGridLines (juce::Graphics& g, const ChartGrid& grid, const primitives::PixelGrid& pixels)
+{
+    const auto plot = pixels.snap (grid.axes.plot);
+    const auto width = pixels.wholePixels (1.0f);
+
     for (const auto db : grid.levels)
     {
+        const auto top = pixels.snapY (grid.axes.yFor (db) - 0.5f * width);
         g.setColour (db == 0 ? grid.zeroLine : grid.levelLine);
-        g.fillRect (plot.getX(), std::min (pixelFor (grid.axes.yFor (db), grid), plot.getBottom() - 1.0f),
-            plot.getWidth(), 1.0f);
+        g.fillRect (plot.withHeight (width).withY (
+            std::clamp (top, plot.getY(), std::max (plot.getBottom() - width, plot.getY()))));
     }
 
     g.setColour (grid.frequencyLine);
 
     for (const auto hz : grid.frequencies)
-        g.fillRect (std::min (pixelFor (grid.axes.xFor (hz), grid), plot.getRight() - 1.0f), plot.getY(), 1.0f,
-            plot.getHeight());
+    {
+        const auto left = pixels.snapX (grid.axes.xFor (hz) - 0.5f * width);
+        g.fillRect (plot.withWidth (width).withX (
+            std::clamp (left, plot.getX(), std::max (plot.getRight() - width, plot.getX()))));
+    }
 }
 
-void paintGridLabels (juce::Graphics& g, const ChartGrid& grid)
+void paintGridLabels (juce::Graphics& g, const ChartGrid& grid, const primitives::PixelGrid& pixels)
 {
-    g.setFont (style::regularFont (grid.textSize));
+    const auto font = style::regularFont (pixels.legible (grid.textSize));
     g.setColour (grid.text);
 
-    if (grid.labels == ChartGrid::Labels::outside)
-        return paintOutside (g, grid);
-
-    paintFrequenciesInside (g, grid);
-    paintLevelsInside (g, grid);
+    for (const auto& label : placeGridLabels (grid, pixels))
+    {
+        g.setFont (font.withHorizontalScale (std::min (label.box.getWidth() / labelWidth (font, label.text), 1.0f)));
+        g.drawText (label.text, label.box, juce::Justification::centred, false);
+    }
 }
 
 } // namespace quillon::ui_pro::controls

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "ui_pro/controls/chart/ChartAxes.h"
+#include "ui_pro/primitives/PixelGrid.h"
 
 #include <span>
+#include <vector>
 
 namespace quillon::ui_pro::controls
 {
@@ -27,10 +29,21 @@ struct ChartGrid
     Labels labels = Labels::inside;
 };
 
-/** The lines, each a pixel wide and within the plot. */
-void paintGridLines (juce::Graphics& g, const ChartGrid& grid);
+/** The lines within the plot: each a design pixel wide, but at least one of the screen's, and on whole ones. */
+void paintGridLines (juce::Graphics& g, const ChartGrid& grid, const primitives::PixelGrid& pixels);
 
-/** The labels; inside the plot, those that find no room beside their neighbours are left out. */
-void paintGridLabels (juce::Graphics& g, const ChartGrid& grid);
+/** The labels, in letters that can be read. What would touch another is left out; 0 dB and the ends of the frequencies
+    go first. */
+void paintGridLabels (juce::Graphics& g, const ChartGrid& grid, const primitives::PixelGrid& pixels);
+
+/** A text at its place. */
+struct GridLabel
+{
+    juce::String text;
+    juce::Rectangle<float> box;
+};
+
+/** The labels that find room, in an undefined order. */
+std::vector<GridLabel> placeGridLabels (const ChartGrid& grid, const primitives::PixelGrid& pixels);
 
 } // namespace quillon::ui_pro::controls

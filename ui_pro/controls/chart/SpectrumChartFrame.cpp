@@ -1,6 +1,5 @@
 #include "ui_pro/controls/chart/SpectrumChartFrame.h"
 
-#include "ui_pro/controls/chart/ChartGrid.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
@@ -20,7 +19,7 @@ constexpr int magnitudeLines[] = { 12, 6, 0 };
 constexpr float gridAlpha = 0.35f;
 
 constexpr float waitingSize = 13.0f;
-constexpr float waitingHeight = 28.0f;
+constexpr float waitingGap = 4.0f;
 
 constexpr float chipSize = 10.0f;
 constexpr float chipHeight = 18.0f;
@@ -58,29 +57,35 @@ SpectrumChartRange SpectrumChartRange::of (SpectrumChartMode mode)
     }
 }
 
-int getChipWidth (const juce::String& text)
+ChartGrid makeSpectrumGrid (juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
 {
-    return std::max (7 * text.length() + 24, 48);
-}
-
-void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
-{
-    const juce::Graphics::ScopedSaveState saved (g);
-    g.reduceClipRegion (area.getSmallestIntegerContainer());
-    g.setColour (style::Theme::palette().surface3);
-    g.fillRect (area);
-
     const auto range = SpectrumChartRange::of (config.getMode());
     const auto line = config.gridColour.withMultipliedAlpha (gridAlpha);
-    const ChartGrid grid { .axes = { .plot = area, .lowestDb = range.minDb, .highestDb = range.maxDb },
+    return { .axes = { .plot = area, .lowestDb = range.minDb, .highestDb = range.maxDb },
         .frequencies = frequencies,
         .levels = levelLines (config.getMode()),
         .zeroLine = config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha),
         .levelLine = line,
         .frequencyLine = line,
         .text = style::Theme::palette().textSecondary };
-    paintGridLines (g, grid);
-    paintGridLabels (g, grid);
+}
+
+int getChipWidth (const juce::String& text)
+{
+    return std::max (7 * text.length() + 24, 48);
+}
+
+void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config,
+    const primitives::PixelGrid& pixels)
+{
+    const juce::Graphics::ScopedSaveState saved (g);
+    g.reduceClipRegion (area.getSmallestIntegerContainer());
+    g.setColour (style::Theme::palette().surface3);
+    g.fillRect (area);
+
+    const auto grid = makeSpectrumGrid (area, config);
+    paintGridLines (g, grid, pixels);
+    paintGridLabels (g, grid, pixels);
 }
 
 void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std::vector<SpectrumChartChip>& chips)
@@ -113,12 +118,29 @@ void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std:
     }
 }
 
-void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area)
+void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
 {
-    g.setFont (style::boldFont (waitingSize).withExtraKerningFactor (0.08f));
+    const auto pixels = primitives::PixelGrid::of (g);
+    const auto font = style::boldFont (pixels.legible (waitingSize)).withExtraKerningFactor (0.08f);
+    const juce::String text ("WAITING FOR AUDIO");
+
+    // The labels stand along the left edge and the lower one.
+    auto inside = area;
+    for (const auto& label : placeGridLabels (makeSpectrumGrid (area, config), pixels))
+        label.box.getBottom() > area.getBottom() - 4.0f
+            ? inside.setBottom (std::min (inside.getBottom(), label.box.getY()))
+            : inside.setLeft (std::max (inside.getX(), label.box.getRight() + waitingGap));
+
+    const auto box =
+        area.withSizeKeepingCentre (juce::GlyphArrangement::getStringWidth (font, text) + 2.0f, font.getHeight())
+            .constrainedWithin (inside);
+
+    if (box.getHeight() < font.getHeight())
+        return;
+
+    g.setFont (font);
     g.setColour (style::Theme::palette().textSecondary);
-    g.drawText ("WAITING FOR AUDIO", area.withSizeKeepingCentre (area.getWidth(), waitingHeight),
-        juce::Justification::centred, false);
+    g.drawFittedText (text, box.getLargestIntegerWithin(), juce::Justification::centred, 1, 0.5f);
 }
 
 } // namespace quillon::ui_pro::controls
