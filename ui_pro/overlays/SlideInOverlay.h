@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui_pro/primitives/KeyboardLoan.h"
-#include "ui_pro/primitives/SilentComponent.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
