@@ -218,6 +218,11 @@ TEST (Knob, ScreenReadersAdjustItInOneGesture)
     value->setValue (0.25);
     EXPECT_EQ (recorded.take(), (Events { "start", "25", "end" }));
     EXPECT_EQ (value->getCurrentValueAsString(), "25%");
+    value->setValueAsString ("25%"); // what was read
+    value->setValueAsString ("a lot");
+    EXPECT_EQ (recorded.take(), (Events { "start", "end" }));
+    value->setValueAsString ("40 %");
+    EXPECT_EQ (recorded.take(), (Events { "start", "40", "end" }));
 }
 
 } // namespace
