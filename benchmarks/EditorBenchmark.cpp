@@ -172,30 +172,53 @@ void editorIdleTick (benchmark::State& state)
     state.counters["painted"] = static_cast<double> (painted);
 }
 
-/** From nothing to the first picture, while another instance's editor is open. */
+/** One frame of the support sheet's slide, in and out again. Width in pixels. */
+void sheetFrame (benchmark::State& state)
+{
+    Scene scene (static_cast<int> (state.range (0)), true);
+    auto& overlay = scene.editor->getOverlay();
+
+    for (auto _ : state)
+    {
+        if (! overlay.isAnimating())
+            overlay.getProgress() > 0.0f ? overlay.close() : scene.editor->openSupport();
+
+        scene.now += 1000.0 / 60.0;
+        overlay.advance();
+        scene.paint();
+    }
+}
+
+/** An instance's first window, from nothing to the first picture, while another instance's editor is open. */
 void editorOpening (benchmark::State& state)
 {
     const juce::ScopedJuceInitialiser_GUI framework;
     Scene other (836, true);
-    test::ProcessorRig rig;
     juce::Image picture (juce::Image::ARGB, 836, 429, true, juce::SoftwareImageType());
 
     for (auto _ : state)
     {
-        KestrelEditor editor (rig.processor);
-        juce::Graphics g (picture);
-        editor.paintEntireComponent (g, true);
+        state.PauseTiming();
+        auto rig = std::make_unique<test::ProcessorRig>();
+        state.ResumeTiming();
+        {
+            KestrelEditor editor (rig->processor);
+            juce::Graphics g (picture);
+            editor.paintEntireComponent (g, true);
+        }
+        state.PauseTiming();
+        rig = nullptr;
+        state.ResumeTiming();
     }
 }
 
 BENCHMARK (editorTick)
-    ->Args ({ 836, 1 })
-    ->Args ({ 836, 0 })
-    ->Args ({ 1672, 1 })
-    ->Args ({ 1672, 0 })
+    ->ArgNames ({ "width", "linked" })
+    ->ArgsProduct ({ { 836, 1672, 3344 }, { 1, 0 } })
     ->Unit (benchmark::kMillisecond);
 BENCHMARK (tenEditorsTick)->Unit (benchmark::kMillisecond);
 BENCHMARK (editorIdleTick)->Unit (benchmark::kMicrosecond);
+BENCHMARK (sheetFrame)->ArgName ("width")->Arg (836)->Arg (1672)->Unit (benchmark::kMillisecond);
 BENCHMARK (editorOpening)->Unit (benchmark::kMillisecond);
 
 } // namespace

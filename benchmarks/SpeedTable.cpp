@@ -166,12 +166,6 @@ void printSilence()
 
 void printInstances()
 {
-    const test::ProcessorRig first;
-    double construction = std::numeric_limits<double>::max();
-
-    for (int i = 0; i < 50; ++i)
-        construction = std::min (construction, nanoseconds ([] { const KestrelProcessor another; }));
-
     constexpr int numInstances = 100, block = 64, rate = 48000, numBlocks = 300;
     std::vector<std::unique_ptr<test::ProcessorRig>> rigs;
     std::vector<test::Stereo> buffers (numInstances);
@@ -198,8 +192,8 @@ void printInstances()
                     }
                 }));
 
-    std::cout << std::fixed << std::setprecision (1) << "\nA second instance is made in " << construction / 1000.0
-              << " us. " << numInstances << " instances at 48 kHz in blocks of " << block << " use "
+    std::cout << std::fixed << std::setprecision (1) << '\n'
+              << numInstances << " instances at 48 kHz in blocks of " << block << " use "
               << 100.0 * best * 1e-9 * rate / block << " % of one core.\n";
 }
 

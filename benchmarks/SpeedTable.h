@@ -19,7 +19,7 @@ void printTable (const Figures& counts, const Figures& moduleTimes);
 /** What silence costs after loud audio, while all filters die away, against noise. */
 void printSilence();
 
-/** What an instance costs to make, and many of them to run. */
+/** What many instances cost to run. */
 void printInstances();
 
 } // namespace kestreleq::speed

@@ -29,14 +29,37 @@ dsp::EngineParameters settingsFor (Task task)
     return settings;
 }
 
-Process makeProcessor (const dsp::simd::Kernels& kernels, int rate, int block)
+/** A value that is another one in every block, whenever it was last taken. */
+class Moving
 {
-    dsp::simd::overrideBestKernels (kernels);
-    const auto rig = std::make_shared<test::ProcessorRig> (rate, block);
+public:
+    float next()
+    {
+        step = (step + 1) % 97;
+        return 0.7f + 0.001f * static_cast<float> (step);
+    }
+
+private:
+    int step = 0;
+};
+
+Process makeProcessor (const dsp::simd::Kernels& kernels, int rate, int block, bool automated)
+{
+    const auto rig = std::make_shared<test::ProcessorRig> (rate, block, kernels);
     rig->processor.setCurrentProgram (4);
 
-    return [rig] (float* left, float* right, int numSamples)
+    if (automated)
+        rig->set ("link", 0.0f);
+
+    return [rig, automated, moving = Moving()] (float* left, float* right, int numSamples) mutable
     {
+        const auto value = moving.next();
+
+        if (automated)
+            for (const auto& info : parameterTable)
+                if (! info.stepped)
+                    rig->set (info.id, value);
+
         float* const channels[] = { left, right };
         juce::AudioBuffer<float> buffer (channels, 2, numSamples);
         rig->processor.processBlock (buffer, rig->midi);
@@ -59,6 +82,10 @@ const char* nameOf (Task task)
             return "engine break driven";
         case Task::processBlock:
             return "processBlock";
+        case Task::engineFade:
+            return "engine fade";
+        case Task::automated:
+            return "processBlock automated";
     }
 
     return "";
@@ -80,23 +107,24 @@ Process makeWorkload (Task task, dsp::simd::InstructionSet form, int rate, int b
 {
     const auto& kernels = dsp::simd::kernelsFor (form);
 
-    if (task == Task::processBlock)
-    {
-        // The meters look for their form at every block.
-        const auto process = makeProcessor (kernels, rate, block);
-
-        return [&kernels, process] (float* left, float* right, int numSamples)
-        {
-            dsp::simd::overrideBestKernels (kernels);
-            process (left, right, numSamples);
-        };
-    }
+    if (task == Task::processBlock || task == Task::automated)
+        return makeProcessor (kernels, rate, block, task == Task::automated);
 
     const auto engine = std::make_shared<dsp::EqEngine> (kernels);
+    auto settings = settingsFor (task);
     engine->prepare (rate);
-    engine->setParameters (settingsFor (task));
+    engine->setParameters (settings);
 
-    return [engine] (float* left, float* right, int numSamples) { engine->process (left, right, numSamples); };
+    if (task != Task::engineFade)
+        return [engine] (float* left, float* right, int numSamples) { engine->process (left, right, numSamples); };
+
+    return [engine, settings, moving = Moving()] (float* left, float* right, int numSamples) mutable
+    {
+        settings.trim = moving.next();
+
+        engine->setParameters (settings);
+        engine->process (left, right, numSamples);
+    };
 }
 
 Process makeCopy()

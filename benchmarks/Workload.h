@@ -17,11 +17,13 @@ enum class Task
     engineMidSide,
     engineBreakIdle,   // on, but nothing drives it
     engineBreakDriven, // every band and the air
-    processBlock       // the whole processor with its meters, analysers off
+    engineFade,        // clean, and new values at every block, so that it is always on the way to them
+    processBlock,      // the whole processor with its meters, analysers off
+    automated          // the same, a host automating every continuous parameter in every block
 };
 
 inline constexpr std::array tasks { Task::engineClean, Task::engineMidSide, Task::engineBreakIdle,
-    Task::engineBreakDriven, Task::processBlock };
+    Task::engineBreakDriven, Task::engineFade, Task::processBlock, Task::automated };
 inline constexpr std::array forms { dsp::simd::InstructionSet::scalar, dsp::simd::InstructionSet::sse2,
     dsp::simd::InstructionSet::avx2 };
 inline constexpr std::array rates { 48000, 192000 };

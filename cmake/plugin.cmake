@@ -40,5 +40,5 @@ if(MINGW)
 endif()
 
 if(TARGET KestrelEQ_VST3)
-    include("${CMAKE_SOURCE_DIR}/cmake/longer-blocks.cmake")
+    include("${CMAKE_SOURCE_DIR}/cmake/mended-wrapper.cmake")
 endif()

@@ -1,7 +1,6 @@
 #include "editor/EditorFooter.h"
 
 #include "editor/EditorLayout.h"
-#include "ui_pro/controls/footer/OversamplingPopup.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
@@ -32,11 +31,6 @@ EditorFooter::EditorFooter (KestrelProcessor& processorToShow, const juce::Strin
     label.setBorderSize ({});
     label.setMinimumHorizontalScale (1.0f);
     label.setInterceptsMouseClicks (false, false);
-}
-
-juce::Component* EditorFooter::getOpenPopup() const
-{
-    return oversampling.isPopupOpen() ? oversampling.getPopup() : nullptr;
 }
 
 void EditorFooter::addTo (juce::Component& canvas)

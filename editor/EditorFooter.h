@@ -36,9 +36,6 @@ public:
 
     quillon::ui_pro::controls::OversamplingControl& getOversampling() { return oversampling; }
 
-    /** What the keyboard belongs to while a popup of the footer is open; null otherwise. */
-    juce::Component* getOpenPopup() const;
-
 private:
     KestrelProcessor& processor;
     quillon::ui_pro::layout::FooterBar bar;

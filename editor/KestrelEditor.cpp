@@ -3,6 +3,8 @@
 #include "editor/EditorLayout.h"
 #include "editor/SupportRecord.h"
 #include "engine/dsp/LevelMeasure.h"
+#include "ui_pro/controls/presets/PresetBrowserPopup.h"
+#include "ui_pro/primitives/DropDownList.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -77,7 +79,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
     {
-        lanes[lane] = std::make_unique<LaneSection> (processor, lane, [this] { header.refreshCommands(); });
+        lanes[lane] = std::make_unique<LaneSection> (processor, lane, stepHooks());
         lanes[lane]->addTo (content);
     }
 
@@ -99,10 +101,22 @@ KestrelEditor::~KestrelEditor()
 
     if (resizableCorner != nullptr)
         resizableCorner->setLookAndFeel (nullptr);
+}
 
-    scaffold->getGlobalPanel().getTrimKnob().endDrag();
-    breakAttachment.reset();
-    trimAttachment.reset();
+/** A gesture is a step of the history. */
+primitives::GestureHooks KestrelEditor::stepHooks()
+{
+    const auto enclose = [this] (auto&& act)
+    {
+        return [this, act]
+        {
+            act (processor.getCore().getHistory());
+            header.refreshCommands();
+        };
+    };
+
+    return { enclose ([] (EditHistory& history) { history.beginStep(); }),
+        enclose ([] (EditHistory& history) { history.endStep(); }) };
 }
 
 void KestrelEditor::initialiseScaffold()
@@ -110,17 +124,8 @@ void KestrelEditor::initialiseScaffold()
     // No undo manager: attachments would use it without the history's lock, and the steps are begun below.
     scaffold = std::make_unique<controls::EffectEditorScaffold> (processor.getCore().getTree(), globalParameters(),
         style::Theme::accent (5), style::Theme::accent (16), nullptr);
-    scaffold->onGestureStart = [this]
-    {
-        processor.getCore().getHistory().beginStep();
-        header.refreshCommands();
-    };
-    scaffold->onGestureEnd = [this]
-    {
-        processor.getCore().getHistory().endStep();
-        header.refreshCommands();
-    };
-
+    scaffold->onGestureStart = stepHooks().start;
+    scaffold->onGestureEnd = stepHooks().end;
     scaffold->onLinkChanged = [this] { triggerAsyncUpdate(); };
     scaffold->onMsModeChanged = [this] { triggerAsyncUpdate(); };
     scaffold->setLaneAreaVisible (false);
@@ -170,8 +175,11 @@ juce::Component* KestrelEditor::findOpenPopup()
     if (overlay.isVisible())
         return &overlay;
 
-    auto* const popup = header.getOpenPopup();
-    return popup != nullptr ? popup : footer.getOpenPopup();
+    if (auto* const list = primitives::DropDownList::findOpenIn (*this))
+        return list;
+
+    auto* const browser = header.getPresetSelector().getBrowser();
+    return browser != nullptr ? &browser->getSearchField() : nullptr;
 }
 
 void KestrelEditor::handleAsyncUpdate()

@@ -73,6 +73,7 @@ private:
         could end a step of the history, which waits for a lock that the listener's caller holds. */
     void handleAsyncUpdate() override;
 
+    quillon::ui_pro::primitives::GestureHooks stepHooks();
     void initialiseScaffold();
     void initialiseWindow();
     void initialiseTooltips();

@@ -8,27 +8,34 @@ namespace kestreleq
 EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks)
     : tree (parameterTree),
       undoManager (manager),
-      links (parameterLinks),
-      values (parameterTree)
+      links (parameterLinks)
 {
-    for (const auto& info : parameterTable)
-        tree.getParameter (info.id)->addListener (this);
+    for (std::size_t i = 0; i < numParameters; ++i)
+        tree[static_cast<Parameter> (i)].addListener (this);
 
-    tree.onFlush = [this] { flush(); };
+    tree.state.addListener (this);
 }
 
 EditHistory::~EditHistory()
 {
-    tree.onFlush = nullptr;
+    tree.state.removeListener (this);
 
-    for (const auto& info : parameterTable)
-        tree.getParameter (info.id)->removeListener (this);
+    for (std::size_t i = 0; i < numParameters; ++i)
+        tree[static_cast<Parameter> (i)].removeListener (this);
+}
+
+void EditHistory::lookAgain()
+{
+    flush();
+
+    if (depth == 0)
+        links.announce();
 }
 
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
 {
     // A link that answers the host's automation makes gestures too, on any thread; they are not the user's.
-    if (isStarting && juce::MessageManager::existsAndIsCurrentThread() && depth > 0)
+    if (isStarting && stepThread == juce::Thread::getCurrentThreadId())
         touched[static_cast<std::size_t> (index)] = true;
 }
 
@@ -44,6 +51,9 @@ void EditHistory::beginStep (const juce::String& name)
     if (depth++ > 0)
         return;
 
+    if (juce::MessageManager::existsAndIsCurrentThread())
+        stepThread = juce::Thread::getCurrentThreadId();
+
     const juce::ScopedLock scope (lock);
     flush(); // what came before is not part of this step
     undoManager.beginNewTransaction (name.isEmpty() ? takePendingName() : name);
@@ -54,6 +64,7 @@ void EditHistory::endStep()
     if (depth == 0 || --depth > 0)
         return;
 
+    stepThread = juce::Thread::ThreadID();
     const juce::ScopedLock scope (lock);
     flush();
 
@@ -66,11 +77,17 @@ void EditHistory::endStep()
 void EditHistory::flush()
 {
     const juce::ScopedLock scope (lock);
+    const bool lookAtAll = treeHasChanged.exchange (false);
 
     for (std::size_t i = 0; i < numParameters; ++i)
     {
+        const auto value = tree.getValues()[static_cast<Parameter> (i)];
+
+        if (value == flushed[i] && ! lookAtAll)
+            continue;
+
         const juce::String id (parameterTable[i].id);
-        const auto value = values[static_cast<Parameter> (i)];
+        flushed[i] = value;
 
         if (tree.read (id) != value)
             tree.write (id, value, touched[i] ? &undoManager : nullptr);
@@ -92,16 +109,12 @@ bool EditHistory::step (bool (juce::UndoManager::*move)())
 
     // The tree now holds what the parameters must; the framework passes on an undo but for a value's last bit, and no
     // redo of a value that was written past it.
-    for (const auto& info : parameterTable)
+    for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const auto value = tree.read (info.id);
-        auto& heard = *tree.getRawParameterValue (info.id);
+        const auto value = tree.read (parameterTable[i].id);
 
-        if (heard != value)
-        {
-            tree.getParameter (info.id)->setValueNotifyingHost (value);
-            heard = value;
-        }
+        if (! tree.holds (static_cast<Parameter> (i), value))
+            tree.setExactly (static_cast<Parameter> (i), value);
     }
 
     return true;

@@ -2,7 +2,8 @@
 
 #include "engine/ParameterLinks.h"
 #include "engine/ParameterTree.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/SharedTick.h"
+#include "engine/parameters/ParameterTable.h"
 
 #include <array>
 #include <atomic>
@@ -16,7 +17,7 @@ namespace kestreleq
 
     A step belongs to the parameters whose gestures begin within it. Message thread, unless a function says otherwise.
  */
-class EditHistory final : private juce::AudioProcessorParameter::Listener
+class EditHistory final : private juce::AudioProcessorParameter::Listener, private juce::ValueTree::Listener
 {
 public:
     /** All of these must outlive this object. */
@@ -45,7 +46,7 @@ public:
     bool canUndo() const;
     bool canRedo() const;
 
-    /** Brings the tree up to date. Any thread. */
+    /** Brings the tree up to date; costs next to nothing where it is. Any thread. */
     void flush();
 
     /** Held around every use of the history and of the tree as a whole, before the tree's own lock. A host may come
@@ -57,21 +58,31 @@ private:
 
     void parameterGestureChanged (int index, bool isStarting) override;
 
+    void valueTreePropertyChanged (juce::ValueTree&, const juce::Identifier&) override { treeHasChanged = true; }
+
+    void valueTreeRedirected (juce::ValueTree&) override { treeHasChanged = true; }
+
+    void lookAgain();
     bool step (bool (juce::UndoManager::*move)());
     juce::String takePendingName();
 
     ParameterTree& tree;
     juce::UndoManager& undoManager;
     ParameterLinks& links;
-    ParameterValues values;
 
     mutable juce::CriticalSection lock;
     std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made
     int depth = 0;                                           // of steps within each other
+    std::atomic<juce::Thread::ThreadID> stepThread {};       // the message thread while it makes one
+
+    std::array<float, numParameters> flushed {}; // the tree's values as of the last flush, unless it has changed since
+    std::atomic<bool> treeHasChanged { true };
 
     juce::SpinLock pendingLock;
     juce::String pendingName;
     std::atomic<bool> pending { false };
+
+    SharedTick tick { [this] { lookAgain(); } }; // last, since it goes on until it goes
 };
 
 } // namespace kestreleq

@@ -1,8 +1,5 @@
 #include "engine/KestrelCore.h"
 
-#include "engine/parameters/ParameterLayout.h"
-#include "engine/parameters/TreeNames.h"
-
 #include <algorithm>
 
 namespace kestreleq
@@ -34,9 +31,12 @@ constexpr std::size_t spectrumPoints = 512;
 
 } // namespace
 
-KestrelCore::KestrelCore (juce::AudioProcessor& processor)
-    : tree (processor, &undoManager, tree_names::parameters, createParameterLayout()),
-      values (tree),
+KestrelCore::KestrelCore (juce::AudioProcessor& processor, const dsp::simd::Kernels& kernels)
+    : tree (processor, undoManager),
+      values (tree.getValues()),
+      engine (kernels),
+      inputRider (kernels),
+      outputRider (kernels),
       links (tree),
       history (tree, undoManager, links)
 {
@@ -46,15 +46,7 @@ juce::ValueTree KestrelCore::copyState()
 {
     const juce::ScopedLock lock (history.getLock());
     history.flush();
-    auto copy = tree.copyState();
-
-    // The tree leaves out changes in a value's last bit.
-    for (std::size_t i = 0; i < numParameters; ++i)
-        copy.getChildWithProperty (tree_names::id, parameterTable[i].id)
-            .setProperty (tree_names::value,
-                static_cast<double> (tree.getRawParameterValue (parameterTable[i].id)->load()), nullptr);
-
-    return copy;
+    return tree.copyState();
 }
 
 void KestrelCore::replaceState (const juce::ValueTree& newState)
@@ -63,17 +55,11 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
     const auto newValues = valuesIn (newState);
+    links.forgetUnannounced(); // a host that restores reads every value
 
     for (std::size_t i = 0; i < numParameters; ++i)
-    {
-        auto& parameter = *tree.getParameter (parameterTable[i].id);
-
-        // The tree leaves a value alone that differs in its last bit only.
-        if (parameter.getValue() != newValues[i])
-            parameter.setValueNotifyingHost (newValues[i]);
-
-        tree.getRawParameterValue (parameterTable[i].id)->store (newValues[i]);
-    }
+        if (! tree.holds (static_cast<Parameter> (i), newValues[i]))
+            tree.setExactly (static_cast<Parameter> (i), newValues[i]);
 }
 
 void KestrelCore::applyState (const juce::ValueTree& state, const juce::String& operationName)
@@ -90,11 +76,10 @@ void KestrelCore::setAllParameters (
         {
             for (std::size_t i = 0; i < numParameters; ++i)
             {
-                auto& parameter = *tree.getParameter (parameterTable[i].id);
-                parameter.beginChangeGesture();
-                parameter.setValueNotifyingHost (newValues[i]);
-                tree.getRawParameterValue (parameterTable[i].id)->store (parameter.getValue());
-                parameter.endChangeGesture();
+                const auto parameter = static_cast<Parameter> (i);
+                tree[parameter].beginChangeGesture();
+                tree.setExactly (parameter, newValues[i]);
+                tree[parameter].endChangeGesture();
             }
         });
 }
@@ -108,7 +93,6 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
         rider->prepare (sampleRate, static_cast<int> (numLanes));
         rider->setTarget (riderTarget);
         rider->setRate (riderRate);
-        rider->reset();
     }
 
     for (auto& analyser : analysers)
@@ -119,6 +103,7 @@ void KestrelCore::prepare (double sampleRate, int blockSize)
 
     monoScratch.resize (static_cast<std::size_t> (blockSize));
     mixScratch.resize (static_cast<std::size_t> (blockSize));
+    resetWanted = false;
     prepared = true;
 }
 
@@ -175,6 +160,13 @@ void KestrelCore::process (juce::AudioBuffer<float>& buffer)
         return;
     }
 
+    if (resetWanted.load (std::memory_order_relaxed) && resetWanted.exchange (false))
+    {
+        engine.reset();
+        inputRider.reset();
+        outputRider.reset();
+    }
+
     readParameters();
     engine.setParameters (parameters);
 
@@ -201,7 +193,7 @@ void KestrelCore::processStereo (float* left, float* right, int numSamples)
         if (active && ! anyBypass)
             rider.process (channels, numSamples);
         else
-            rider.reset();
+            rider.release (channels, numSamples);
     };
 
     feedAnalysers (inputSlot, left, right, numSamples);

@@ -6,11 +6,11 @@
 #include "engine/analysis/SpectrumAnalyser.h"
 #include "engine/dsp/EqEngine.h"
 #include "engine/dsp/GainRider.h"
-#include "engine/parameters/ParameterValues.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <array>
+#include <atomic>
 #include <vector>
 
 namespace kestreleq
@@ -21,12 +21,15 @@ namespace kestreleq
 class KestrelCore
 {
 public:
-    /** Builds the parameter tree and attaches it to the processor, which owns this object. */
-    explicit KestrelCore (juce::AudioProcessor& processor);
+    /** Builds the parameter tree and attaches it to the processor, which owns this object. The kernels are the form of
+        the inner loops for all that runs in here. */
+    KestrelCore (juce::AudioProcessor& processor, const dsp::simd::Kernels& kernels);
 
     /** The parameters, and the history of the edits made to them. Parameters from any thread, the rest from the message
         thread. */
-    juce::AudioProcessorValueTreeState& getTree() { return tree; }
+    ParameterTree& getTree() { return tree; }
+
+    const ParameterTree& getTree() const { return tree; }
 
     juce::UndoManager& getUndoManager() { return undoManager; }
 
@@ -68,6 +71,9 @@ public:
         Leaves the analysers off. */
     void prepare (double sampleRate, int blockSize);
 
+    /** Has the next block begin with cleared filters, riders at 0 dB and settings that act at once. Any thread. */
+    void reset() { resetWanted = true; }
+
     /** Processes one block in place, of any length if stereo. Audio thread. Before prepare the block is silenced. */
     void process (juce::AudioBuffer<float>& buffer);
 
@@ -81,7 +87,7 @@ private:
     // In this order: what is watched and recorded outlives what watches and records.
     juce::UndoManager undoManager;
     ParameterTree tree;
-    ParameterValues values;
+    const ParameterValues& values;
 
     dsp::EngineParameters parameters; // those of the last block
     bool inputAutoGain = false;
@@ -94,6 +100,7 @@ private:
     std::vector<float> monoScratch; // the second channel of a mono block
     std::vector<float> mixScratch;  // what the analysers are fed, where that is no channel
     bool prepared = false;
+    std::atomic<bool> resetWanted { false };
 
     ParameterLinks links;
     EditHistory history;

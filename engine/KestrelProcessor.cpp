@@ -20,12 +20,13 @@ const float* secondChannel (const juce::AudioBuffer<float>& buffer)
 
 } // namespace
 
-KestrelProcessor::KestrelProcessor()
+KestrelProcessor::KestrelProcessor (EditorFactory factory, const dsp::simd::Kernels& kernelsToUse)
     : AudioProcessor (BusesProperties()
                           .withInput ("Input", juce::AudioChannelSet::stereo())
                           .withOutput ("Output", juce::AudioChannelSet::stereo())),
-      core (*this),
-      bypassParameter (core.getTree().getParameter (infoOf (Parameter::bypass).id))
+      kernels (kernelsToUse),
+      core (*this, kernels),
+      createNewEditor (factory)
 {
     quillon::ui::settings::SettingsScopeManager::setContextFromAnyThread ("KestrelEQ");
 }
@@ -72,7 +73,7 @@ void KestrelProcessor::measureInput (const juce::AudioBuffer<float>& buffer, boo
 {
     if (buffer.getNumChannels() > 0 && buffer.getNumSamples() > 0)
         inputLevels.store (dsp::measureLevels (
-            buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide));
+            kernels, buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide));
 }
 
 void KestrelProcessor::measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide)
@@ -80,8 +81,8 @@ void KestrelProcessor::measureOutput (const juce::AudioBuffer<float>& buffer, bo
     if (buffer.getNumChannels() == 0 || buffer.getNumSamples() == 0)
         return;
 
-    const auto measured =
-        dsp::measureOutput (buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide);
+    const auto measured = dsp::measureOutput (
+        kernels, buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide);
     outputLevels.store (measured.levels);
 
     if (buffer.getNumChannels() > 1)
@@ -142,7 +143,10 @@ void KestrelProcessor::setCurrentProgram (int index)
             core.setAllParameters (
                 valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
             ++stateChangeCounter;
-            updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
+
+            // On any other thread it is the host that sets the program, and would read its own old values on this.
+            if (juce::MessageManager::existsAndIsCurrentThread())
+                updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
         });
 }
 
@@ -166,6 +170,13 @@ void KestrelProcessor::setStateInformation (const void* data, int size)
             editorScaleStep = state->editorScaleStep;
             ++stateChangeCounter;
         });
+}
+
+juce::AudioProcessorEditor* KestrelProcessor::createEditor()
+{
+    juce::AudioProcessorEditor* editor = nullptr;
+    contain ([&] { editor = createNewEditor != nullptr ? createNewEditor (*this) : nullptr; });
+    return editor; // without one the wrapper shows an empty window
 }
 
 void KestrelProcessor::applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName)

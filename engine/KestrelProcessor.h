@@ -19,7 +19,12 @@ namespace kestreleq
 class KestrelProcessor final : public juce::AudioProcessor, public quillon::ui::strips::FooterTelemetrySource
 {
 public:
-    KestrelProcessor();
+    using EditorFactory = juce::AudioProcessorEditor* (*)(KestrelProcessor&);
+
+    /** The engine knows no editor: whoever wants one open hands over what makes it. Without, the processor has none.
+        Another form of the inner loops than the best one is for benchmarks. */
+    explicit KestrelProcessor (
+        EditorFactory factory = nullptr, const dsp::simd::Kernels& kernelsToUse = dsp::simd::bestKernels());
 
     KestrelCore& getCore() { return core; }
 
@@ -47,13 +52,16 @@ public:
 
     void releaseResources() override {}
 
+    /** Clears what the filters remember and whatever is under way, before the next block. Any thread. */
+    void reset() override { core.reset(); }
+
     /** Audio thread. Stereo blocks of any length, empty ones too; of a mono block only as much as was prepared for. */
     void processBlock (juce::AudioBuffer<float>& buffer, juce::MidiBuffer& midi) KESTREL_NONBLOCKING override;
     using AudioProcessor::processBlock;
 
     bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
 
-    juce::AudioProcessorParameter* getBypassParameter() const override { return bypassParameter; }
+    juce::AudioProcessorParameter* getBypassParameter() const override { return &core.getTree()[Parameter::bypass]; }
 
     const juce::String getName() const override { return "Kestrel EQ"; }
 
@@ -73,10 +81,9 @@ public:
 
     void changeProgramName (int, const juce::String&) override {}
 
-    /** Defined beside the editor, which this side knows nothing of. */
     juce::AudioProcessorEditor* createEditor() override;
 
-    bool hasEditor() const override { return true; }
+    bool hasEditor() const override { return createNewEditor != nullptr; }
 
     /** Any thread. */
     void getStateInformation (juce::MemoryBlock& destination) override;
@@ -124,8 +131,9 @@ private:
     void measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void registerRenderTime (juce::int64 ticks, int numSamples);
 
+    const dsp::simd::Kernels& kernels;
     KestrelCore core;
-    juce::AudioProcessorParameter* const bypassParameter;
+    const EditorFactory createNewEditor;
     std::atomic<int> currentProgram { 0 };
     std::atomic<int> editorScaleStep { -1 };
     std::atomic<std::uint32_t> stateChangeCounter { 0 };

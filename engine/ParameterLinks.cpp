@@ -1,22 +1,32 @@
 #include "engine/ParameterLinks.h"
 
 #include <bit>
+#include <utility>
 
 namespace kestreleq
 {
-
-ParameterLinks::ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch)
-    : tree (treeToWatch),
-      values (treeToWatch)
+namespace
 {
-    for (std::size_t i = 0; i < numParameters; ++i)
-        parameters[i] = tree.getParameter (parameterTable[i].id);
 
+constexpr int looksToRest = 3;
+
+constexpr std::uint32_t bitOf (Parameter parameter)
+{
+    return 1u << indexOf (parameter);
+}
+
+} // namespace
+
+ParameterLinks::ParameterLinks (ParameterTree& treeToWatch)
+    : tree (treeToWatch),
+      values (treeToWatch.getValues())
+{
     auto watcher = watchers.begin();
     const auto watch = [&] (Parameter parameter)
     {
         watcher->owner = this;
         watcher->parameter = parameter;
+        tree[parameter].addListener (&*watcher);
         tree.addParameterListener (infoOf (parameter).id, &*watcher++);
     };
 
@@ -33,17 +43,25 @@ ParameterLinks::ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch)
 ParameterLinks::~ParameterLinks()
 {
     for (auto& watcher : watchers)
+    {
         tree.removeParameterListener (infoOf (watcher.parameter).id, &watcher);
+        tree[watcher.parameter].removeListener (&watcher);
+    }
 }
 
 void ParameterLinks::changed (Parameter parameter)
 {
     const auto thisThread = juce::Thread::getCurrentThreadId();
 
-    if (pauses > 0 || copier == thisThread)
+    if (copier == thisThread)
         return;
 
-    waiting |= 1u << indexOf (parameter);
+    unannounced &= ~bitOf (parameter); // whoever changes it tells the host, or is the host
+
+    if (pauses > 0)
+        return;
+
+    waiting |= bitOf (parameter);
 
     while (waiting != 0)
     {
@@ -69,7 +87,7 @@ void ParameterLinks::follow (Parameter parameter)
     {
         if (values.isOn (Parameter::link))
             for (const auto& [first, second] : linkedPairs)
-                copyTo (second, values[first]);
+                copyTo (second, parameter, values[first]);
 
         return;
     }
@@ -78,7 +96,7 @@ void ParameterLinks::follow (Parameter parameter)
         return;
 
     if (const auto partner = partnerOf (parameter))
-        copyTo (*partner, values[parameter]);
+        copyTo (*partner, parameter, values[parameter]);
 }
 
 /** The rules of one gain link. True when they have dealt with the change. */
@@ -87,7 +105,7 @@ bool ParameterLinks::followGainLink (Parameter linkSwitch, Parameter first, Para
     if (parameter == linkSwitch)
     {
         if (values.isOn (linkSwitch))
-            copyTo (second, values[first]);
+            copyTo (second, parameter, values[first]);
 
         return true;
     }
@@ -95,17 +113,47 @@ bool ParameterLinks::followGainLink (Parameter linkSwitch, Parameter first, Para
     if ((parameter != first && parameter != second) || ! values.isOn (linkSwitch))
         return false;
 
-    copyTo (parameter == first ? second : first, values[parameter]);
+    copyTo (parameter == first ? second : first, parameter, values[parameter]);
     return true;
 }
 
-void ParameterLinks::copyTo (Parameter target, float value)
+void ParameterLinks::copyTo (Parameter target, Parameter source, float value)
 {
-    auto& parameter = *parameters[indexOf (target)];
+    auto& parameter = tree[target];
+
+    // What the user changes is a gesture; any other change is the host's.
+    if (gestures[indexOf (source)] != juce::Thread::getCurrentThreadId() && parameter.getValue() != value)
+        unannounced |= bitOf (target);
 
     parameter.beginChangeGesture();
     parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
     parameter.endChangeGesture();
+}
+
+void ParameterLinks::announce()
+{
+    if (unannounced == 0)
+    {
+        restingLooks.fill (0);
+        return;
+    }
+
+    for (std::size_t i = 0; i < numParameters; ++i)
+    {
+        auto& parameter = tree[static_cast<Parameter> (i)];
+        const auto bit = bitOf (static_cast<Parameter> (i));
+        const auto value = parameter.getValue();
+        const bool rests = (unannounced & bit) != 0 && std::exchange (seenValues[i], value) == value;
+        restingLooks[i] = rests ? restingLooks[i] + 1 : 0;
+
+        if (restingLooks[i] < looksToRest || (unannounced.fetch_and (~bit) & bit) == 0)
+            continue;
+
+        // Not set anew: the host may be moving it again.
+        parameter.beginChangeGesture();
+        parameter.sendValueChangedMessageToListeners (parameter.getValue());
+        parameter.endChangeGesture();
+    }
 }
 
 } // namespace kestreleq

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "engine/parameters/ParameterIds.h"
-#include "engine/parameters/ParameterValues.h"
+#include "engine/ParameterTree.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -44,13 +43,21 @@ constexpr std::optional<Parameter> partnerOf (Parameter parameter)
 }
 
 /** Copies a change of one lane's parameter to the other lane while they are linked, and lane A's values to lane B when
-    a link is switched on. Runs on whichever thread changes a parameter; copies reach the host as gestures. */
+    a link is switched on. Runs on whichever thread changes a parameter; copies reach the host as gestures, but for
+   those of a change of the host's own, during which its wrapper is deaf: `announce` tells of them. */
 class ParameterLinks
 {
 public:
     /** Listens to every linked parameter and link switch of the tree, which must outlive this object. */
-    explicit ParameterLinks (juce::AudioProcessorValueTreeState& treeToWatch);
+    explicit ParameterLinks (ParameterTree& treeToWatch);
     ~ParameterLinks();
+
+    /** Tells the host of the partners that moved with a change of its own, each as a gesture, once its value has rested
+        for a moment. Message thread, ten times a second, not while a step of the history is made. */
+    void announce();
+
+    /** For when the host reads every value anew. Any thread. */
+    void forgetUnannounced() { unannounced = 0; }
 
     /** While one of these lives, on any thread, no change is copied: for restoring values that belong together as they
         are. */
@@ -77,9 +84,17 @@ private:
         Parameter::outGainLink };
 
     /** One per parameter, so that a notification needs no search by name. */
-    struct Watcher final : juce::AudioProcessorValueTreeState::Listener
+    struct Watcher final : juce::AudioProcessorValueTreeState::Listener, juce::AudioProcessorParameter::Listener
     {
         void parameterChanged (const juce::String&, float) override { owner->changed (parameter); }
+
+        void parameterValueChanged (int, float) override {}
+
+        void parameterGestureChanged (int index, bool isStarting) override
+        {
+            owner->gestures[static_cast<std::size_t> (index)] =
+                isStarting ? juce::Thread::getCurrentThreadId() : juce::Thread::ThreadID();
+        }
 
         ParameterLinks* owner = nullptr;
         Parameter parameter {};
@@ -88,11 +103,10 @@ private:
     void changed (Parameter parameter);
     void follow (Parameter parameter);
     bool followGainLink (Parameter linkSwitch, Parameter first, Parameter second, Parameter parameter);
-    void copyTo (Parameter target, float value);
+    void copyTo (Parameter target, Parameter source, float value);
 
-    juce::AudioProcessorValueTreeState& tree;
-    ParameterValues values;
-    std::array<juce::RangedAudioParameter*, numParameters> parameters {};
+    ParameterTree& tree;
+    const ParameterValues& values;
     std::array<Watcher, 2 * linkedPairs.size() + switches.size()> watchers;
     std::atomic<int> pauses { 0 };
 
@@ -101,6 +115,11 @@ private:
     std::atomic<juce::Thread::ThreadID> copier {};
     std::atomic<std::uint32_t> waiting { 0 }; // a bit per changed parameter
     static_assert (numParameters <= 32);
+
+    std::array<std::atomic<juce::Thread::ThreadID>, numParameters> gestures {}; // by whom, of each parameter
+    std::atomic<std::uint32_t> unannounced { 0 };                               // a bit per partner
+    std::array<float, numParameters> seenValues {};                             // of these, when last looked at
+    std::array<int, numParameters> restingLooks {};
 };
 
 } // namespace kestreleq

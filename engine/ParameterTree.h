@@ -1,25 +1,56 @@
 #pragma once
 
+#include "engine/parameters/ParameterLayout.h"
+#include "engine/parameters/ParameterValues.h"
 #include "engine/parameters/TreeNames.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
-#include <functional>
+#include <array>
 
 namespace kestreleq
 {
 
-/** The framework's parameter tree, with its flush handed over.
+/** The framework's parameter tree, with every row of parameterTable in it, answering by Parameter: what it has by name
+   is looked up once. Its flush is left to EditHistory.
 
     The framework writes changed parameters into the tree, and with that into the undo history, from a timer of its own:
-    late, and whoever made the change, host automation too. Here the same timer calls `onFlush` instead. */
+    late, and whoever made the change, host automation too. Here that timer does not run. */
 class ParameterTree final : public juce::AudioProcessorValueTreeState
 {
 public:
-    using AudioProcessorValueTreeState::AudioProcessorValueTreeState;
+    using Parameter = kestreleq::Parameter; // the base class has one too
 
-    /** Called ten times a second on the message thread. */
-    std::function<void()> onFlush;
+    /** Adds the parameters to the processor. */
+    ParameterTree (juce::AudioProcessor& processorToUse, juce::UndoManager& history)
+        : AudioProcessorValueTreeState (processorToUse, &history, tree_names::parameters, createParameterLayout()),
+          values (*this)
+    {
+        for (std::size_t i = 0; i < numParameters; ++i)
+            parameters[i] = getParameter (parameterTable[i].id);
+
+        using FrameworksTimer = juce::Timer*; // the base class is one, though not in public
+        FrameworksTimer (this)->stopTimer();
+    }
+
+    juce::RangedAudioParameter& operator[] (Parameter parameter) const { return *parameters[indexOf (parameter)]; }
+
+    /** What the audio thread reads. */
+    const ParameterValues& getValues() const { return values; }
+
+    /** Whether both the parameter and what the audio thread reads of it are this value, to the last bit. */
+    bool holds (Parameter parameter, float value) const
+    {
+        return (*this)[parameter].getValue() == value && values[parameter] == value;
+    }
+
+    /** Sets a parameter and tells the host and all who listen. The framework alone would not pass on to the audio
+       thread what changes a value's last bit only. */
+    void setExactly (Parameter parameter, float value)
+    {
+        (*this)[parameter].setValueNotifyingHost (value);
+        values.set (parameter, (*this)[parameter].getValue());
+    }
 
     /** Writes a value into the tree without telling the parameter, which may have moved on meanwhile. Under
         EditHistory's lock, as is read. */
@@ -38,11 +69,10 @@ public:
     }
 
 private:
-    void timerCallback() override
-    {
-        if (onFlush != nullptr)
-            onFlush();
-    }
+    void timerCallback() override {}
+
+    ParameterValues values;
+    std::array<juce::RangedAudioParameter*, numParameters> parameters {};
 };
 
 } // namespace kestreleq

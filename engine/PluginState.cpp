@@ -1,12 +1,14 @@
 #include "engine/PluginState.h"
 
+#include "engine/HarmlessXml.h"
 #include "engine/Utf8.h"
 #include "engine/parameters/FactoryPrograms.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "engine/parameters/TreeNames.h"
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace kestreleq
 {
@@ -15,9 +17,6 @@ namespace
 
 const juce::Identifier programProperty ("currentProgram");
 const juce::Identifier scaleStepProperty ("editorScaleStep");
-
-constexpr std::size_t greatestTextSize = 1024 * 1024;
-constexpr int greatestDepth = 8;
 
 // The framework's wrapper: a magic number and the text's length before the text, a zero after it.
 constexpr int wrapperHeader = 8;
@@ -75,79 +74,7 @@ std::optional<PluginState> fromXml (const juce::XmlElement& xml)
         tree.getProperty (scaleStepProperty, -1) };
 }
 
-/** Follows the tags of XML text that holds nothing but elements and text. */
-class TagScanner
-{
-public:
-    explicit TagScanner (std::string_view textToScan)
-        : text (textToScan)
-    {
-    }
-
-    /** Whether every tag and every quotation in one ends, every element is closed, and none lies too deep. */
-    bool isWellNested (int depthLimit)
-    {
-        int depth = 0;
-
-        while ((position = text.find ('<', position)) != std::string_view::npos)
-        {
-            ++position;
-            const bool closes = position < text.size() && text[position] == '/';
-            const auto last = skipTag();
-
-            if (position == text.size() || (! closes && depth >= depthLimit))
-                return false;
-
-            if (closes)
-                --depth;
-            else if (last != '/')
-                ++depth;
-        }
-
-        return depth == 0;
-    }
-
-private:
-    /** To the tag's end, past quotations, or to the text's; returns the character before it. */
-    char skipTag()
-    {
-        char quote = '\0', previous = '\0';
-
-        for (; position < text.size(); ++position)
-        {
-            const auto c = text[position];
-
-            if (quote == '\0' && c == '>')
-                return previous;
-
-            if (quote == '\0' && (c == '"' || c == '\''))
-                quote = c;
-            else if (c == quote)
-                quote = '\0';
-
-            previous = c;
-        }
-
-        return previous;
-    }
-
-    std::string_view text;
-    std::size_t position = 0;
-};
-
 } // namespace
-
-bool isHarmlessXml (std::string_view text)
-{
-    if (text.size() > greatestTextSize || ! isValidUtf8 (text))
-        return false;
-
-    if (text.starts_with ("<?"))
-        text.remove_prefix (std::min (text.find ("?>"), text.size()));
-
-    return text.find ("<!") == std::string_view::npos && text.find ("<?") == std::string_view::npos &&
-        TagScanner (text).isWellNested (greatestDepth);
-}
 
 void writeState (const PluginState& state, juce::MemoryBlock& destination)
 {

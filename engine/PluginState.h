@@ -3,7 +3,6 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <optional>
-#include <string_view>
 
 namespace kestreleq
 {
@@ -26,10 +25,5 @@ std::optional<PluginState> readState (const void* data, int size);
 
 /** Reads a state from text that a user pasted, as readState does; its root may go by the product's name too. */
 std::optional<PluginState> readStateText (const juce::String& text);
-
-/** Whether XML may be handed to the framework's parser, which recurses without limit and reads past the end of text
-    that stops within a quotation: at most 1 MiB of valid UTF-8 with nothing in it but elements and text (no "<!", and
-   "<?" only as its first line), at most 8 deep, every tag and element closed. */
-bool isHarmlessXml (std::string_view text);
 
 } // namespace kestreleq

@@ -1,5 +1,6 @@
 #include "editor/chart/ChartFace.h"
 
+#include "ui_pro/controls/chart/ChartGrid.h"
 #include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
@@ -22,20 +23,23 @@ constexpr float cornerRadius = 6.0f;
 const juce::Colour zeroLine { 0x14ffffff };
 const juce::Colour otherLine { 0x08ffffff };
 
-juce::String frequencyText (double frequency)
+controls::ChartGrid makeGrid (const controls::ChartAxes& axes)
 {
-    return frequency < 1000.0 ? juce::String (juce::roundToInt (frequency))
-                              : juce::String (frequency / 1000.0).trimCharactersAtEnd (".") + "k";
-}
-
-juce::String levelText (int level)
-{
-    return level > 0 ? "+" + juce::String (level) : juce::String (level);
+    return { .axes = axes,
+        .frequencies = gridFrequencies,
+        .levels = gridLevels,
+        .zeroLine = zeroLine,
+        .levelLine = otherLine,
+        .frequencyLine = otherLine,
+        .text = style::Theme::palette().textSecondary,
+        .textSize = labelSize,
+        .labels = controls::ChartGrid::Labels::outside };
 }
 
 } // namespace
 
-void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const ChartScale& scale)
+void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const controls::ChartAxes& axes,
+    const primitives::PixelGrid& pixels)
 {
     const auto& palette = style::Theme::palette();
     const auto r = bounds.toFloat();
@@ -44,56 +48,26 @@ void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const
     g.setColour (palette.outline);
     g.drawRoundedRectangle (r.reduced (0.5f), cornerRadius, 1.0f);
 
-    g.setFont (style::regularFont (labelSize));
-    g.setColour (palette.textSecondary);
-    const auto plot = scale.plot();
-
-    for (const auto level : gridLevels)
-        g.drawText (levelText (level),
-            juce::Rectangle<float> (0.0f, scale.yFor (level) - 7.0f, plot.getX() - 4.0f, 14.0f),
-            juce::Justification::centredRight, false);
-
-    for (const auto frequency : gridFrequencies)
-    {
-        const auto centre = scale.xFor (frequency);
-        const auto left = std::clamp (centre - 20.0f, plot.getX() - 4.0f, plot.getRight() - 40.0f);
-        const auto justification = centre - 20.0f < left ? juce::Justification::centredLeft
-            : centre - 20.0f > left                      ? juce::Justification::centredRight
-                                                         : juce::Justification::centred;
-        g.drawText (frequencyText (frequency), juce::Rectangle<float> (left, plot.getBottom() + 1.0f, 40.0f, 13.0f),
-            justification, false);
-    }
+    paintGridLabels (g, makeGrid (axes), pixels);
 }
 
-void paintChartGrid (juce::Graphics& g, const ChartScale& scale)
+void paintChartGrid (juce::Graphics& g, const controls::ChartAxes& axes, const primitives::PixelGrid& pixels)
 {
-    const auto plot = scale.plot();
-
-    for (const auto level : gridLevels)
-    {
-        g.setColour (level == 0 ? zeroLine : otherLine);
-        g.fillRect (juce::Rectangle<float> (plot.getX(), std::round (scale.yFor (level)), plot.getWidth(), 1.0f));
-    }
-
-    g.setColour (otherLine);
-
-    for (const auto frequency : gridFrequencies)
-        g.fillRect (juce::Rectangle<float> (std::min (std::round (scale.xFor (frequency)), plot.getRight() - 1.0f),
-            plot.getY(), 1.0f, plot.getHeight()));
+    paintGridLines (g, makeGrid (axes), pixels);
 }
 
 void paintChartCurve (
-    juce::Graphics& g, const ChartScale& scale, const juce::Path& line, const juce::Path& fill, juce::Colour colour)
+    juce::Graphics& g, const controls::ChartAxes& axes, const ResponsePath& response, juce::Colour colour)
 {
-    const auto plot = scale.plot();
+    const auto plot = axes.plot;
     auto gradient = juce::ColourGradient::vertical (
         colour.withAlpha (0.26f), plot.getY(), colour.withAlpha (0.26f), plot.getBottom());
     gradient.addColour (0.5, colour.withAlpha (0.03f));
     g.setGradientFill (gradient);
-    g.fillPath (fill);
+    g.fillPath (response.fill);
 
     g.setColour (colour);
-    g.fillPath (line);
+    g.fillPath (response.line);
 }
 
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state)
@@ -114,8 +88,8 @@ void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius,
     g.fillEllipse (disc (state == NodeState::dragged ? radius * 0.25f : radius * 0.45f));
 }
 
-void paintChartReadout (juce::Graphics& g, const ChartScale& scale, juce::Point<float> node, const juce::String& name,
-    const juce::String& value, juce::Colour colour)
+void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, juce::Point<float> node,
+    const juce::String& name, const juce::String& value, juce::Colour colour)
 {
     const auto nameFont = style::boldFont (11.5f);
     const auto valueFont = style::regularFont (12.0f);
@@ -127,10 +101,10 @@ void paintChartReadout (juce::Graphics& g, const ChartScale& scale, juce::Point<
     juce::Rectangle<float> box (nameWidth + valueWidth + gap + 2.0f * padding, 24.0f);
     box.setCentre (node.translated (0.0f, -26.0f));
 
-    if (box.getY() < scale.plot().getY())
+    if (box.getY() < axes.plot.getY())
         box.setCentre (node.translated (0.0f, 26.0f));
 
-    box = box.constrainedWithin (scale.plot());
+    box = box.constrainedWithin (axes.plot);
 
     const auto& palette = style::Theme::palette();
     primitives::fillPanel (g, box, palette.scrim2, 5.0f);

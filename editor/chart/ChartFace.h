@@ -1,8 +1,8 @@
 #pragma once
 
-#include "editor/chart/ChartScale.h"
+#include "editor/chart/ResponsePath.h"
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui_pro/primitives/PixelGrid.h"
 
 namespace kestreleq
 {
@@ -10,13 +10,15 @@ namespace kestreleq
 // How a chart looks. Colours come from the theme, but for the lane's own.
 
 /** The recess behind the plot, with the labels of both axes. Never changes for a size. */
-void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds, const ChartScale& scale);
+void paintChartBackground (juce::Graphics& g, juce::Rectangle<int> bounds,
+    const quillon::ui_pro::controls::ChartAxes& axes, const quillon::ui_pro::primitives::PixelGrid& pixels);
 
-void paintChartGrid (juce::Graphics& g, const ChartScale& scale);
+void paintChartGrid (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes,
+    const quillon::ui_pro::primitives::PixelGrid& pixels);
 
-/** The response: a line with a faint fill between it and 0 dB. Paths as prepared for the scale. */
-void paintChartCurve (
-    juce::Graphics& g, const ChartScale& scale, const juce::Path& line, const juce::Path& fill, juce::Colour colour);
+/** The response: a line with a faint fill between it and 0 dB. */
+void paintChartCurve (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes, const ResponsePath& response,
+    juce::Colour colour);
 
 enum class NodeState
 {
@@ -28,7 +30,7 @@ enum class NodeState
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state);
 
 /** A node's name and value in a box beside it, within the plot. */
-void paintChartReadout (juce::Graphics& g, const ChartScale& scale, juce::Point<float> node, const juce::String& name,
-    const juce::String& value, juce::Colour colour);
+void paintChartReadout (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes, juce::Point<float> node,
+    const juce::String& name, const juce::String& value, juce::Colour colour);
 
 } // namespace kestreleq

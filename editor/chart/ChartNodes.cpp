@@ -14,39 +14,39 @@ namespace
 constexpr float reach = 14.0f; // design pixels around a node's centre
 
 /** The curve's height at a place on the plot, between its points. */
-float curveAt (const ChartScale& scale, std::span<const double> curve, float x)
+float curveAt (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> curve, float x)
 {
     const auto last = static_cast<float> (curve.size() - 1);
-    const auto point = std::clamp ((x - scale.plot().getX()) / scale.plot().getWidth() * last, 0.0f, last);
+    const auto point = std::clamp ((x - axes.plot.getX()) / axes.plot.getWidth() * last, 0.0f, last);
     const auto below = static_cast<std::size_t> (point);
     const auto above = std::min (below + 1, curve.size() - 1);
     const auto fraction = static_cast<double> (point - std::floor (point));
-    return scale.yFor (std::lerp (curve[below], curve[above], fraction));
+    return axes.yFor (std::lerp (curve[below], curve[above], fraction));
 }
 
 } // namespace
 
-void ChartNodes::place (const ChartScale& scale, const dsp::LaneResponse& response, float airStep)
+void ChartNodes::place (
+    const quillon::ui_pro::controls::ChartAxes& axes, const dsp::LaneResponse& response, float airStep)
 {
     const auto curve = response.getCurve();
 
-    if (curve.empty() || scale.plot().isEmpty())
+    if (curve.empty() || axes.plot.isEmpty())
         return;
 
     for (std::size_t node = 0; node < count; ++node)
     {
-        auto x = scale.xFor (laneKnobs[node].frequency);
+        auto x = axes.xFor (laneKnobs[node].frequency);
 
         if (node == airNode)
         {
             // Its lowest frequency is the highest band's; there it stands beside it, so that both can be grasped.
-            x = scale.xFor (laneKnobs[node].frequency * std::exp2 (dsp::airIndexFor (airStep)));
+            x = axes.xFor (laneKnobs[node].frequency * std::exp2 (dsp::airIndexFor (airStep)));
             x = std::max (x, positions[node - 1].x + 3.0f * radius);
         }
 
-        x = std::clamp (x, scale.plot().getX() + radius, scale.plot().getRight() - radius);
-        const auto y =
-            std::clamp (curveAt (scale, curve, x), scale.plot().getY() + radius, scale.plot().getBottom() - radius);
+        x = std::clamp (x, axes.plot.getX() + radius, axes.plot.getRight() - radius);
+        const auto y = std::clamp (curveAt (axes, curve, x), axes.plot.getY() + radius, axes.plot.getBottom() - radius);
         positions[node] = { x, y };
     }
 }

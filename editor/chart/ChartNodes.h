@@ -1,9 +1,8 @@
 #pragma once
 
-#include "editor/chart/ChartScale.h"
-
 #include "engine/dsp/EngineParameters.h"
 #include "engine/dsp/LaneResponse.h"
+#include "ui_pro/controls/chart/ChartAxes.h"
 
 #include <array>
 #include <optional>
@@ -19,8 +18,8 @@ public:
     static constexpr std::size_t airNode = numBands;
     static constexpr float radius = 6.0f; // design pixels
 
-    /** Puts every node on the curve, whose points lie evenly on the scale's frequency axis. */
-    void place (const ChartScale& scale, const dsp::LaneResponse& response, float airStep);
+    /** Puts every node on the curve, whose points lie evenly on the frequency axis. */
+    void place (const quillon::ui_pro::controls::ChartAxes& axes, const dsp::LaneResponse& response, float airStep);
 
     juce::Point<float> position (std::size_t node) const { return positions[node]; }
 

@@ -1,6 +1,7 @@
 #include "editor/chart/KestrelChartView.h"
 
 #include "editor/chart/ChartFace.h"
+#include "editor/chart/LaneAxes.h"
 #include "editor/lane/LaneKnobs.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
 #include "ui_pro/style/Theme.h"
@@ -18,25 +19,13 @@ using namespace quillon::ui_pro;
 
 constexpr std::size_t curvePoints = 281;
 constexpr float curveWidth = 2.0f;
+constexpr double highestSpectrumLevel = 24.0; // dB, at the plot's top
 constexpr double lowestDrawingRate = 96000.0; // keeps the axis up to 40 kHz below half of it
 
 double drawingRateFor (double sampleRate)
 {
     return std::isfinite (sampleRate) && sampleRate > 0.0 ? std::max (lowestDrawingRate, sampleRate)
                                                           : lowestDrawingRate;
-}
-
-/** Evenly along the axis. */
-std::vector<double> curveFrequencies()
-{
-    std::vector<double> frequencies (curvePoints);
-
-    for (std::size_t i = 0; i < curvePoints; ++i)
-        frequencies[i] = ChartScale::lowestFrequency *
-            std::pow (ChartScale::highestFrequency / ChartScale::lowestFrequency,
-                static_cast<double> (i) / static_cast<double> (curvePoints - 1));
-
-    return frequencies;
 }
 
 juce::Colour nodeColour (std::size_t node)
@@ -54,7 +43,8 @@ std::unique_ptr<KestrelChartView> KestrelChartView::create (KestrelProcessor& pr
 KestrelChartView::KestrelChartView (KestrelProcessor& processorToShow, std::size_t laneToShow)
     : processor (processorToShow),
       lane (laneToShow),
-      colour (style::Theme::palette().accent)
+      colour (style::Theme::palette().accent),
+      axes (makeLaneAxes (0, 0))
 {
     setTitle (lane == 0 ? "Chart, lane A" : "Chart, lane B");
     refreshResponse();
@@ -88,7 +78,7 @@ bool KestrelChartView::refreshResponse()
     if (newRate)
     {
         responseRate = rate;
-        response.prepare (rate, curveFrequencies());
+        response.prepare (rate, spreadFrequencies (axes, curvePoints));
     }
 
     return response.setParameters (readLane()) || newRate;
@@ -103,7 +93,7 @@ void KestrelChartView::refresh()
         rebuildCurve();
 
     if (curveMoved || spectrumMoved)
-        repaint (scale.plot().getSmallestIntegerContainer());
+        repaint (axes.plot.getSmallestIntegerContainer());
 }
 
 void KestrelChartView::setColour (juce::Colour newColour)
@@ -117,56 +107,32 @@ void KestrelChartView::setColour (juce::Colour newColour)
 
 void KestrelChartView::resized()
 {
-    scale = ChartScale (getWidth(), getHeight());
+    axes = makeLaneAxes (getWidth(), getHeight());
     rebuildCurve();
 }
 
 void KestrelChartView::rebuildCurve()
 {
-    curveLine.clear();
-    curveFill.clear();
-
-    if (scale.plot().isEmpty())
-        return;
-
-    const auto plot = scale.plot();
-    const auto curve = response.getCurve();
-    juce::Path line;
-
-    for (std::size_t i = 0; i < curve.size(); ++i)
-    {
-        const auto part = static_cast<float> (i) / static_cast<float> (curve.size() - 1);
-        const juce::Point<float> point (plot.getX() + part * plot.getWidth(), scale.yFor (curve[i]));
-
-        if (i == 0)
-            line.startNewSubPath (point);
-        else
-            line.lineTo (point);
-    }
-
-    curveFill = line;
-    curveFill.lineTo (plot.getRight(), scale.yFor (0.0));
-    curveFill.lineTo (plot.getX(), scale.yFor (0.0));
-    curveFill.closeSubPath();
-    juce::PathStrokeType (curveWidth, juce::PathStrokeType::curved).createStrokedPath (curveLine, line);
-    nodes.place (scale, response, readValue (airStepKnob, 0.0f));
+    curve = ResponsePath::of (axes, response.getCurve(), curveWidth);
+    nodes.place (axes, response, readValue (airStepKnob, 0.0f));
 }
 
 void KestrelChartView::paint (juce::Graphics& g)
 {
+    const auto pixels = primitives::PixelGrid::of (g, *this);
     background.draw (
-        g, *this, [this] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), scale); });
+        g, *this, [&] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes, pixels); });
 
     const juce::Graphics::ScopedSaveState saved (g);
-    g.reduceClipRegion (scale.plot().getSmallestIntegerContainer());
+    g.reduceClipRegion (axes.plot.getSmallestIntegerContainer());
     {
         // What lies on the floor is silence, and no line.
         const juce::Graphics::ScopedSaveState aboveFloor (g);
-        g.reduceClipRegion (scale.plot().withTrimmedBottom (2.0f).getSmallestIntegerContainer());
+        g.reduceClipRegion (axes.plot.withTrimmedBottom (2.0f).getSmallestIntegerContainer());
         paintSpectrum (g);
     }
-    paintChartGrid (g, scale);
-    paintChartCurve (g, scale, curveLine, curveFill, colour);
+    paintChartGrid (g, axes, pixels);
+    paintChartCurve (g, axes, curve, colour);
     paintNodes (g);
 }
 
@@ -174,10 +140,14 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
     const std::array colours { palette.textMuted, colour };
+    auto levelAxes = axes;
+    levelAxes.lowestDb = static_cast<double> (SpectrumDisplay::floorLevel);
+    levelAxes.highestDb = highestSpectrumLevel;
 
     for (std::size_t trace = 0; trace < SpectrumDisplay::numTraces; ++trace)
-        if (const auto levels = spectrum.getPainterLevels (trace); ! levels.empty())
-            controls::paintSpectrum (g, scale.spectrumArea(), levels, { .colour = colours[trace], .fill = trace == 1 });
+        if (const auto levels = spectrum.getLevels (trace); ! levels.empty())
+            controls::paintSpectrum (
+                g, levelAxes, spectrum.getFrequencies(), levels, { .colour = colours[trace], .fill = trace == 1 });
 }
 
 void KestrelChartView::paintNodes (juce::Graphics& g) const
@@ -194,16 +164,13 @@ void KestrelChartView::paintNodes (juce::Graphics& g) const
     paintChartNode (g, nodes.position (*active), ChartNodes::radius, nodeColour (*active),
         grasped ? NodeState::dragged : NodeState::hovered);
     paintChartReadout (
-        g, scale, nodes.position (*active), laneKnobs[*active].caption, nodeText (*active), nodeColour (*active));
+        g, axes, nodes.position (*active), laneKnobs[*active].caption, nodeText (*active), nodeColour (*active));
 }
 
 juce::String KestrelChartView::nodeText (std::size_t node) const
 {
     const auto textOf = [this] (std::size_t knob)
-    {
-        const auto parameter = onLane (laneKnobs[knob].parameter, lane);
-        return processor.getCore().getTree().getParameter (infoOf (parameter).id)->getCurrentValueAsText();
-    };
+    { return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)].getCurrentValueAsText(); };
 
     return node == ChartNodes::airNode ? textOf (airAmountKnob) + "  " + textOf (airStepKnob) : textOf (node);
 }
@@ -247,7 +214,7 @@ void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
     // A press that moves nothing makes no step.
     if (drag == nullptr)
         drag = std::make_unique<NodeDrag> (
-            processor, lane, *grasped, scale.plot().getHeight(), scale.xFor (200.0) - scale.xFor (100.0));
+            processor, lane, *grasped, axes.plot.getHeight(), axes.xFor (200.0) - axes.xFor (100.0));
 
     drag->moveBy (distance);
     refresh();

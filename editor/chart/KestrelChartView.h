@@ -2,6 +2,7 @@
 
 #include "editor/chart/ChartNodes.h"
 #include "editor/chart/NodeDrag.h"
+#include "editor/chart/ResponsePath.h"
 #include "editor/chart/SpectrumDisplay.h"
 
 #include "engine/KestrelProcessor.h"
@@ -34,7 +35,7 @@ public:
 
     const ChartNodes& getNodes() const { return nodes; }
 
-    const ChartScale& getScale() const { return scale; }
+    const quillon::ui_pro::controls::ChartAxes& getAxes() const { return axes; }
 
     SpectrumDisplay& getSpectrum() { return spectrum; }
 
@@ -68,14 +69,13 @@ private:
     const std::size_t lane;
     juce::Colour colour;
 
-    ChartScale scale;
+    quillon::ui_pro::controls::ChartAxes axes;
     dsp::LaneResponse response;
     double responseRate = 0.0; // Hz, that the response was made for
     SpectrumDisplay spectrum;
     ChartNodes nodes;
 
-    juce::Path curveLine; // outlines, made once per change
-    juce::Path curveFill;
+    ResponsePath curve;
     quillon::ui_pro::primitives::CachedLayer background;
 
     std::optional<std::size_t> hovered;

@@ -19,8 +19,7 @@ constexpr float airSteps = 4.0f; // from the lowest frequency to the highest
 NodeDrag::Parameters NodeDrag::parametersOf (KestrelProcessor& processor, std::size_t lane, std::size_t node)
 {
     auto& tree = processor.getCore().getTree();
-    const auto find = [&] (std::size_t knob)
-    { return tree.getParameter (infoOf (onLane (laneKnobs[knob].parameter, lane)).id); };
+    const auto find = [&] (std::size_t knob) { return &tree[onLane (laneKnobs[knob].parameter, lane)]; };
 
     return { find (node), node == ChartNodes::airNode ? find (airStepKnob) : nullptr };
 }

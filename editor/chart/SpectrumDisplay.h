@@ -17,7 +17,6 @@ class SpectrumDisplay
 public:
     static constexpr std::size_t numTraces = analysis::SpectrumAnalyser::numSlots;
     static constexpr std::size_t maxBins = 512;
-    static constexpr std::size_t numPainterBins = 256;
     static constexpr float floorLevel = -84.0f; // dB: what is not finite, and the lowest level that is drawn
 
     SpectrumDisplay();
@@ -29,30 +28,20 @@ public:
        empty snapshot leaves its trace as it is. */
     bool refresh (const std::array<std::span<const float>, numTraces>& snapshots, double sampleRate);
 
-    /** In dB at the bins of the last snapshot. */
+    /** In dB, one per frequency. Empty for a trace that has none of these frequencies yet. */
     std::span<const float> getLevels (std::size_t trace) const { return traces[trace]; }
 
     /** In Hz, one per bin. */
     std::span<const float> getFrequencies() const { return frequencies; }
 
-    /** The same levels at numPainterBins bins from 20 Hz to 20 kHz, log-spaced with one at each end, limited to the
-       floor: as the painter takes them. Empty for a trace that has none. */
-    std::span<const float> getPainterLevels (std::size_t trace) const { return painterLevels[trace]; }
-
-    /** The painter's bin at a frequency in Hz, the nearest one. */
-    static std::size_t painterBinAt (double frequency);
-
     /** In milliseconds; the framework's high-resolution clock unless replaced. */
     std::function<double()> clock;
 
 private:
-    void placeBins (std::size_t count, double sampleRate);
-    void resample (std::size_t trace);
+    bool placeBins (std::size_t count, double sampleRate);
 
     std::array<std::vector<float>, numTraces> traces;
     std::array<std::vector<float>, numTraces> snapshot; // what the analyser is copied into
-    std::array<std::vector<float>, numTraces> painterLevels;
-    std::array<float, numPainterBins> positions {}; // of the painter's bins among ours; above half of the rate, -1
     std::vector<float> frequencies;
     double rate = 0.0;
     double lastRefresh = -1.0; // ms; never

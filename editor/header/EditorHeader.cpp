@@ -4,7 +4,6 @@
 #include "editor/header/HeaderMenu.h"
 #include "editor/header/PresetEntries.h"
 #include "engine/parameters/FactoryPrograms.h"
-#include "ui_pro/controls/presets/PresetBrowserPopup.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -163,14 +162,6 @@ void EditorHeader::place()
     bar.place (abControl, slots.abCompare);
     bar.place (menu, slots.menu);
     bar.place (copyPaste, slots.copyPaste.withWidth (44));
-}
-
-juce::Component* EditorHeader::getOpenPopup() const
-{
-    if (auto* browser = presetSelector.getBrowser())
-        return &browser->getSearchField();
-
-    return menu.getPopup();
 }
 
 void EditorHeader::refresh()

@@ -52,9 +52,6 @@ public:
 
     quillon::ui_pro::controls::ABControl& getAbControl() { return abControl; }
 
-    /** What the keyboard belongs to while a popup of the header is open; null otherwise. */
-    juce::Component* getOpenPopup() const;
-
     StateClipboard& getClipboard() { return clipboard; }
 
 private:

@@ -1,13 +1,13 @@
 #include "editor/header/PresetEntries.h"
 
+#include "editor/chart/ResponsePath.h"
 #include "editor/lane/LaneKnobs.h"
 #include "engine/dsp/LaneResponse.h"
 #include "engine/parameters/FactoryPrograms.h"
+#include "ui_pro/controls/chart/ChartGrid.h"
 #include "ui_pro/style/Theme.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace kestreleq
 {
@@ -18,6 +18,8 @@ using namespace quillon::ui_pro;
 
 constexpr double previewRate = 96000.0; // Hz
 constexpr double previewSpan = 18.0;    // dB, up and down
+constexpr float previewWidth = 2.0f;
+constexpr std::array zeroLevel { 0 };
 
 dsp::LaneParameters laneOf (std::size_t program)
 {
@@ -62,41 +64,19 @@ void paintPresetPreview (juce::Graphics& g, juce::Rectangle<int> area, int id)
     if (! juce::isPositiveAndBelow (id, static_cast<int> (factoryPrograms.size())) || area.getWidth() < 2)
         return;
 
-    std::vector<double> frequencies (static_cast<std::size_t> (area.getWidth()));
-    for (std::size_t i = 0; i < frequencies.size(); ++i)
-        frequencies[i] =
-            20.0 * std::pow (1000.0, static_cast<double> (i) / static_cast<double> (frequencies.size() - 1));
-
+    const controls::ChartAxes axes { .plot = area.toFloat(), .lowestDb = -previewSpan, .highestDb = previewSpan };
     dsp::LaneResponse response;
-    response.prepare (previewRate, std::move (frequencies));
+    response.prepare (previewRate, spreadFrequencies (axes, static_cast<std::size_t> (area.getWidth()) + 1));
     response.setParameters (laneOf (static_cast<std::size_t> (id)));
 
-    const auto box = area.toFloat();
-    const auto yFor = [&] (double level)
-    {
-        return box.getCentreY() -
-            static_cast<float> (std::clamp (level, -previewSpan, previewSpan) / previewSpan) * box.getHeight() * 0.5f;
-    };
-
-    juce::Path line;
-    for (std::size_t i = 0; i < response.getCurve().size(); ++i)
-    {
-        const juce::Point<float> point (box.getX() + static_cast<float> (i), yFor (response.getCurve()[i]));
-        i == 0 ? line.startNewSubPath (point) : line.lineTo (point);
-    }
-
     const auto& palette = style::Theme::palette();
-    g.setColour (palette.outlineStrong);
-    g.fillRect (box.withY (std::round (box.getCentreY())).withHeight (1.0f));
-
-    auto fill = line;
-    fill.lineTo (box.getRight(), box.getCentreY());
-    fill.lineTo (box.getX(), box.getCentreY());
-    fill.closeSubPath();
+    controls::paintGridLines (
+        g, { .axes = axes, .levels = zeroLevel, .zeroLine = palette.outlineStrong }, primitives::PixelGrid::of (g));
+    const auto curve = ResponsePath::of (axes, response.getCurve(), previewWidth);
     g.setColour (palette.accentWash);
-    g.fillPath (fill);
+    g.fillPath (curve.fill);
     g.setColour (palette.accent);
-    g.strokePath (line, juce::PathStrokeType (2.0f, juce::PathStrokeType::curved));
+    g.fillPath (curve.line);
 }
 
 } // namespace kestreleq

@@ -11,7 +11,7 @@ namespace
 
 using namespace quillon::ui_pro;
 
-constexpr float cornerRadius = 8.0f;
+constexpr float panelRadius = 8.0f;
 constexpr int captionLeft = 32; // in line with the power button
 const juce::Colour surface { 0xff12161a };
 
@@ -54,11 +54,11 @@ void LanePanel::paintPanel (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
     const auto r = getLocalBounds().toFloat();
-    primitives::fillPanel (g, r, surface, cornerRadius);
-    primitives::drawSheen (g, r, cornerRadius, 0.03f, 0.01f);
-    primitives::drawInnerShadow (g, r, cornerRadius, 0.2f);
+    primitives::fillPanel (g, r, surface, panelRadius);
+    primitives::drawSheen (g, r, panelRadius, 0.03f, 0.01f);
+    primitives::drawInnerShadow (g, r, panelRadius, 0.2f);
     g.setColour (palette.outline);
-    g.drawRoundedRectangle (r.reduced (0.5f), cornerRadius, 1.0f);
+    g.drawRoundedRectangle (r.reduced (0.5f), panelRadius, 1.0f);
 
     // The lane's colour runs down its left edge.
     g.setColour (captionColour.withAlpha (0.85f));

@@ -14,26 +14,20 @@ using namespace quillon::ui_pro;
 
 constexpr std::array powerColours { 3, 6 }; // accent roles of the lanes until the channel mode tells
 
-juce::RangedAudioParameter& bypassOf (KestrelProcessor& processor, std::size_t lane)
-{
-    return *processor.getCore().getTree().getParameter (
-        infoOf (lane == 0 ? Parameter::laneABypass : Parameter::laneBBypass).id);
-}
-
 } // namespace
 
-LaneSection::LaneSection (KestrelProcessor& processorToShow, std::size_t laneToShow, std::function<void()> onStep)
+LaneSection::LaneSection (
+    KestrelProcessor& processorToShow, std::size_t laneToShow, const primitives::GestureHooks& hooks)
     : processor (processorToShow),
       lane (laneToShow),
-      stepCallback (std::move (onStep)),
-      bypass (bypassOf (processorToShow, laneToShow)),
       chart (KestrelChartView::create (processorToShow, laneToShow)),
       powerButton (style::Theme::accent (powerColours[laneToShow])),
-      powerAttachment (bypass, [this] (float) { refreshPower(); })
+      powerAttachment (
+          processor.getCore().getTree()[lane == 0 ? Parameter::laneABypass : Parameter::laneBBypass], powerButton)
 {
     initialiseLaneControls();
-    initialisePowerButton();
-    initialiseParameterAttachments();
+    initialisePowerButton (hooks);
+    initialiseParameterAttachments (hooks);
 }
 
 void LaneSection::initialiseLaneControls()
@@ -66,34 +60,19 @@ void LaneSection::initialiseLaneControls()
     meterStrip.setTitle ("Levels, " + laneName);
 }
 
-void LaneSection::initialisePowerButton()
+void LaneSection::initialisePowerButton (const primitives::GestureHooks& hooks)
 {
     powerButton.setTitle ("Enabled, " + juce::String (lane == 0 ? "lane A" : "lane B"));
     powerButton.setTooltip ("Switch the lane on or off.");
-
-    // The button has already changed when it is clicked; lit means that the lane is not bypassed.
-    powerButton.onClick = [this] { togglePower(); };
-    refreshPower();
+    powerButton.onGestureStart = hooks.start;
+    powerButton.onGestureEnd = hooks.end;
 }
 
-void LaneSection::togglePower()
+void LaneSection::initialiseParameterAttachments (const primitives::GestureHooks& hooks)
 {
-    auto& history = processor.getCore().getHistory();
-    history.beginStep();
-    powerAttachment.setValueAsCompleteGesture (powerButton.getToggleState() ? 0.0f : 1.0f);
-    history.endStep();
-    stepCallback();
-}
-
-void LaneSection::initialiseParameterAttachments()
-{
-    auto& core = processor.getCore();
-
     for (std::size_t i = 0; i < knobs.size(); ++i)
-    {
-        auto& parameter = *core.getTree().getParameter (infoOf (onLane (laneKnobs[i].parameter, lane)).id);
-        bindings[i] = std::make_unique<LaneKnobBinding> (parameter, knobs[i], core.getHistory(), stepCallback);
-    }
+        knobAttachments[i] = std::make_unique<controls::KnobAttachment> (
+            processor.getCore().getTree()[onLane (laneKnobs[i].parameter, lane)], knobs[i], hooks);
 }
 
 template <typename Function>
@@ -138,11 +117,6 @@ void LaneSection::setLook (const ChannelMode::Lane& look)
     powerButton.setColour (look.colour);
     chart->setColour (look.colour);
     meterStrip.setBarColours (ChannelMode::neutral(), look.meterColour);
-}
-
-void LaneSection::refreshPower()
-{
-    powerButton.setToggleState (bypass.getValue() < flagThreshold, juce::dontSendNotification);
 }
 
 } // namespace kestreleq

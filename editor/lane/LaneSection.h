@@ -3,12 +3,12 @@
 #include "editor/ChannelMode.h"
 #include "editor/EditorLayout.h"
 #include "editor/chart/KestrelChartView.h"
-#include "editor/lane/LaneKnobBinding.h"
 #include "editor/lane/LaneKnobs.h"
 #include "editor/lane/LanePanel.h"
 
+#include "ui_pro/controls/buttons/LaneEnableAttachment.h"
 #include "ui_pro/controls/buttons/PowerButton.h"
-#include "ui_pro/controls/knob/KnobControl.h"
+#include "ui_pro/controls/knob/KnobAttachment.h"
 #include "ui_pro/controls/meters/MeterStrip.h"
 
 #include <array>
@@ -23,8 +23,9 @@ namespace kestreleq
 class LaneSection
 {
 public:
-    /** Lane 0 or 1. All must outlive this object; `onStep` is called whenever an undoable step begins or ends. */
-    LaneSection (KestrelProcessor& processorToShow, std::size_t laneToShow, std::function<void()> onStep);
+    /** Lane 0 or 1. The processor must outlive this object; the hooks enclose each gesture. */
+    LaneSection (KestrelProcessor& processorToShow, std::size_t laneToShow,
+        const quillon::ui_pro::primitives::GestureHooks& hooks);
 
     void addTo (juce::Component& canvas);
     void place (const layout::Lane& places);
@@ -32,7 +33,7 @@ public:
     void setLook (const ChannelMode::Lane& look);
 
     /** Follows the lane's bypass, whoever changed it. */
-    void refreshPower();
+    void refreshPower() { powerAttachment.sendInitialUpdate(); }
 
     /** Takes the levels of the lane's input and output, linear. */
     void setLevels (float input, float output) { meterStrip.setLevels (input, output); }
@@ -56,9 +57,8 @@ public:
 
 private:
     void initialiseLaneControls();
-    void initialisePowerButton();
-    void initialiseParameterAttachments();
-    void togglePower();
+    void initialisePowerButton (const quillon::ui_pro::primitives::GestureHooks& hooks);
+    void initialiseParameterAttachments (const quillon::ui_pro::primitives::GestureHooks& hooks);
 
     /** Every control, in order of painting. */
     template <typename Function>
@@ -66,8 +66,6 @@ private:
 
     KestrelProcessor& processor;
     const std::size_t lane;
-    std::function<void()> stepCallback;
-    juce::RangedAudioParameter& bypass;
 
     LanePanel panel;
     std::unique_ptr<KestrelChartView> chart;
@@ -77,8 +75,8 @@ private:
     std::array<quillon::ui_pro::controls::KnobControl, laneKnobs.size()> knobs;
 
     // Last, so that they go before the controls that they drive.
-    std::array<std::unique_ptr<LaneKnobBinding>, laneKnobs.size()> bindings;
-    juce::ParameterAttachment powerAttachment;
+    std::array<std::unique_ptr<juce::ParameterAttachment>, laneKnobs.size()> knobAttachments;
+    quillon::ui_pro::controls::LaneEnableAttachment powerAttachment;
 };
 
 } // namespace kestreleq

@@ -1,5 +1,7 @@
 #include "engine/analysis/RealFft.h"
 
+#include "engine/analysis/SharedTables.h"
+
 #include <juce_dsp/juce_dsp.h>
 
 #include <bit>
@@ -8,22 +10,33 @@
 namespace kestreleq::analysis
 {
 
+/** What depends on the length alone. */
+struct RealFft::Tables
+{
+    explicit Tables (std::size_t frameLength)
+        : halfFft (std::countr_zero (frameLength / 2)),
+          twiddles (frameLength / 4 + 1)
+    {
+        for (std::size_t k = 0; k < twiddles.size(); ++k)
+        {
+            const auto angle = -2.0 * std::numbers::pi * static_cast<double> (k) / static_cast<double> (frameLength);
+            twiddles[k] = std::complex<float> (std::polar (1.0, angle));
+        }
+    }
+
+    juce::dsp::FFT halfFft;
+    std::vector<std::complex<float>> twiddles;
+};
+
 RealFft::RealFft() = default;
 RealFft::~RealFft() = default;
 
 void RealFft::prepare (std::size_t frameLength)
 {
-    const auto half = frameLength / 2;
-    halfFft = std::make_unique<juce::dsp::FFT> (std::countr_zero (half));
-    packed.assign (half, {});
-    transformed.assign (half, {});
-    twiddles.resize (half / 2 + 1);
-
-    for (std::size_t k = 0; k < twiddles.size(); ++k)
-    {
-        const auto angle = -2.0 * std::numbers::pi * static_cast<double> (k) / static_cast<double> (frameLength);
-        twiddles[k] = std::complex<float> (std::polar (1.0, angle));
-    }
+    static SharedTables<std::size_t, Tables> shared;
+    tables = shared.get (frameLength, [=] { return Tables (frameLength); });
+    packed.assign (frameLength / 2, {});
+    transformed.assign (frameLength / 2, {});
 }
 
 std::span<float> RealFft::input()
@@ -37,7 +50,7 @@ std::span<float> RealFft::input()
     Press et al., Numerical Recipes, "FFT of Real Functions". */
 void RealFft::transform (std::span<float> power)
 {
-    halfFft->perform (packed.data(), transformed.data(), false);
+    tables->halfFft.perform (packed.data(), transformed.data(), false);
 
     const auto half = transformed.size();
     const auto sum = transformed[0].real() + transformed[0].imag();
@@ -55,7 +68,7 @@ void RealFft::transform (std::span<float> power)
         const auto oddImaginary = (b.real() - a.real()) * 0.5f;
 
         // Spelt out: the product of std::complex tests every result for NaN.
-        const auto w = twiddles[k];
+        const auto w = tables->twiddles[k];
         const auto real = w.real() * oddReal - w.imag() * oddImaginary;
         const auto imaginary = w.real() * oddImaginary + w.imag() * oddReal;
         const auto powerOf = [] (float x, float y) { return x * x + y * y; };

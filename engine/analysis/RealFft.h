@@ -6,11 +6,6 @@
 #include <span>
 #include <vector>
 
-namespace juce::dsp
-{
-class FFT;
-}
-
 namespace kestreleq::analysis
 {
 
@@ -22,7 +17,7 @@ public:
     RealFft();
     ~RealFft();
 
-    /** N: a power of two, 8 or more. Allocates. */
+    /** N: a power of two, 8 or more. Allocates; the tables of an N are shared. */
     void prepare (std::size_t frameLength);
 
     /** Where the N samples go before a transform. */
@@ -32,10 +27,11 @@ public:
     void transform (std::span<float> power);
 
 private:
-    std::unique_ptr<juce::dsp::FFT> halfFft;
+    struct Tables;
+
+    std::shared_ptr<const Tables> tables;
     std::vector<std::complex<float>> packed;
     std::vector<std::complex<float>> transformed;
-    std::vector<std::complex<float>> twiddles;
 };
 
 } // namespace kestreleq::analysis

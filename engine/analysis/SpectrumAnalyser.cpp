@@ -22,33 +22,45 @@ bool SpectrumAnalyser::prepare (
     double newSampleRate, std::size_t frameLength, std::size_t hop, std::size_t numDisplayPoints)
 {
     const std::scoped_lock lock (mutex);
-    prepared.store (false, std::memory_order_relaxed);
+    open = nullptr;
+    curves = nullptr;
+    rate = 0.0;
 
     if (! std::isfinite (newSampleRate) || newSampleRate <= leastSampleRate)
         return false;
 
     const auto wanted = frameLength == 0 ? defaultFrameLength : std::min (frameLength, greatestFrameLength);
-    const auto length = std::max (std::bit_ceil (wanted), leastFrameLength);
-    const auto hopLength = std::clamp (hop == 0 ? length / 4 : hop, std::size_t { 1 }, length);
-    const auto points = std::clamp (numDisplayPoints, leastNumPoints, greatestNumPoints);
-
+    length = std::max (std::bit_ceil (wanted), leastFrameLength);
+    hopLength = std::clamp (hop == 0 ? length / 4 : hop, std::size_t { 1 }, length);
+    points = std::clamp (numDisplayPoints, leastNumPoints, greatestNumPoints);
     rate = newSampleRate;
-    mapping.prepare (rate, length, points);
 
-    for (auto& slot : slots)
+    if (isOn())
+        makeCurves();
+
+    return true;
+}
+
+void SpectrumAnalyser::makeCurves()
+{
+    curves = std::make_unique<Curves>();
+    curves->mapping.prepare (rate, length, points);
+
+    for (auto& slot : curves->slots)
         slot.prepare (rate, length, hopLength, points);
 
-    prepared.store (true, std::memory_order_release);
-    return true;
+    open.store (curves.get(), std::memory_order_release);
 }
 
 void SpectrumAnalyser::push (std::size_t slot, const float* samples, int numSamples)
 {
-    if (! isOn() || slot >= numSlots || ! slotOn[slot].load (std::memory_order_relaxed) ||
-        ! prepared.load (std::memory_order_acquire) || samples == nullptr || numSamples <= 0)
+    auto* const target = open.load (std::memory_order_acquire);
+
+    if (! isOn() || slot >= numSlots || ! slotOn[slot].load (std::memory_order_relaxed) || target == nullptr ||
+        samples == nullptr || numSamples <= 0)
         return;
 
-    slots[slot].push (samples, static_cast<std::size_t> (numSamples));
+    target->slots[slot].push (samples, static_cast<std::size_t> (numSamples));
 }
 
 void SpectrumAnalyser::update()
@@ -59,7 +71,7 @@ void SpectrumAnalyser::update()
 
 void SpectrumAnalyser::updateSlots()
 {
-    if (! prepared || ! isOn())
+    if (curves == nullptr || ! isOn())
         return;
 
     std::uint32_t flags = 0;
@@ -68,7 +80,7 @@ void SpectrumAnalyser::updateSlots()
     {
         const auto shown = slotOn[i].load (std::memory_order_relaxed);
         flags |= (shown ? 1u : 0u) << i;
-        slots[i].update (mapping, shown);
+        curves->slots[i].update (curves->mapping, shown);
     }
 
     mask.store (flags, std::memory_order_relaxed);
@@ -85,10 +97,10 @@ void SpectrumAnalyser::copyCurve (std::size_t slot, std::span<float> destination
     const std::scoped_lock lock (mutex);
     std::fill (destination.begin(), destination.end(), spectrumFloor);
 
-    if (! prepared || slot >= numSlots)
+    if (curves == nullptr || slot >= numSlots)
         return;
 
-    const auto curve = slots[slot].curve();
+    const auto curve = curves->slots[slot].curve();
     std::copy_n (curve.begin(), std::min (curve.size(), destination.size()), destination.begin());
 }
 
@@ -96,18 +108,22 @@ void SpectrumAnalyser::clear()
 {
     const std::scoped_lock lock (mutex);
 
-    if (! prepared)
-        return;
-
-    for (auto& slot : slots)
-        slot.clear();
+    if (curves != nullptr)
+        for (auto& slot : curves->slots)
+            slot.clear();
 }
 
 void SpectrumAnalyser::setOn (bool shouldBeOn)
 {
+    const std::scoped_lock lock (mutex);
+
+    if (shouldBeOn && curves == nullptr && rate > 0.0)
+        makeCurves();
+
     // A frame must not join samples from before and after the pause.
-    if (shouldBeOn && ! isOn())
-        clear();
+    if (shouldBeOn && ! isOn() && curves != nullptr)
+        for (auto& slot : curves->slots)
+            slot.clear();
 
     on.store (shouldBeOn, std::memory_order_relaxed);
 }
@@ -121,19 +137,19 @@ void SpectrumAnalyser::setSlotOn (std::size_t slot, bool shouldBeOn)
 bool SpectrumAnalyser::hasData (std::size_t slot) const
 {
     const std::scoped_lock lock (mutex);
-    return prepared && slot < numSlots && slots[slot].hasData();
+    return curves != nullptr && slot < numSlots && curves->slots[slot].hasData();
 }
 
 std::size_t SpectrumAnalyser::numPoints() const
 {
     const std::scoped_lock lock (mutex);
-    return prepared ? mapping.numPoints() : 0;
+    return rate > 0.0 ? points : 0;
 }
 
 double SpectrumAnalyser::sampleRate() const
 {
     const std::scoped_lock lock (mutex);
-    return prepared ? rate : 0.0;
+    return rate;
 }
 
 } // namespace kestreleq::analysis

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <span>
 
@@ -22,7 +23,8 @@ class SpectrumAnalyser
 public:
     static constexpr std::size_t numSlots = 2;
 
-    /** Sizes all buffers and starts from silence; keeps the switches.
+    /** Starts from silence and keeps the switches. Sizes all buffers if the analyser is on; else it gives back their
+        memory until it is switched on.
         @param newSampleRate  in Hz; not finite or at most 40: returns false and stays unprepared
         @param frameLength    of the FFT in samples, 0 for 4096; rounded up to a power of two within 256..65536
         @param hop            samples from one frame to the next, 0 for a quarter of the frame; within 1..frame length
@@ -47,7 +49,8 @@ public:
     /** Drops the samples that wait for analysis; the next frame holds only later ones. The curves stay. */
     void clear();
 
-    /** While off, push and update do nothing. Samples from before are dropped when it goes on again. */
+    /** While off, push and update do nothing. Samples from before are dropped when it goes on again. Sizes the buffers
+        when it goes on for the first time since prepare, with pushes going on meanwhile. */
     void setOn (bool shouldBeOn);
 
     bool isOn() const { return on.load (std::memory_order_relaxed); }
@@ -68,14 +71,24 @@ public:
     double sampleRate() const;
 
 private:
+    /** What it takes to show something. */
+    struct Curves
+    {
+        std::array<AnalyserSlot, numSlots> slots;
+        DisplayMapping mapping;
+    };
+
+    void makeCurves();
     void updateSlots();
 
-    std::array<AnalyserSlot, numSlots> slots;
-    DisplayMapping mapping;
-    double rate = 0.0;
-    mutable std::mutex mutex; // around all of the above, except for the pushes
+    double rate = 0.0; // of the last prepare, as the next three; 0 if it failed
+    std::size_t length = 0;
+    std::size_t hopLength = 0;
+    std::size_t points = 0;
+    std::unique_ptr<Curves> curves; // none until they are needed
+    mutable std::mutex mutex;       // around all of the above, except for the pushes
 
-    std::atomic<bool> prepared { false };
+    std::atomic<Curves*> open { nullptr }; // what the pushes go to
     std::atomic<bool> on { false };
     std::array<std::atomic<bool>, numSlots> slotOn { true, true };
     std::atomic<std::uint32_t> mask { 0 };

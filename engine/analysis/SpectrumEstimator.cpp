@@ -1,5 +1,7 @@
 #include "engine/analysis/SpectrumEstimator.h"
 
+#include "engine/analysis/SharedTables.h"
+
 #include <juce_audio_basics/juce_audio_basics.h>
 
 #include <algorithm>
@@ -7,6 +9,7 @@
 #include <limits>
 #include <numbers>
 #include <numeric>
+#include <utility>
 
 namespace kestreleq::analysis
 {
@@ -46,13 +49,34 @@ double finiteOr (double fallback, double value)
 
 } // namespace
 
-void SpectrumEstimator::prepare (double newSampleRate, std::size_t frameLength)
+struct SpectrumEstimator::WindowTable
+{
+    WindowTable (Window window, std::size_t frameLength)
+        : coefficients (frameLength)
+    {
+        const auto length = static_cast<double> (frameLength);
+
+        for (std::size_t n = 0; n < frameLength; ++n)
+            coefficients[n] =
+                static_cast<float> (windowAt (window, 2.0 * std::numbers::pi * static_cast<double> (n) / length));
+
+        const auto coherentGain =
+            std::max (0.1, std::accumulate (coefficients.begin(), coefficients.end(), 0.0) / length);
+        const auto amplitudeScale = 1.0 / (length * coherentGain);
+        powerScale = static_cast<float> (amplitudeScale * amplitudeScale);
+    }
+
+    std::vector<float> coefficients;
+    float powerScale; // turns a bin's power into that of a full-scale sine's share
+};
+
+void SpectrumEstimator::prepare (double newSampleRate, std::size_t newFrameLength)
 {
     sampleRate = newSampleRate;
+    frameLength = newFrameLength;
     const auto bins = frameLength / 2 + 1;
     fft.prepare (frameLength);
-    coefficients.resize (frameLength);
-    updateWindow();
+    fetchWindow();
 
     for (auto* spectrum : { &current, &averaged, &peaks })
         spectrum->assign (bins, spectrumFloor);
@@ -63,7 +87,9 @@ void SpectrumEstimator::prepare (double newSampleRate, std::size_t frameLength)
 void SpectrumEstimator::setWindow (Window newWindow)
 {
     window = newWindow;
-    updateWindow();
+
+    if (windowTable != nullptr)
+        fetchWindow();
 }
 
 void SpectrumEstimator::setAveragingTime (double milliseconds)
@@ -81,28 +107,20 @@ void SpectrumEstimator::setPeakDecay (double decibelsPerSecond)
     peakDecay = std::max (0.0, finiteOr (20.0, decibelsPerSecond));
 }
 
-void SpectrumEstimator::updateWindow()
+void SpectrumEstimator::fetchWindow()
 {
-    if (coefficients.empty())
-        return;
-
-    const auto length = static_cast<double> (coefficients.size());
-
-    for (std::size_t n = 0; n < coefficients.size(); ++n)
-        coefficients[n] =
-            static_cast<float> (windowAt (window, 2.0 * std::numbers::pi * static_cast<double> (n) / length));
-
-    const auto coherentGain = std::max (0.1, std::accumulate (coefficients.begin(), coefficients.end(), 0.0) / length);
-    const auto amplitudeScale = 1.0 / (length * coherentGain);
-    powerScale = static_cast<float> (amplitudeScale * amplitudeScale);
+    static SharedTables<std::pair<Window, std::size_t>, WindowTable> shared;
+    windowTable = shared.get ({ window, frameLength }, [this] { return WindowTable (window, frameLength); });
 }
 
 void SpectrumEstimator::analyse (std::span<const float> frame)
 {
-    if (frame.empty() || frame.size() != coefficients.size())
+    if (frame.empty() || frame.size() != frameLength)
         return;
 
     const juce::ScopedNoDenormals noDenormals; // a fading tail would take twice the time
+    const auto& coefficients = windowTable->coefficients;
+    const auto powerScale = windowTable->powerScale;
     const auto input = fft.input();
 
     for (std::size_t n = 0; n < frame.size(); ++n)

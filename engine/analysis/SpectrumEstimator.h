@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -27,7 +28,7 @@ class SpectrumEstimator
 public:
     /** Sample rate in Hz, above 0; N, the frame length in samples, is a power of two, 8 or more. All three spectra
         start at -120 dB; the settings below stay as they are. */
-    void prepare (double newSampleRate, std::size_t frameLength);
+    void prepare (double newSampleRate, std::size_t newFrameLength);
 
     void setWindow (Window newWindow);
 
@@ -57,21 +58,23 @@ public:
     std::span<const float> peakSpectrum() const { return peaks; }
 
 private:
-    void updateWindow();
+    void fetchWindow();
     void updateAverage();
     void updatePeaks();
 
-    double framesPerSecond() const { return sampleRate / static_cast<double> (coefficients.size()); }
+    double framesPerSecond() const { return sampleRate / static_cast<double> (frameLength); }
 
     double sampleRate = 48000.0;
+    std::size_t frameLength = 0;
     Window window = Window::hann;
     double averagingTime = 50.0;
     double holdTime = 1000.0;
     double peakDecay = 20.0;
 
+    struct WindowTable;
+
     RealFft fft;
-    std::vector<float> coefficients; // N of them, the window
-    float powerScale = 0.0f;         // turns a bin's power into that of a full-scale sine's share
+    std::shared_ptr<const WindowTable> windowTable; // of N coefficients
     std::vector<float> current;
     std::vector<float> averaged;
     std::vector<float> peaks;

@@ -1,6 +1,6 @@
 #include "engine/dsp/BreakProcessor.h"
 
-#include "engine/dsp/SectionWriter.h"
+#include "engine/dsp/LaneMemory.h"
 
 #include <algorithm>
 #include <cmath>
@@ -49,20 +49,12 @@ double cubed (float drive)
 }
 
 /** Whether a chain's filters remember anything that counts. */
-bool isRinging (const simd::EngineState& state, int chain)
+bool isRinging (const simd::BreakMemory& memory, int chain)
 {
-    return std::any_of (std::begin (state.breakStages), std::end (state.breakStages),
+    return std::any_of (std::begin (memory.stages), std::end (memory.stages),
         [=] (const auto& stage) {
             return ! (std::abs (stage.first[chain]) <= smallestTail && std::abs (stage.second[chain]) <= smallestTail);
         });
-}
-
-void rest (simd::EngineState& state, int chain)
-{
-    state.shaped1[chain] = state.shaped2[chain] = 0.0;
-
-    for (auto& stage : state.breakStages)
-        clearSection (stage, chain);
 }
 
 } // namespace
@@ -91,15 +83,22 @@ void BreakProcessor::prepare (simd::EnginePlan& plan, double sampleRate)
     gateStep = 1.0 / (airGateSeconds * sampleRate);
 }
 
-void BreakProcessor::reset (simd::EngineState& state)
+void BreakProcessor::reset (simd::BreakMemory& memory)
 {
-    for (int chain = 0; chain < simd::numChains; ++chain)
-        rest (state, chain);
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        resetLane (memory, lane);
+}
 
-    for (auto& gate : gates)
-        gate.value = 0.0;
+void BreakProcessor::resetLane (simd::BreakMemory& memory, std::size_t lane)
+{
+    for (std::size_t i = 0; i <= numBands; ++i)
+    {
+        const auto chain = chainOf (lane, i);
+        clearBreakChain (memory, chain);
+        ringing &= ~(1u << chain);
+    }
 
-    ringing = 0;
+    gates[lane].value = 0.0;
 }
 
 void BreakProcessor::setDrive (
@@ -126,7 +125,7 @@ double BreakProcessor::Gate::next (double step) const
 }
 
 /** Fills the gate's rows, one if the gates stand still, and cuts the chunk where one starts or stops. */
-void BreakProcessor::moveGates (simd::BreakChunk& chunk, int& numSamples)
+void BreakProcessor::moveGates (simd::BreakChunk& chunk, double* gateRows, int& numSamples)
 {
     const bool moving = std::any_of (gates.begin(), gates.end(), [] (const Gate& gate) { return gate.isMoving(); });
     const auto length = moving ? numSamples : 1;
@@ -153,10 +152,11 @@ void BreakProcessor::moveGates (simd::BreakChunk& chunk, int& numSamples)
     chunk.gateStride = moving ? gateRow : 0;
 }
 
-simd::BreakChunk BreakProcessor::begin (const simd::EnginePlan& plan, simd::EngineState& state, int& numSamples)
+simd::BreakChunk BreakProcessor::begin (
+    const simd::EnginePlan& plan, simd::BreakMemory& memory, GateRows& gateRows, int& numSamples)
 {
     simd::BreakChunk chunk {};
-    moveGates (chunk, numSamples);
+    moveGates (chunk, gateRows.values, numSamples);
 
     const auto candidates = driven | ringing;
 
@@ -166,22 +166,22 @@ simd::BreakChunk BreakProcessor::begin (const simd::EnginePlan& plan, simd::Engi
         const auto bit = 1u << chain;
 
         if ((candidates & bit) == 0 || gates[lane].frozen ||
-            (chain >= simd::firstAirChain && ! (gateRows[2 + lane] > 0.0)))
+            (chain >= simd::firstAirChain && ! (gateRows.values[2 + lane] > 0.0)))
             continue;
 
-        const bool shaping = plan.drive[chain] != 0.0 || state.shaped1[chain] != 0.0 || state.shaped2[chain] != 0.0;
+        const bool shaping = plan.drive[chain] != 0.0 || memory.shaped1[chain] != 0.0 || memory.shaped2[chain] != 0.0;
 
         if (shaping)
             chunk.shaping |= bit;
 
-        if (shaping || isRinging (state, chain))
+        if (shaping || isRinging (memory, chain))
         {
             chunk.running |= bit;
             ringing |= bit;
         }
         else
         {
-            rest (state, chain);
+            clearBreakChain (memory, chain);
             ringing &= ~bit;
         }
     }

@@ -16,12 +16,23 @@ namespace kestreleq::dsp
     This class writes the stage's plan and moves its air gates; the simd forms process audio by the plan. */
 class BreakProcessor
 {
+    static constexpr int gateRow = 4;
+
 public:
+    /** Room for the air gates' rows of one chunk. */
+    struct alignas (32) GateRows
+    {
+        double values[gateRow * simd::chunkSize] = {};
+    };
+
     /** Designs the filters for a sample rate in Hz and writes them and all else that is fixed. */
     void prepare (simd::EnginePlan& plan, double sampleRate);
 
     /** Clears shapers, filters and air gates. */
-    void reset (simd::EngineState& state);
+    void reset (simd::BreakMemory& memory);
+
+    /** The same of one lane. */
+    void resetLane (simd::BreakMemory& memory, std::size_t lane);
 
     /** Writes a lane's drives: the positive part up to 1 of its weights drives the shapers of the bands, the air amount
         that of the air. A bypassed lane stands still. */
@@ -29,8 +40,9 @@ public:
         float airAmount, bool bypass);
 
     /** What the stage does in a chunk that starts now. The chunk's length is cut where an air gate starts or stops. The
-        result is valid until the next call. */
-    simd::BreakChunk begin (const simd::EnginePlan& plan, simd::EngineState& state, int& numSamples);
+        result refers to the rows. */
+    simd::BreakChunk begin (
+        const simd::EnginePlan& plan, simd::BreakMemory& memory, GateRows& gateRows, int& numSamples);
 
 private:
     /** The air's way into the stage: opens and shuts linearly. */
@@ -45,15 +57,12 @@ private:
         double next (double step) const;
     };
 
-    void moveGates (simd::BreakChunk& chunk, int& numSamples);
-
-    static constexpr int gateRow = 4;
+    void moveGates (simd::BreakChunk& chunk, double* gateRows, int& numSamples);
 
     std::array<Gate, numLanes> gates;
     double gateStep = 0.0;
     unsigned driven = 0;  // a bit for each chain with a drive
     unsigned ringing = 0; // and for each that may not be at rest
-    alignas (32) double gateRows[gateRow * simd::chunkSize] = {};
 };
 
 } // namespace kestreleq::dsp

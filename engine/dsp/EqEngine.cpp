@@ -1,9 +1,10 @@
 #include "engine/dsp/EqEngine.h"
 
-#include "engine/dsp/SectionWriter.h"
+#include "engine/dsp/LaneMemory.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace kestreleq::dsp
 {
@@ -16,31 +17,6 @@ double linearGain (float value, double span)
         return 1.0;
 
     return std::pow (10.0, (static_cast<double> (value) - 0.5) * span / 20.0);
-}
-
-/** A lane's states from one to the other. */
-void copyLane (const simd::EngineState& from, simd::EngineState& to, std::size_t lane)
-{
-    const auto copySections = [lane] (const auto& source, auto& destination)
-    {
-        for (std::size_t i = lane; i < std::size (source.first); i += numLanes)
-        {
-            destination.first[i] = source.first[i];
-            destination.second[i] = source.second[i];
-        }
-    };
-
-    copySections (from.tone, to.tone);
-    copySections (from.output, to.output);
-
-    for (std::size_t i = 0; i < simd::numBreakStages; ++i)
-        copySections (from.breakStages[i], to.breakStages[i]);
-
-    for (std::size_t i = lane; i < simd::numChains; i += numLanes)
-    {
-        to.shaped1[i] = from.shaped1[i];
-        to.shaped2[i] = from.shaped2[i];
-    }
 }
 
 } // namespace
@@ -58,21 +34,25 @@ EqEngine::EqEngine (const simd::Kernels& kernelsToUse)
 void EqEngine::prepare (double sampleRate)
 {
     toneBank.prepare (sampleRate);
-    breakProcessor.prepare (plan, sampleRate);
+    path.breakStage.prepare (path.plan, sampleRate);
     outputFilter = designSection (outputFilterSettings, sampleRate).value_or (outputFilter);
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
         writeLane (lane);
 
+    fade.prepare (sampleRate);
     reset();
     prepared = true;
 }
 
 void EqEngine::reset()
 {
-    state = {};
-    breakProcessor.reset (state);
-    resetPending = false;
+    path.clear();
+    fade.stop();
+    isFresh = true;
+
+    if (isNew)
+        applySettings();
 }
 
 void EqEngine::applyLane (std::size_t lane, const LaneParameters& next)
@@ -83,10 +63,6 @@ void EqEngine::applyLane (std::size_t lane, const LaneParameters& next)
     auto& air = toneBank.getAir (lane);
     air.setAmount (next.airAmount);
     air.setIndex (airIndexFor (next.airStep));
-
-    // An inactive filter forgets.
-    if (! air.isActive())
-        clearSection (state.tone, chainOf (lane, numBands));
 }
 
 /** Writes a lane's part of the plan. */
@@ -94,14 +70,14 @@ void EqEngine::writeLane (std::size_t lane)
 {
     const bool bypass = parameters.lanes[lane].bypass;
     const auto i = static_cast<int> (lane);
-    plan.bypass[lane] = bypass;
-    toneBank.write (plan, lane, bypass);
-    breakProcessor.setDrive (plan, lane, toneBank.getWeights (lane), toneBank.getAir (lane).getAmount(), bypass);
+    path.plan.bypass[lane] = bypass;
+    toneBank.write (path.plan, lane, bypass);
+    path.breakStage.setDrive (path.plan, lane, toneBank.getWeights (lane), toneBank.getAir (lane).getAmount(), bypass);
 
     if (bypass)
-        writePassThrough (plan.output, i);
+        writePassThrough (path.plan.output, i);
     else
-        writeSection (plan.output, i, outputFilter);
+        writeSection (path.plan.output, i, outputFilter);
 
     writeGains (lane);
 }
@@ -109,15 +85,47 @@ void EqEngine::writeLane (std::size_t lane)
 void EqEngine::writeGains (std::size_t lane)
 {
     const bool bypass = parameters.lanes[lane].bypass;
-    plan.inputGain[lane] = bypass ? 1.0 : inputGains[lane];
-    plan.outputGain[lane] = bypass ? 1.0 : outputGains[lane] * trimGain;
+    path.plan.inputGain[lane] = bypass ? 1.0 : inputGains[lane];
+    path.plan.outputGain[lane] = bypass ? 1.0 : outputGains[lane] * trimGain;
 }
 
 void EqEngine::setParameters (const EngineParameters& next)
 {
+    wanted = next;
+    isNew = true;
+
+    if (isFresh)
+        applySettings();
+}
+
+/** Takes the settings that are wanted, at the beginning of a block. */
+void EqEngine::takeSettings (int blockLength)
+{
+    const auto change = changeBetween (parameters, wanted);
+
+    if (change == SettingsChange::none)
+    {
+        isNew = false;
+        return;
+    }
+
+    outgoing = path;
+    fade.start (change, blockLength);
+    applySettings();
+}
+
+/** Puts the settings that are wanted in force. */
+void EqEngine::applySettings()
+{
     const auto before = parameters;
-    parameters = next;
-    plan.midSide = next.midSide && ! next.link;
+    const auto& next = parameters = wanted;
+    isNew = false;
+    path.bypass = next.bypass;
+    path.breakMode = next.breakMode;
+    path.plan.midSide = isMidSide (next);
+
+    if (isMidSide (before) != isMidSide (next))
+        transformMidSide (path.state.tone.bank, isMidSide (next));
 
     if (next.trim != before.trim)
         trimGain = linearGain (next.trim, trimGainSpan);
@@ -143,73 +151,64 @@ void EqEngine::setParameters (const EngineParameters& next)
         {
             writeGains (lane);
         }
+
+        // A bypassed lane remembers nothing: it would be out of date, and mid/side could carry it to the other lane.
+        // Nor does an inactive air filter.
+        if (then.bypass || now.bypass)
+            path.clearLane (lane);
+        else if (! toneBank.getAir (lane).isActive())
+            clearSection (path.state.tone.bank, chainOf (lane, numBands));
     }
 
     if (before.breakMode && ! next.breakMode)
-        breakProcessor.reset (state);
+        path.breakStage.reset (path.state.breaking);
 
-    // Whatever the filters remember is older than the bypass and would click.
+    // Whatever the filters remember is older than the bypass.
     if (before.bypass && ! next.bypass)
-        resetPending = true;
+        path.clear();
 }
 
 void EqEngine::process (float* left, float* right, int numSamples)
 {
-    if (! prepared || numSamples < 1 || parameters.bypass)
+    if (! prepared || numSamples < 1)
         return;
 
-    if (resetPending)
-        reset();
+    isFresh = false;
 
-    if (plan.bypass[0] && plan.bypass[1] && ! plan.midSide)
-        return;
+    if (fade.isRunning() || isNew)
+        processFading (left, right, numSamples);
+    else
+        path.process (kernels, gateRows, left, right, numSamples);
+}
 
-    while (numSamples > 0)
+void EqEngine::processFading (float* left, float* right, int numSamples)
+{
+    if (! fade.isRunning())
+        takeSettings (numSamples);
+
+    while (fade.isRunning() && numSamples > 0)
     {
-        auto length = std::min (simd::chunkSize, numSamples);
+        const auto length = std::min ({ simd::chunkSize, fade.getRemaining(), numSamples });
+        const auto size = static_cast<std::size_t> (length) * sizeof (float);
+        float oldLeft[simd::chunkSize], oldRight[simd::chunkSize];
+        std::memcpy (oldLeft, left, size);
+        std::memcpy (oldRight, right, size);
 
-        if (parameters.breakMode)
-        {
-            const auto breakChunk = breakProcessor.begin (plan, state, length);
-            runChunk (&breakChunk, left, right, length);
-        }
-        else
-        {
-            runChunk (nullptr, left, right, length);
-        }
+        outgoing.process (kernels, gateRows, oldLeft, oldRight, length);
+        path.process (kernels, gateRows, left, right, length);
+
+        // What neither touches stays to the last bit, a number that is none included.
+        const auto isUntouched = [this] (std::size_t channel)
+        { return outgoing.passes (channel) && path.passes (channel); };
+        fade.mix (
+            { oldLeft, oldRight }, { isUntouched (0) ? oldLeft : left, isUntouched (1) ? oldRight : right }, length);
 
         left += length;
         right += length;
         numSamples -= length;
     }
-}
 
-void EqEngine::runChunk (const simd::BreakChunk* breakChunk, float* left, float* right, int numSamples)
-{
-    const auto run = [&] (simd::EngineState& used)
-    {
-        if (! kernels.process (plan, used, breakChunk, left, right, numSamples))
-            simd::scalarKernels().process (plan, used, breakChunk, left, right, numSamples);
-    };
-
-    if (! plan.bypass[0] && ! plan.bypass[1])
-    {
-        run (state);
-        return;
-    }
-
-    // A bypassed lane passes through filters at rest and keeps what its own remember.
-    simd::EngineState active {};
-
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-        if (! plan.bypass[lane])
-            copyLane (state, active, lane);
-
-    run (active);
-
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-        if (! plan.bypass[lane])
-            copyLane (active, state, lane);
+    path.process (kernels, gateRows, left, right, numSamples);
 }
 
 } // namespace kestreleq::dsp

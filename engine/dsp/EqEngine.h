@@ -1,9 +1,8 @@
 #pragma once
 
-#include "engine/dsp/BreakProcessor.h"
-#include "engine/dsp/EngineParameters.h"
+#include "engine/dsp/Crossfade.h"
+#include "engine/dsp/SignalPath.h"
 #include "engine/dsp/ToneBank.h"
-#include "engine/dsp/simd/Kernels.h"
 
 #include <array>
 #include <cstddef>
@@ -15,20 +14,25 @@ namespace kestreleq::dsp
     transform. Audio thread only, but for prepare, which may not overlap anything else. Nothing here allocates.
 
     The engine keeps a plan and a state, plain arrays over both lanes, and leaves the samples to the fastest form of the
-    inner loops that the machine has; all forms agree to the last bit. */
+    inner loops that the machine has; all forms agree to the last bit. When settings change, it goes on by the old ones
+    beside the new ones while the output goes over. */
 class EqEngine
 {
 public:
     /** Another form of the inner loops than the best one is for tests. */
     explicit EqEngine (const simd::Kernels& kernelsToUse = simd::bestKernels());
 
-    /** Designs every filter for a sample rate in Hz and clears all filter state. */
+    /** Designs every filter for a sample rate in Hz and clears all filter state. The next settings act at once. */
     void prepare (double sampleRate);
 
-    /** Takes the settings for the blocks that follow. Only what differs from the last settings is computed. */
+    /** Clears all filter state and ends what is under way. The next settings act at once. */
+    void reset();
+
+    /** The settings for the blocks that follow. They are taken at the first block that begins after the last change has
+        been completed. */
     void setParameters (const EngineParameters& next);
 
-    /** Processes numSamples of both channels in place. Does nothing before prepare. A lane that is
+    /** Processes numSamples of both channels in place, a block of the host. Does nothing before prepare. A lane that is
         bypassed stays untouched, apart from the mid/side transform; all other output is finite. */
     void process (float* left, float* right, int numSamples);
 
@@ -36,23 +40,27 @@ public:
     const ToneBank& getToneBank() const { return toneBank; }
 
 private:
+    void takeSettings (int blockLength);
+    void applySettings();
     void applyLane (std::size_t lane, const LaneParameters& next);
     void writeLane (std::size_t lane);
     void writeGains (std::size_t lane);
-    void reset();
-    void runChunk (const simd::BreakChunk* breakChunk, float* left, float* right, int numSamples);
+    void processFading (float* left, float* right, int numSamples);
 
     const simd::Kernels& kernels;
-    simd::EnginePlan plan {};
-    simd::EngineState state {};
-    EngineParameters parameters;
+    SignalPath path;
+    SignalPath outgoing; // that of the settings before, while the output goes over
+    Crossfade fade;
+    BreakProcessor::GateRows gateRows;
+    EngineParameters parameters; // in force
+    EngineParameters wanted;
     ToneBank toneBank;
-    BreakProcessor breakProcessor;
     BiquadCoefficients outputFilter;
     std::array<double, numLanes> inputGains { 1.0, 1.0 };
     std::array<double, numLanes> outputGains { 1.0, 1.0 };
     double trimGain = 1.0;
-    bool resetPending = false;
+    bool isNew = false;  // there are settings wanted that have not been looked at
+    bool isFresh = true; // nothing has sounded yet
     bool prepared = false;
 };
 

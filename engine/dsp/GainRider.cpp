@@ -1,7 +1,5 @@
 #include "engine/dsp/GainRider.h"
 
-#include "engine/dsp/simd/Kernels.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -15,6 +13,7 @@ namespace
 constexpr double leastGain = -80.0;
 constexpr double greatestGain = 24.0;
 constexpr double leastLevel = -100.0;
+constexpr double releaseSeconds = 0.005;
 constexpr double gateLevel = -80.0; // the gain holds still at and below this level
 
 /** Limited, or the fallback when not finite. */
@@ -46,12 +45,31 @@ void addPower (const float* samples, int numSamples, double power, double& sum, 
     }
 }
 
+void applyGain (float& sample, float factor)
+{
+    const auto y = sample * factor;
+    sample = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
+}
+
+/** A piece of a straight line between two linear gains: numSamples of it after those that are done, of length in all.
+ */
+void applyLine (std::span<float* const> channels, int numSamples, double from, double to, int done, int length)
+{
+    const auto slope = (to - from) / length;
+
+    for (auto* channel : channels)
+        for (int n = 0; n < numSamples; ++n)
+            applyGain (channel[n], static_cast<float> (from + slope * (done + n + 1)));
+}
+
 } // namespace
 
 void GainRider::prepare (double newSampleRate, int newNumChannels)
 {
     sampleRate = std::isfinite (newSampleRate) && newSampleRate >= 8000.0 ? newSampleRate : 48000.0;
     numChannels = std::clamp (newNumChannels, 1, 64);
+    releaseLength = static_cast<int> (std::min (1e9, std::round (releaseSeconds * sampleRate)));
+    reset();
 }
 
 void GainRider::setTarget (double decibels)
@@ -67,6 +85,8 @@ void GainRider::setRate (double decibelsPerSecond)
 void GainRider::reset (double decibels)
 {
     setGain (limited (decibels, leastGain, greatestGain, 0.0));
+    applied = linear;
+    released = releaseLength;
 }
 
 void GainRider::setGain (double decibels)
@@ -87,7 +107,7 @@ double GainRider::levelOf (std::span<float* const> channels, int numSamples) con
     {
         const auto* const first = channels[i];
         const auto* const second = i + 1 < channels.size() ? channels[i + 1] : nullptr;
-        const auto power = simd::bestKernels().measure (first, second != nullptr ? second : first, numSamples);
+        const auto power = kernels.measure (first, second != nullptr ? second : first, numSamples);
 
         addPower (first, numSamples, power.first, sum, count);
 
@@ -108,6 +128,12 @@ void GainRider::process (std::span<float* const> channels, int numSamples)
         static_cast<std::int64_t> (channels.size()) * numSamples > std::numeric_limits<std::int32_t>::max())
         return;
 
+    if (released < releaseLength)
+    {
+        continueRelease (channels, numSamples);
+        return;
+    }
+
     measuredLevel = levelOf (channels, numSamples);
 
     if (! frozen && measuredLevel > gateLevel)
@@ -117,16 +143,42 @@ void GainRider::process (std::span<float* const> channels, int numSamples)
         setGain (std::clamp (gain + std::clamp (desired - gain, -step, step), leastGain, greatestGain));
     }
 
+    if (applied != linear)
+    {
+        applyLine (channels, numSamples, applied, linear, 0, numSamples);
+        applied = linear;
+        return;
+    }
+
     const auto factor = static_cast<float> (linear);
 
     for (auto* channel : channels)
-    {
         for (int n = 0; n < numSamples; ++n)
-        {
-            const auto y = channel[n] * factor;
-            channel[n] = std::abs (y) <= std::numeric_limits<float>::max() ? y : 0.0f;
-        }
-    }
+            applyGain (channel[n], factor);
+}
+
+void GainRider::release (std::span<float* const> channels, int numSamples)
+{
+    setGain (0.0);
+
+    if (released == releaseLength && applied != linear)
+        released = 0;
+
+    continueRelease (channels, numSamples);
+}
+
+void GainRider::continueRelease (std::span<float* const> channels, int numSamples)
+{
+    const auto length = std::min (numSamples, releaseLength - released);
+
+    if (length < 1)
+        return;
+
+    applyLine (channels, length, applied, linear, released, releaseLength);
+    released += length;
+
+    if (released == releaseLength)
+        applied = linear;
 }
 
 } // namespace kestreleq::dsp

@@ -1,7 +1,5 @@
 #include "engine/dsp/LevelMeasure.h"
 
-#include "engine/dsp/simd/Kernels.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -49,17 +47,18 @@ float correlationOf (const simd::PowerSums& sums)
 
 } // namespace
 
-LevelPair measureLevels (const float* left, const float* right, int numSamples, bool link, bool midSide)
+LevelPair measureLevels (
+    const simd::Kernels& kernels, const float* left, const float* right, int numSamples, bool link, bool midSide)
 {
-    const auto& kernels = simd::bestKernels();
     const auto measure = wantsMidSide (link, midSide) ? kernels.measureMidSide : kernels.measure;
     return levelsOf (measure (left, right, numSamples), numSamples, link);
 }
 
-OutputMeasure measureOutput (const float* left, const float* right, int numSamples, bool link, bool midSide)
+OutputMeasure measureOutput (
+    const simd::Kernels& kernels, const float* left, const float* right, int numSamples, bool link, bool midSide)
 {
-    const auto sums = simd::bestKernels().measure (left, right, numSamples);
-    const auto levels = wantsMidSide (link, midSide) ? measureLevels (left, right, numSamples, link, midSide)
+    const auto sums = kernels.measure (left, right, numSamples);
+    const auto levels = wantsMidSide (link, midSide) ? measureLevels (kernels, left, right, numSamples, link, midSide)
                                                      : levelsOf (sums, numSamples, link);
     return { levels, correlationOf (sums) };
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "engine/parameters/ParameterLayout.h"
 
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "engine/parameters/ParameterText.h"
 
 #include <memory>

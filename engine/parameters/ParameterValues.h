@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -28,6 +28,8 @@ public:
     }
 
     bool isOn (Parameter parameter) const { return (*this)[parameter] >= flagThreshold; }
+
+    void set (Parameter parameter, float value) { *values[indexOf (parameter)] = value; }
 
 private:
     std::array<std::atomic<float>*, numParameters> values;

@@ -1,36 +1,38 @@
 #include "editor/chart/KestrelChartView.h"
+#include "editor/chart/LaneAxes.h"
 
 #include "tests/support/MessagePump.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/ProcessorRig.h"
 #include "tests/support/Signals.h"
+#include "ui_pro/controls/chart/SpectrumPainter.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace kestreleq::test
 {
 namespace
 {
 
-TEST (ChartScale, MapsTheAxesAndStopsAtTheirEnds)
+TEST (LaneAxes, LeaveTheLabelsTheirMarginsAndStopAtTheirEnds)
 {
-    const ChartScale scale (1120, 196);
-    const auto plot = scale.plot();
-    EXPECT_EQ (plot.getWidth(), 1089.0f);
-    EXPECT_EQ (plot.getHeight(), 177.0f);
-    EXPECT_EQ (scale.xFor (1.0), plot.getX());
-    EXPECT_EQ (scale.xFor (1e6), plot.getRight());
-    EXPECT_NEAR (scale.xFor (std::sqrt (20.0 * 40000.0)), plot.getCentreX(), 0.01f);
-    EXPECT_NEAR (scale.frequencyAt (scale.xFor (1234.0)), 1234.0, 0.1);
-    EXPECT_EQ (scale.yFor (30.0), plot.getY());
-    EXPECT_EQ (scale.yFor (-18.0), plot.getBottom());
-    EXPECT_NEAR (scale.yFor (9.0), plot.getY() + plot.getHeight() * 0.25f, 0.01f);
-    EXPECT_NEAR (scale.spectrumArea().getRight(), scale.xFor (20000.0), 0.01f);
-    EXPECT_TRUE (ChartScale (5, 5).plot().isEmpty());
+    const auto axes = makeLaneAxes (1120, 196);
+    EXPECT_EQ (axes.plot.getWidth(), 1089.0f);
+    EXPECT_EQ (axes.plot.getHeight(), 177.0f);
+    EXPECT_EQ (axes.xFor (1.0), axes.plot.getX());
+    EXPECT_EQ (axes.xFor (1e6), axes.plot.getRight());
+    EXPECT_NEAR (axes.xFor (std::sqrt (20.0 * 40000.0)), axes.plot.getCentreX(), 0.01f);
+    EXPECT_NEAR (axes.frequencyAt (axes.xFor (1234.0)), 1234.0, 0.1);
+    EXPECT_EQ (axes.yFor (30.0), axes.plot.getY());
+    EXPECT_EQ (axes.yFor (-18.0), axes.plot.getBottom());
+    EXPECT_NEAR (axes.yFor (9.0), axes.plot.getY() + axes.plot.getHeight() * 0.25f, 0.01f);
+    EXPECT_TRUE (makeLaneAxes (5, 5).plot.isEmpty());
 }
 
 TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
@@ -65,8 +67,44 @@ TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
     EXPECT_EQ (display.getFrequencies()[0], 20.0f);
     show ({ -20.0f, -40.0f }, 8000.0);
     EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
-    EXPECT_NEAR (display.getPainterLevels (0)[display.painterBinAt (20.0 * std::pow (200.0, 0.5))], -30.0f, 0.1f);
-    EXPECT_EQ (display.getPainterLevels (0)[display.painterBinAt (5000.0)], -84.0f) << "above half of the rate";
+    EXPECT_EQ (display.getLevels (0)[1], -40.0f);
+}
+
+TEST (SpectrumDisplay, EveryToneIsDrawnAsHighAsTheAnalyserHasIt)
+{
+    using namespace quillon::ui_pro::controls;
+    const ChartAxes axes {
+        .plot = makeLaneAxes (1120, 196).plot, .highestHz = 40000.0, .lowestDb = -84.0, .highestDb = 24.0
+    };
+    std::mt19937 random (17);
+
+    for (const auto rate : { 44100.0, 48000.0, 96000.0, 192000.0 })
+    {
+        for (int tone = 0; tone < 80; ++tone)
+        {
+            const auto part = std::uniform_real_distribution<> (0.0, 1.0) (random);
+            const auto frequency = 100.0 * std::pow (0.45 * rate / 100.0, part);
+            const auto samples = sine (frequency, rate, 4096, 0.25);
+            analysis::SpectrumAnalyser analyser;
+            ASSERT_TRUE (analyser.prepare (rate, 4096, 1024, 512));
+            analyser.setOn (true);
+            analyser.push (0, samples.data(), 4096);
+            for (int tick = 0; tick < 30; ++tick)
+                analyser.update();
+
+            SpectrumDisplay display;
+            display.refresh (analyser);
+            const auto levels = display.getLevels (0);
+            const auto points = makeSpectrumPoints (axes, display.getFrequencies(), levels, 4.0f); // half size
+            EXPECT_LT (points.size(), 280u);
+            const auto top = std::min_element (
+                points.begin(), points.end(), [] (const auto& a, const auto& b) { return a.y < b.y; });
+            EXPECT_NEAR (top->y, axes.yFor (*std::max_element (levels.begin(), levels.end())), 0.5f * 177.0f / 108.0f)
+                << frequency << " Hz at " << rate;
+            const auto bin = axes.xFor (frequency + rate / 4096.0) - axes.xFor (frequency);
+            EXPECT_NEAR (top->x, axes.xFor (frequency), 4.0f + bin) << frequency << " Hz at " << rate;
+        }
+    }
 }
 
 /** A view of lane A with a size, in front of a processor that has its message thread here. */
@@ -134,7 +172,7 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     const auto node = rig.view->getNodes().position (ChartNodes::airNode);
     EXPECT_EQ (rig.view->getNodes().hit (node), ChartNodes::airNode) << "beside the 2.5K node, not under it";
 
-    const auto octave = rig.view->getScale().xFor (2000.0) - rig.view->getScale().xFor (1000.0);
+    const auto octave = rig.view->getAxes().xFor (2000.0) - rig.view->getAxes().xFor (1000.0);
     rig.mouse.down (node);
     rig.mouse.drag (node.translated (2.1f * octave, -88.5f));
     rig.mouse.up (node.translated (2.1f * octave, -88.5f));
@@ -142,7 +180,7 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     EXPECT_NEAR (rig.get ("airGain"), 0.5f, 1e-3f);
 
     const auto moved = rig.view->getNodes().position (ChartNodes::airNode);
-    EXPECT_NEAR (moved.x, rig.view->getScale().xFor (10000.0), 0.5f);
+    EXPECT_NEAR (moved.x, rig.view->getAxes().xFor (10000.0), 0.5f);
     rig.mouse.doubleClick (moved);
     EXPECT_EQ (rig.get ("airBand"), 0.0f);
     EXPECT_EQ (rig.get ("airGain"), 0.0f);
@@ -180,10 +218,8 @@ TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
         analyser.update();
     rig.view->refresh();
 
-    const auto levels = rig.view->getSpectrum().getPainterLevels (1);
-    const auto peak = levels[SpectrumDisplay::painterBinAt (1000.0)];
-    EXPECT_GT (peak, -20.0f);
-    EXPECT_LT (levels[SpectrumDisplay::painterBinAt (4000.0)], peak - 30.0f);
+    const auto levels = rig.view->getSpectrum().getLevels (1);
+    EXPECT_GT (*std::max_element (levels.begin(), levels.end()), -20.0f);
     EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
 }
 

@@ -199,6 +199,17 @@ TEST (EditHistory, TheHostsAutomationPassesBy)
     EXPECT_EQ (rig.get ("650hz"), 0.99f);
 }
 
+TEST (EditHistory, AStepBeginsWithWhatTheHostHasBroughtBack)
+{
+    HistoryRig rig;
+    rig.drag ("sub", 0.7f);
+    rig.history().undo();
+    rig.set ("sub", 0.7f); // the value that was flushed last, though not the tree's
+    rig.drag ("sub", 0.9f);
+    rig.history().undo();
+    EXPECT_EQ (rig.get ("sub"), 0.7f);
+}
+
 TEST (EditHistory, StandsStatesFromAnotherThread)
 {
     HistoryRig rig;

@@ -99,5 +99,30 @@ TEST (Lifecycle, OpeningAndClosingTakesNoMemory)
     EXPECT_LT (::mallinfo2().uordblks, before + 32 * 1024);
 }
 
+// What many instances without a window add up to.
+TEST (Lifecycle, AnInstanceIsSmallUntilItsWindowOpensAndOncePreparedAgain)
+{
+    const auto inUse = [] { return ::mallinfo2().uordblks + ::mallinfo2().hblkhd; };
+    constexpr std::size_t small = 160 * 1024, display = 256 * 1024;
+
+    for (int round = 0; round < 2; ++round) // in the first, what all instances share
+    {
+        const auto before = inUse();
+        ProcessorRig rig;
+        const auto closed = inUse() - before;
+        OpenEditor (rig.processor).work (0);
+        const auto opened = inUse() - before;
+        rig.processor.prepareToPlay (48000.0, 512);
+        const auto prepared = inUse() - before;
+
+        if (round > 0)
+        {
+            EXPECT_LT (closed, small);
+            EXPECT_GT (opened, display) << "the case sees nothing";
+            EXPECT_LT (prepared, small);
+        }
+    }
+}
+
 } // namespace
 } // namespace kestreleq::test

@@ -161,6 +161,23 @@ TEST (RealTime, ProcessBlockOnlyComputesWhateverGoesOnBeside)
     EXPECT_EQ (offences.pageFaults, 0);
 }
 
+/** Two hundred instances without a window do this two thousand times a second, on the message thread. */
+TEST (RealTime, AnIdleHistoryLooksNothingUp)
+{
+    if (! canGuardRealTime())
+        GTEST_SKIP() << "the sanitizer owns the allocator";
+
+    ProcessorRig rig;
+    auto& history = rig.processor.getCore().getHistory();
+    rig.set ("trim", 0.25f);
+    history.flush();
+    history.flush(); // sees what the first has written
+
+    const RealTimeGuard guard;
+    history.flush();
+    EXPECT_EQ (guard.allocations() + guard.systemCalls(), 0);
+}
+
 TEST (RealTime, AHostsAutomationCostsTheFrameworksLocksOnly)
 {
     if (! canGuardRealTime())

@@ -79,6 +79,57 @@ INSTANTIATE_TEST_SUITE_P (ReferenceComparison, RandomSettings,
     testing::Combine (testing::Values (44100.0, 48000.0, 96000.0, 192000.0, 384000.0), testing::Values (1, 64, 1000),
         testing::Values (1u, 2u)));
 
+// Blocks of all sizes, most with something new: a value drawn, a switch, a whole program; much of it while the last
+// change is still on its way.
+TEST (ReferenceComparison, SettingsInMotionSoundLikeThePlainReference)
+{
+    for (const auto rate : { 44100.0, 48000.0, 192000.0 })
+    {
+        Pair pair (rate, 4096);
+        std::mt19937 random (static_cast<unsigned> (rate));
+        const auto oneIn = [&] (unsigned n) { return random() % n == 0; };
+        const auto total = static_cast<int> (4.0 * rate);
+        const Stereo signal { musicalMix (5, rate, total), whiteNoise (5, total, 0.3) };
+        Stereo actual { std::vector<float>(), std::vector<float>() };
+        std::array<std::vector<double>, 2> expected;
+
+        for (int start = 0; start < total;)
+        {
+            for (const auto& info : parameterTable)
+                if (oneIn (info.stepped ? 100 : 10))
+                    pair.set (info.id, static_cast<float> (random() % 1025) / 1024.0f);
+
+            // Nothing stays bypassed for long.
+            if (oneIn (10))
+                for (const auto* id : { "bypass", "laneABypass", "laneBBypass" })
+                    pair.set (id, 0.0f);
+
+            const auto size = oneIn (2) ? 1 + random() % 100 : 1 + random() % 3000;
+            const auto length = std::min (static_cast<int> (size), total - start);
+            Stereo block;
+
+            for (std::size_t i = 0; i < 2; ++i)
+                block[i].assign (signal[i].begin() + start, signal[i].begin() + start + length);
+
+            auto left = widened (block[0]), right = widened (block[1]);
+            pair.rig.process (block, length);
+            pair.reference.process (pair.parameters, left.data(), right.data(), length);
+
+            for (std::size_t i = 0; i < 2; ++i)
+            {
+                actual[i].insert (actual[i].end(), block[i].begin(), block[i].end());
+                const auto& reference = i == 0 ? left : right;
+                expected[i].insert (expected[i].end(), reference.begin(), reference.end());
+            }
+
+            start += length;
+        }
+
+        EXPECT_LT (differenceDb (actual[0], expected[0]), -110.0) << rate;
+        EXPECT_LT (differenceDb (actual[1], expected[1]), -110.0) << rate;
+    }
+}
+
 TEST (ReferenceComparison, AFullBoostSweepKeepsTheNoiseDown)
 {
     for (const auto rate : { 48000.0, 192000.0 })

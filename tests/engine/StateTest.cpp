@@ -1,5 +1,4 @@
 #include "engine/PluginState.h"
-#include "engine/Utf8.h"
 #include "tests/support/ProcessorRig.h"
 
 #include <gtest/gtest.h>
@@ -135,16 +134,6 @@ TEST (State, RefusesWhatIsHostileOrNoState)
     ProcessorRig rig;
     setRandomly (rig, 2);
     const auto before = save (rig);
-    const auto nested = [] (int depth)
-    {
-        std::string text;
-        for (int i = 0; i < depth; ++i)
-            text += "<Parameters>";
-        for (int i = 0; i < depth; ++i)
-            text += "</Parameters>";
-        return text;
-    };
-
     rig.processor.setStateInformation (nullptr, 100);
     rig.processor.setStateInformation (before.getData(), 0);
     rig.processor.setStateInformation (before.getData(), -5);
@@ -152,13 +141,15 @@ TEST (State, RefusesWhatIsHostileOrNoState)
     for (int size = 1; size < static_cast<int> (before.getSize()) - 2; ++size)
         rig.processor.setStateInformation (before.getData(), size);
 
-    for (const auto& text :
-        std::vector<std::string> { "", "no xml", "<Else sub=\"1\"/>", nested (9), nested (300000), nested (20000),
-            "<!DOCTYPE x [<!ENTITY a \"b\">]>" + nested (1), "<Parameters><!-- x --></Parameters>",
-            "<Parameters><? ' ?>" + nested (5000) + "</Parameters>",
-            "<Parameters>" + std::string (1024 * 1024, ' ') + "</Parameters>", std::string ("<Parameters a=\"\xf0\x9f"),
-            "<Parameters>\xe6\xe6\xe6</Parameters>", "<Parameters " + std::string (100000, 'a') })
+    // HarmlessXml has more of these; here, one that breaks the parser and one that breaks what takes the values after
+    // it.
+    for (const auto& text : std::vector<std::string> { "", "no xml", "<Else sub=\"1\"/>",
+             "<Parameters><PARAM id=\"sub\" value=\"&#x\"/></Parameters>",
+             "<Parameters base64:value=\"-1.AAAA\"><PARAM id=\"sub\" value=\"0\"/></Parameters>" })
+    {
         restore (rig, wrapped (text));
+        EXPECT_FALSE (readStateText (text).has_value()) << text;
+    }
 
     // A header that makes the text end anywhere, in a quotation too. (What it cuts off besides the end is not ours.)
     for (int length = 0; length < static_cast<int> (before.getSize()) - 40; ++length)
@@ -170,26 +161,8 @@ TEST (State, RefusesWhatIsHostileOrNoState)
 
     EXPECT_EQ (save (rig), before);
 
-    EXPECT_FALSE (isHarmlessXml ("<Parameters><PARAM id=\"sub"));
-    EXPECT_FALSE (isHarmlessXml ("<Parameters><PARAM id='sub\"/></Parameters>"));
-    EXPECT_FALSE (isHarmlessXml ("<Parameters>"));
-    EXPECT_TRUE (isHarmlessXml (nested (8)));
-    EXPECT_FALSE (isHarmlessXml (nested (9)));
-    EXPECT_FALSE (isHarmlessXml ("<a b='>'><a><a><a><a><a><a><a><a x=\"/>\"></a></a></a></a></a></a></a></a></a>"));
     EXPECT_TRUE (readStateText ("  \n<Parameters><PARAM id=\"sub\" value=\"1\"/></Parameters>\n").has_value());
     EXPECT_FALSE (readStateText ("hello").has_value());
-}
-
-TEST (State, KnowsUtf8)
-{
-    for (const auto* text : { "", "a", "\xc2\x80", "\xdf\xbf", "\xe0\xa0\x80", "\xed\x9f\xbf", "\xef\xbf\xbf",
-             "\xf0\x90\x80\x80", "\xf4\x8f\xbf\xbf" })
-        EXPECT_TRUE (isValidUtf8 (text)) << text;
-
-    // Alone, cut short, not continued, overlong, a surrogate, and above the last character.
-    for (const auto* text : { "\x80", "\xc2", "\xe0\xa0", "\xf0\x90\x80", "\xcc\xcc", "\xe6\xe6\xe6", "\xc0\xaf",
-             "\xe0\x9f\xbf", "\xf0\x8f\xbf\xbf", "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xff" })
-        EXPECT_FALSE (isValidUtf8 (text)) << text;
 }
 
 TEST (State, SurvivesTwentyThousandMutations)

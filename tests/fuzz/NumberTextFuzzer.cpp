@@ -1,7 +1,7 @@
 #include "tests/fuzz/Invariant.h"
 
 #include "engine/Utf8.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "engine/parameters/ParameterText.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
 #include "tests/support/HostTool.h"
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "tests/support/Signals.h"
 
 #include <gtest/gtest.h>
@@ -126,12 +126,13 @@ TEST (HostTool, KeepsTheOrderOfWhatIsSet)
     EXPECT_NEAR (ratio, 0.6 * 18.0, 1e-3);
     EXPECT_EQ (high[0], high[1]);
 
-    // At 0.03 s the fourth block starts; 0.031 s waits for the fifth. Same time: the order given.
+    // At 0.03 s the fourth block starts; 0.031 s waits for the fifth. Same time: the order given. The trim takes its
+    // block to go up, the bypass the next one.
     const auto timed = render ({ "--at", "0.03:trim=0", "--at", "0.03:trim=1", "--at", "0.031:bypass=1" });
     EXPECT_NEAR (timed[0][1439], 0.1f, 1e-3f);
-    EXPECT_NEAR (timed[0][1440], 0.1f * 3.98f, 1e-2f);
-    EXPECT_NEAR (timed[0][1919], 0.1f * 3.98f, 1e-2f);
-    EXPECT_EQ (timed[0][1920], 0.1f);
+    EXPECT_NEAR (timed[0][1679], 0.1f * 2.49f, 1e-2f);
+    EXPECT_NEAR (timed[0][1920], 0.1f * 3.98f, 1e-2f);
+    EXPECT_EQ (timed[0][2400], 0.1f);
 }
 
 TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)

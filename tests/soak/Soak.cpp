@@ -155,8 +155,11 @@ void Soak::processBlock()
 
 void Soak::check (const Stereo& in, const juce::AudioBuffer<float>& out)
 {
-    const bool anyBypass =
+    constexpr auto longestWait = 0.0101; // a bypass that was released while another change was under way still is one
+    const bool isBypassSet =
         rig.get ("bypass") >= 0.5f || rig.get ("laneABypass") >= 0.5f || rig.get ("laneBBypass") >= 0.5f;
+    const bool anyBypass = isBypassSet || sinceBypass < longestWait;
+    sinceBypass = isBypassSet ? 0.0 : sinceBypass + out.getNumSamples() / rate;
 
     for (int channel = 0; channel < out.getNumChannels(); ++channel)
     {

@@ -49,6 +49,7 @@ private:
     double rate = 48000.0;
     int preparedBlock = 512;
     bool hugeSincePrepare = false;
+    double sinceBypass = 1.0; // seconds since a bypass was set
     Report done;
 };
 

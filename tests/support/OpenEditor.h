@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/KestrelProcessor.h"
+#include "editor/KestrelEditor.h"
 #include "tests/support/MessagePump.h"
 #include "tests/support/Window.h"
 
@@ -14,7 +14,7 @@ class OpenEditor
 {
 public:
     explicit OpenEditor (KestrelProcessor& processor)
-        : editor (processor.createEditorIfNeeded()),
+        : editor (std::make_unique<KestrelEditor> (processor)),
           window (editor->getWidth(), editor->getHeight())
     {
         window.addAndMakeVisible (*editor);
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    std::unique_ptr<juce::AudioProcessorEditor> editor;
+    std::unique_ptr<KestrelEditor> editor;
     Window window;
 };
 

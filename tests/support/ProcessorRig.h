@@ -16,7 +16,9 @@ using Stereo = std::array<std::vector<float>, 2>;
 /** A processor as a host holds it: prepared, set by parameter ID, fed block by block. */
 struct ProcessorRig
 {
-    explicit ProcessorRig (double sampleRate = 48000.0, int blockSize = 512)
+    explicit ProcessorRig (
+        double sampleRate = 48000.0, int blockSize = 512, const dsp::simd::Kernels& kernels = dsp::simd::bestKernels())
+        : processor (nullptr, kernels)
     {
         processor.setRateAndBufferSizeDetails (sampleRate, blockSize); // as every wrapper does
         processor.prepareToPlay (sampleRate, blockSize);

@@ -8,7 +8,8 @@
 namespace kestreleq::test
 {
 /** The whole audio path written the plain way, sample by sample in long double, to compare the real one with. Only the
-    roundings that shape the sound are kept: single-precision section coefficients and the riders' float gain. */
+    roundings that shape the sound are kept: single-precision section coefficients and the riders' float gain. New
+    settings go over as docs/architecture.md has it. */
 class ReferenceEq
 {
 public:

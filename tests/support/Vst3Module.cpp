@@ -1,5 +1,7 @@
 #include "tests/support/Vst3Module.h"
 
+#include "engine/parameters/ParameterTable.h"
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
@@ -112,6 +114,43 @@ void connect (Vst::IComponent& component, Vst::IEditController& controller, bool
 
 } // namespace
 
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
+{
+    std::vector<Vst::ParameterInfo> result;
+
+    for (int32 i = 0; i < controller.getParameterCount(); ++i)
+    {
+        Vst::ParameterInfo info {};
+
+        if (controller.getParameterInfo (i, info) == kResultOk &&
+            (info.flags & Vst::ParameterInfo::kIsProgramChange) == 0)
+            result.push_back (info);
+    }
+
+    return result;
+}
+
+Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id)
+{
+    const auto* const row =
+        std::find_if (parameterTable.begin(), parameterTable.end(), [id] (const auto& info) { return info.id == id; });
+    return parametersOf (controller).at (static_cast<std::size_t> (row - parameterTable.begin())).id;
+}
+
+Vst::ParamID programParameterId (Vst::IEditController& controller)
+{
+    for (int32 i = 0; i < controller.getParameterCount(); ++i)
+    {
+        Vst::ParameterInfo info {};
+        controller.getParameterInfo (i, info);
+
+        if ((info.flags & Vst::ParameterInfo::kIsProgramChange) != 0)
+            return info.id;
+    }
+
+    throw std::out_of_range ("no parameter selects programs");
+}
+
 Vst3Instance::Vst3Instance (Vst3Module& module)
     : component (module.createComponent()),
       processor (interfaceOf<Vst::IAudioProcessor> (*component, Vst::IAudioProcessor_iid)),
@@ -150,7 +189,8 @@ void Vst3Instance::stop()
     component->setActive (false);
 }
 
-tresult Vst3Instance::process (float* left, float* right, int numSamples, ParameterChanges* changes)
+tresult Vst3Instance::process (
+    float* left, float* right, int numSamples, ParameterChanges* changes, ParameterChanges* answer)
 {
     std::array<float*, 2> channels { left, right };
     Vst::AudioBusBuffers bus;
@@ -164,6 +204,7 @@ tresult Vst3Instance::process (float* left, float* right, int numSamples, Parame
     data.numInputs = data.numOutputs = 1;
     data.inputs = data.outputs = &bus;
     data.inputParameterChanges = changes;
+    data.outputParameterChanges = answer;
     return processor->process (data);
 }
 

@@ -11,6 +11,7 @@
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <cstring>
+#include <string_view>
 #include <vector>
 
 namespace kestreleq::test
@@ -91,9 +92,11 @@ public:
         return &queues[static_cast<std::size_t> (index)];
     }
 
-    Vst::IParamValueQueue* PLUGIN_API addParameterData (const Vst::ParamID&, Steinberg::int32&) override
+    Vst::IParamValueQueue* PLUGIN_API addParameterData (const Vst::ParamID& id, Steinberg::int32& index) override
     {
-        return nullptr;
+        index = getParameterCount();
+        add (id, 0.0);
+        return &queues.back();
     }
 
 private:
@@ -118,9 +121,10 @@ private:
             return Steinberg::kResultOk;
         }
 
-        Steinberg::tresult PLUGIN_API addPoint (Steinberg::int32, Vst::ParamValue, Steinberg::int32&) override
+        Steinberg::tresult PLUGIN_API addPoint (Steinberg::int32, Vst::ParamValue point, Steinberg::int32&) override
         {
-            return Steinberg::kResultFalse;
+            value = point;
+            return Steinberg::kResultOk;
         }
 
         Vst::ParamID id;
@@ -169,6 +173,15 @@ Steinberg::IPtr<Interface> interfaceOf (Steinberg::FUnknown& object, const Stein
         : nullptr;
 }
 
+/** The module's own parameters in host order; what the wrapper adds is left out. */
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller);
+
+/** The host's number for a parameter's ID. Throws std::out_of_range where there is none. */
+Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id);
+
+/** The parameter that selects programs. */
+Vst::ParamID programParameterId (Vst::IEditController& controller);
+
 /** An audio effect with its controller, both initialised and connected. */
 class Vst3Instance
 {
@@ -185,8 +198,9 @@ public:
     void start (double sampleRate, int maximumBlock);
     void stop();
 
-    /** In place, two channels; the changes may be none. */
-    Steinberg::tresult process (float* left, float* right, int numSamples, ParameterChanges* changes = nullptr);
+    /** In place, two channels; there may be no changes, and nobody who wants to know the module's own. */
+    Steinberg::tresult process (float* left, float* right, int numSamples, ParameterChanges* changes = nullptr,
+        ParameterChanges* answer = nullptr);
 
     std::vector<char> save();
     Steinberg::tresult restore (const std::vector<char>& state);

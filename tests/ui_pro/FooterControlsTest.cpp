@@ -1,10 +1,10 @@
-#include "tests/support/Mouse.h"
+#include "tests/support/Components.h"
 #include "tests/support/RepaintWatch.h"
+#include "tests/support/Window.h"
 
 #include "ui_pro/controls/footer/FooterFigures.h"
 #include "ui_pro/controls/footer/OutputModeControl.h"
 #include "ui_pro/controls/footer/OversamplingControl.h"
-#include "ui_pro/controls/footer/OversamplingPopup.h"
 
 #include <gtest/gtest.h>
 
@@ -68,19 +68,18 @@ TEST (OutputModeControl, ItsKnobChoosesAMode)
 
 struct OversamplingRig
 {
-    explicit OversamplingRig (juce::Point<int> at = { 100, 156 })
+    OversamplingRig()
     {
-        window.setSize (240, 200);
         window.addAndMakeVisible (control);
-        control.setTopLeftPosition (at);
+        control.setTopLeftPosition (100, 156);
     }
 
-    void clickControl() { Mouse (control).click ({ 10.0f, 10.0f }); }
+    void clickControl() { window.click (control.getBounds().getCentre()); }
 
-    void clickRow (int row)
+    void clickRow (const juce::String& text)
     {
         control.openPopup();
-        Mouse (control.getPopup()->getRow (row)).click ({ 10.0f, 10.0f });
+        window.click (middleOf (*control.getPopup(), text));
     }
 
     void connect()
@@ -93,46 +92,49 @@ struct OversamplingRig
         };
     }
 
-    juce::Component window;
+    Window window { 400, 200 };
     OversamplingControl control;
     std::vector<int> chosen;
 };
 
-TEST (OversamplingControl, OpensAndClosesItsPopupWithinTheWindow)
+TEST (OversamplingControl, AClickOpensItsListAboveItAndAnotherClosesIt)
 {
-    for (const juce::Point<int> at : { juce::Point<int> (100, 156), { 236, 156 }, { -50, 0 }, { 0, 80 } })
-    {
-        OversamplingRig rig (at);
-        rig.clickControl();
-        ASSERT_TRUE (rig.control.isPopupOpen());
-        EXPECT_TRUE (rig.window.getLocalBounds().contains (rig.control.getPopup()->getBounds())) << at.toString();
-        rig.clickControl();
-        EXPECT_FALSE (rig.control.isPopupOpen());
-    }
+    OversamplingRig rig;
+    rig.clickControl();
+    ASSERT_NE (rig.control.getPopup(), nullptr);
+    EXPECT_LE (rig.control.getPopup()->getListBounds().getBottom(), rig.control.getY());
+    EXPECT_LT (middleOf (rig.window, "Master (8x)").y, middleOf (rig.window, "Live (1x)").y) << "the highest on top";
+    rig.clickControl();
+    EXPECT_EQ (rig.control.getPopup(), nullptr);
+
+    const auto* const spoken =
+        findTitled (rig.window, "Oversampling")->getChildComponent (0)->getAccessibilityHandler();
+    EXPECT_EQ (spoken->getValueInterface()->getCurrentValueAsString(), "Live (1x)");
+    EXPECT_TRUE (spoken->getCurrentState().isCollapsed());
 }
 
 TEST (OversamplingControl, PassesAChoiceOnlyWithBothHooksAndPermission)
 {
     OversamplingRig rig;
     rig.control.onModeChange = [&rig] (int mode) { rig.chosen.push_back (mode); };
-    rig.clickRow (0);
+    rig.clickRow ("Master (8x)");
     EXPECT_TRUE (rig.chosen.empty()) << "one hook is not enough";
-    EXPECT_FALSE (rig.control.isPopupOpen());
+    EXPECT_EQ (rig.control.getPopup(), nullptr);
 
     rig.connect();
-    rig.clickRow (0); // Master
-    rig.clickRow (0); // it is the current one by now
-    rig.clickRow (2); // Design
+    rig.clickRow ("Master (8x)");
+    rig.clickRow ("Master (8x)"); // it is the current one by now
+    rig.clickRow ("Design (2x)");
     EXPECT_EQ (rig.chosen, (std::vector<int> { 3, 1 }));
     EXPECT_EQ (rig.control.getValueText(), "Design (2x)");
 
     rig.control.mayChangeModeTo = [] (int mode) { return mode != 2; };
-    rig.clickRow (1);
+    rig.clickRow ("Mix (4x)");
     EXPECT_EQ (rig.control.getMode(), 1);
 
     rig.control.openPopup();
-    Mouse (*rig.control.getPopup()).click ({ 1.0f, 1.0f });
-    EXPECT_TRUE (rig.control.isPopupOpen()) << "a click beside the rows";
+    rig.window.click (rig.control.getPopup()->getListBounds().getTopLeft().translated (2, 2));
+    EXPECT_NE (rig.control.getPopup(), nullptr) << "a click beside the rows";
 }
 
 } // namespace

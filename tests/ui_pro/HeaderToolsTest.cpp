@@ -1,5 +1,7 @@
+#include "tests/support/MessagePump.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
+#include "tests/support/Window.h"
 
 #include "ui_pro/controls/header/ABControl.h"
 #include "ui_pro/controls/header/CopyPasteControl.h"
@@ -15,6 +17,7 @@ namespace
 {
 
 using namespace quillon::ui_pro::controls;
+using Part = ToolPair::Part;
 
 /** Actions that write down what was called; a history with one step to undo. */
 struct Actions
@@ -52,43 +55,54 @@ struct Actions
     juce::String calls;
 };
 
+/** A window with a pair of tools in its corner. */
+template <typename Control>
+struct PairRig
+{
+    PairRig() { window.addAndMakeVisible (control); }
+
+    Actions actions;
+    Control control;
+    Window window { 100, 60 };
+};
+
 TEST (UndoRedoControl, FollowsItsActionsAndItsPredicates)
 {
-    Actions actions;
-    UndoRedoControl control;
+    PairRig<UndoRedoControl> rig;
+    auto& control = rig.control;
+    auto& calls = rig.actions.calls;
     EXPECT_EQ (control.getWidth(), 78); // the slot in the header
     EXPECT_FALSE (control.isUndoEnabled());
     control.undo();
 
-    control.setActions (actions.make());
+    control.setActions (rig.actions.make());
     EXPECT_TRUE (control.isUndoEnabled());
     EXPECT_FALSE (control.isRedoEnabled());
 
-    Mouse mouse (control);
-    mouse.click ({ 60, 16 }); // redo has nothing to do
-    mouse.click ({ 39, 16 }); // between the two
-    EXPECT_EQ (actions.calls, "");
-    mouse.click ({ 10, 16 });
-    EXPECT_EQ (actions.calls, "undo ");
+    rig.window.click ({ 60, 16 }); // redo has nothing to do
+    rig.window.click ({ 39, 16 }); // between the two
+    EXPECT_EQ (calls, "");
+    rig.window.click ({ 10, 16 });
+    EXPECT_EQ (calls, "undo ");
     EXPECT_FALSE (control.isUndoEnabled());
     EXPECT_TRUE (control.isRedoEnabled());
 
-    mouse.down ({ 60, 16 }); // thinks again and lets go elsewhere
-    mouse.drag ({ 60, 50 });
-    mouse.up ({ 60, 50 });
-    mouse.down ({ 60, 16 }, juce::ModifierKeys::rightButtonModifier);
-    mouse.up ({ 60, 16 });
-    EXPECT_EQ (actions.calls, "undo ");
-    mouse.click ({ 60, 16 });
-    EXPECT_EQ (actions.calls, "undo redo ");
+    Mouse redo (control.getButton (Part::second));
+    redo.down ({ 10, 16 }); // thinks again and lets go elsewhere
+    redo.drag ({ 10, 50 });
+    redo.up ({ 10, 50 });
+    redo.down ({ 10, 16 }, juce::ModifierKeys::rightButtonModifier);
+    redo.drag ({ 11, 16 });
+    redo.up ({ 11, 16 });
+    EXPECT_EQ (calls, "undo ");
+    rig.window.click ({ 60, 16 });
+    EXPECT_EQ (calls, "undo redo ");
 
-    mouse.move ({ 10, 16 });
-    EXPECT_EQ (control.getTooltip(), "Move knob");
-    mouse.move ({ 60, 16 });
-    EXPECT_EQ (control.getTooltip(), ""); // no name is set
-    EXPECT_FALSE (control.getWantsKeyboardFocus());
+    EXPECT_EQ (control.getButton (Part::first).getTooltip(), "Move knob");
+    EXPECT_EQ (control.getButton (Part::second).getTooltip(), ""); // no name is set
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "clicks leave the host its keyboard";
 
-    auto unpredicated = actions.make();
+    auto unpredicated = rig.actions.make();
     unpredicated.canUndo = nullptr;
     control.setActions (unpredicated);
     EXPECT_FALSE (control.isUndoEnabled());
@@ -96,32 +110,26 @@ TEST (UndoRedoControl, FollowsItsActionsAndItsPredicates)
 
 TEST (CopyPasteControl, HasAGapThatBelongsToNeitherPart)
 {
-    using Part = ToolPair::Part;
-    Actions actions;
-    CopyPasteControl control;
-    control.setActions (actions.make());
+    PairRig<CopyPasteControl> rig;
+    auto& control = rig.control;
+    control.setActions (rig.actions.make());
+    const auto* const copy = &control.getButton (Part::first);
+    const auto* const paste = &control.getButton (Part::second);
 
-    for (const auto& [x, y, part] : { std::tuple { 0, 0, Part::first }, { 19, 31, Part::first }, { 20, 0, Part::none },
-             { 23, 31, Part::none }, { 24, 0, Part::second }, { 43, 31, Part::second }, { 44, 5, Part::none },
-             { 5, 32, Part::none }, { -1, 5, Part::none } })
-        EXPECT_EQ (control.partAt ({ x, y }), part) << x << ", " << y;
+    for (const auto& [x, y, part] :
+        { std::tuple<int, int, const juce::Component*> { 0, 0, copy }, { 19, 31, copy }, { 20, 0, &control },
+            { 23, 31, &control }, { 24, 0, paste }, { 43, 31, paste }, { 44, 5, nullptr }, { 5, 32, nullptr } })
+        EXPECT_EQ (control.getComponentAt (x, y), part) << x << ", " << y;
 
-    Mouse mouse (control);
-    mouse.move ({ 30, 10 });
-    EXPECT_EQ (control.getHoveredPart(), Part::second);
-    EXPECT_EQ (control.getTooltip(), "Paste settings");
-    mouse.click ({ 21, 10 });
-    EXPECT_EQ (control.getHoveredPart(), Part::none);
-    EXPECT_EQ (actions.calls, "");
-
-    mouse.click ({ 30, 10 });
-    EXPECT_EQ (actions.calls, "");
-    mouse.click ({ 5, 10 });
-    EXPECT_EQ (control.getTooltip(), "Copy");
-    mouse.click ({ 30, 10 });
-    EXPECT_EQ (actions.calls, "copy paste ");
-    mouse.exit ({ 50, 10 });
-    EXPECT_EQ (control.getHoveredPart(), Part::none);
+    EXPECT_EQ (control.getButton (Part::second).getTooltip(), "Paste settings");
+    EXPECT_EQ (control.getButton (Part::first).getTooltip(), "Copy");
+    rig.window.click ({ 21, 10 });
+    EXPECT_FALSE (copy->isMouseOver() || paste->isMouseOver());
+    rig.window.click ({ 30, 10 });
+    EXPECT_EQ (rig.actions.calls, "") << "nothing to paste";
+    rig.window.click ({ 5, 10 });
+    rig.window.click ({ 30, 10 });
+    EXPECT_EQ (rig.actions.calls, "copy paste ");
 }
 
 TEST (ABControl, ShowsWhatTheOwnerReports)
@@ -130,7 +138,8 @@ TEST (ABControl, ShowsWhatTheOwnerReports)
     auto enabled = true;
     auto obeys = true;
     std::vector<ABSlot> selected;
-    ABControl control;
+    PairRig<ABControl> rig;
+    auto& control = rig.control;
     control.setCallbacks ({ [&] { return current; },
         [&] (ABSlot slot)
         {
@@ -140,22 +149,21 @@ TEST (ABControl, ShowsWhatTheOwnerReports)
         },
         [&] { return enabled; } });
 
-    Mouse mouse (control);
-    mouse.down ({ 35, 10 }); // between the two
-    mouse.up ({ 35, 10 });
+    rig.window.click ({ 35, 10 }); // between the two
     EXPECT_TRUE (selected.empty());
-    mouse.down ({ 42, 0 });
+    Mouse b (control.getButton (Part::second));
+    b.down ({ 0, 0 });
     EXPECT_EQ (control.getSlot(), ABSlot::B);
-    mouse.up ({ 42, 0 });
+    b.up ({ 0, 0 });
     EXPECT_EQ (selected.size(), 1u); // once a press
 
     obeys = false;
-    mouse.click ({ 27, 31 });
+    rig.window.click ({ 27, 31 });
     EXPECT_EQ (selected.back(), ABSlot::A);
     EXPECT_EQ (control.getSlot(), ABSlot::B); // the owner stayed
 
     enabled = false;
-    mouse.click ({ 5, 5 });
+    rig.window.click ({ 5, 5 });
     EXPECT_EQ (selected.size(), 2u);
     EXPECT_FALSE (control.isEnabled());
 
@@ -167,8 +175,7 @@ TEST (HeaderTools, AreReadAndPressedByAScreenReader)
 {
     ABControl ab;
     ab.setSlot (ABSlot::B);
-    ASSERT_EQ (ab.getNumChildComponents(), 2);
-    const auto b = ab.getChildComponent (1)->createAccessibilityHandler();
+    const auto b = ab.getButton (Part::second).createAccessibilityHandler();
     EXPECT_EQ (b->getTitle(), "Settings B");
     EXPECT_EQ (b->getRole(), juce::AccessibilityRole::radioButton);
     EXPECT_TRUE (b->getCurrentState().isChecked());
@@ -176,10 +183,10 @@ TEST (HeaderTools, AreReadAndPressedByAScreenReader)
     Actions actions;
     UndoRedoControl undoRedo;
     undoRedo.setActions (actions.make());
-    const auto undo = undoRedo.getChildComponent (0)->createAccessibilityHandler();
+    const auto undo = undoRedo.getButton (Part::first).createAccessibilityHandler();
     EXPECT_EQ (undo->getTitle(), "Undo");
     EXPECT_TRUE (undo->getActions().invoke (juce::AccessibilityActionType::press));
-    EXPECT_EQ (actions.calls, "undo ");
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return actions.calls == "undo "; }, 2000));
 }
 
 TEST (HeaderTools, LookAsStored)
@@ -189,7 +196,7 @@ TEST (HeaderTools, LookAsStored)
     undoRedo.setActions (actions.make());
     CopyPasteControl copyPaste;
     copyPaste.setActions (actions.make());
-    Mouse (copyPaste).move ({ 5, 10 });
+    copyPaste.getButton (Part::first).setState (juce::Button::buttonOver);
     ABControl ab;
     MenuControl menu;
 

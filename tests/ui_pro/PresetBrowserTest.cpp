@@ -1,12 +1,12 @@
-#include "tests/support/Keys.h"
+#include "tests/support/Components.h"
 #include "tests/support/MessagePump.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/Presets.h"
 #include "tests/support/RepaintWatch.h"
+#include "tests/support/Window.h"
 
 #include "ui_pro/controls/presets/PresetBrowserPopup.h"
-#include "ui_pro/controls/presets/PresetRow.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +18,6 @@ namespace
 {
 
 using namespace quillon::ui_pro::controls;
-using presets::Hit;
-using presets::Target;
 using Key = juce::KeyPress;
 
 /** A selector in its place on an editor's content, scaled with it. */
@@ -53,22 +51,32 @@ struct Rig
 
     int selected() const { return library().getSelectedId(); }
 
-    void clickPart (int x)
+    void clickPart (int x) { editor.click (editor.getLocalPoint (selector.get(), juce::Point<int> (x, 16))); }
+
+    void clickPopup (int x, int y) { editor.click (editor.getLocalPoint (&popup(), juce::Point<int> (x, y))); }
+
+    /** Clicks a row of the open filter list. */
+    void clickList (const juce::String& text)
     {
-        auto& part = *selector->getComponentAt (x, 16);
-        Mouse (part).click (part.getLocalBounds().getCentre().toFloat());
+        ASSERT_NE (openList(), nullptr);
+        editor.click (middleOf (*openList(), text));
+        editor.moveMouse ({ 5, 5 });
     }
 
-    void clickPopup (float x, float y) { Mouse (popup()).click ({ x, y }); }
-
-    /** Clicks a line of the open filter menu. */
-    void clickMenu (int line)
+    quillon::ui_pro::primitives::DropDownList* openList()
     {
-        auto& menu = *popup().getFilterMenu();
-        Mouse (menu).click ({ 20.0f, 4.0f + 30.0f * static_cast<float> (line) + 15.0f });
+        return quillon::ui_pro::primitives::DropDownList::findOpenIn (editor);
     }
 
-    juce::Component editor;
+    bool press (int key) { return editor.pressKey (Key (key)); }
+
+    void type (const juce::String& text)
+    {
+        for (const auto character : text)
+            editor.pressKey (Key (static_cast<int> (character), {}, character));
+    }
+
+    Window editor { 1, 1 };
     juce::Component content;
     std::unique_ptr<PresetSelector> selector = std::make_unique<PresetSelector>();
     PresetSelector::Hooks hooks;
@@ -108,74 +116,40 @@ TEST (PresetSelector, ItsPartsCallTheirHooksAndDoNothingWithoutOne)
     EXPECT_FALSE (rig.isOpen());
 }
 
-TEST (PresetBrowser, EveryTargetEndsAtItsEdges)
-{
-    struct Case
-    {
-        juce::Rectangle<int> area;
-        Hit hit;
-    };
-
-    const std::array<Case, 18> cases { { { { 1008, 20, 28, 34 }, { Target::close } },
-        { { 16, 92, 208, 34 }, { Target::collection, 0 } }, { { 16, 132, 208, 34 }, { Target::collection, 1 } },
-        { { 16, 172, 208, 34 }, { Target::collection, 2 } }, { { 16, 212, 208, 34 }, { Target::collection, 3 } },
-        { { 16, 252, 208, 34 }, { Target::collection, 4 } }, { { 238, 104, 570, 34 }, { Target::row, 0 } },
-        { { 238, 614, 570, 4 }, { Target::row, 15 } }, { { 834, 427, 186, 34 }, { Target::action, 0 } },
-        { { 834, 468, 186, 30 }, { Target::action, 1 } }, { { 834, 503, 186, 30 }, { Target::action, 2 } },
-        { { 834, 538, 90, 30 }, { Target::action, 3 } }, { { 930, 538, 90, 30 }, { Target::action, 4 } },
-        { { 834, 573, 90, 30 }, { Target::action, 5 } }, { { 930, 573, 90, 30 }, { Target::action, 6 } },
-        { { 280, 20, 38, 34 }, { Target::filters } }, { { 338, 20, 150, 34 }, { Target::category } },
-        { { 662, 20, 150, 34 }, { Target::sort } } } };
-
-    for (const auto& [area, hit] : cases)
-    {
-        const auto last = area.getBottomRight().translated (-1, -1);
-        EXPECT_EQ (presets::hitAt (area.getPosition()), hit) << area.toString();
-        EXPECT_EQ (presets::hitAt (last), hit) << area.toString();
-
-        for (const auto& outside : { area.getPosition().translated (-1, 0), area.getPosition().translated (0, -1),
-                 last.translated (1, 0), last.translated (0, 1) })
-            EXPECT_FALSE (presets::hitAt (outside) == hit) << area.toString() << " at " << outside.toString();
-    }
-
-    EXPECT_EQ (presets::actionAt ({ 834, 538 }), "DUPLICATE");
-    EXPECT_EQ (presets::actionAt ({ 924, 538 }), "");
-}
-
 TEST (PresetBrowser, SearchesAndLoadsWithKeysAlone)
 {
     Rig rig;
     auto& display = *rig.selector->getComponentAt (150, 16);
-    ASSERT_TRUE (display.getWantsKeyboardFocus());
-    EXPECT_FALSE (pressKey (display, Key (Key::spaceKey))) << "the host's transport key";
-    pressKey (display, Key (Key::returnKey));
+    display.grabKeyboardFocus();
+    EXPECT_FALSE (rig.press (Key::spaceKey)) << "the host's transport key";
+    rig.press (Key::returnKey);
     ASSERT_TRUE (rig.isOpen());
     EXPECT_EQ (rig.calls.joinIntoString (","), "opened");
 
-    auto& search = rig.popup().getSearchField();
-    typeText (search, "air x");
+    rig.type ("air x");
     EXPECT_EQ (rig.popup().getStatusLine().getCountText(), "0 presets");
-    pressKey (search, Key (Key::returnKey));
+    rig.press (Key::returnKey);
     ASSERT_TRUE (rig.isOpen()) << "nothing is selected";
 
-    pressKey (search, Key (Key::backspaceKey));
-    pressKey (search, Key (Key::backspaceKey));
+    rig.press (Key::backspaceKey);
+    rig.press (Key::backspaceKey);
     EXPECT_EQ (rig.popup().getStatusLine().getCountText(), "2 presets");
     EXPECT_EQ (rig.selected(), 3);
-    pressKey (search, Key (Key::downKey));
+    rig.press (Key::downKey);
     EXPECT_EQ (rig.popup().getStatusLine().getMarkText(), "Loaded");
-    pressKey (search, Key (Key::upKey));
+    rig.press (Key::upKey);
     EXPECT_EQ (rig.popup().getStatusLine().getMarkText(), "");
 
-    pressKey (search, Key (Key::returnKey));
+    rig.press (Key::returnKey);
     EXPECT_FALSE (rig.isOpen());
     EXPECT_EQ (rig.calls.joinIntoString (","), "opened,load 3");
+    EXPECT_TRUE (display.hasKeyboardFocus (false));
     pumpMessages (1); // what the search field still had posted
 
-    pressKey (display, Key (Key::downKey));
+    rig.press (Key::downKey);
     ASSERT_TRUE (rig.isOpen());
     EXPECT_EQ (rig.popup().getSearchField().getText(), "air");
-    pressKey (rig.popup().getSearchField(), Key (Key::escapeKey));
+    rig.press (Key::escapeKey);
     EXPECT_FALSE (rig.isOpen());
     EXPECT_EQ (rig.calls.size(), 3);
 }
@@ -191,7 +165,7 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
 
     rig.clickPopup (300, 104); // "Bass Boost" is the first row
     EXPECT_EQ (rig.selected(), 2);
-    Mouse (rig.popup()).wheel ({ 500, 300 }, -0.25f);
+    Mouse (rig.popup().getTable()).wheel ({ 500, 300 }, -0.25f);
     EXPECT_EQ (rig.selected(), 3);
     rig.clickPopup (300, 104 + 6 * 34);
     EXPECT_EQ (rig.selected(), 3) << "below the last row";
@@ -209,19 +183,22 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
     rig.clickPopup (100, 100);
     EXPECT_EQ (rig.selected(), 2);
 
-    rig.clickPopup (1007.9f, 30);
+    rig.clickPopup (1007, 30);
     EXPECT_TRUE (rig.isOpen());
-    rig.clickPopup (1008, 53.9f);
+    rig.clickPopup (1008, 53);
     EXPECT_FALSE (rig.isOpen());
 
     rig.clickPart (150);
-    Mouse (rig.popup()).doubleClick ({ 300, 104 + 2 * 34 });
+    const auto row = rig.editor.getLocalPoint (&rig.popup(), juce::Point<int> (300, 104 + 2 * 34));
+    auto* const shown = rig.editor.getComponentAt (row);
+    Mouse (*shown).doubleClick ({ 60, 5 });
     EXPECT_FALSE (rig.isOpen());
     rig.clickPart (150);
     rig.clickPopup (300, 104 + 3 * 34);
     rig.clickPopup (900, 440);
     EXPECT_FALSE (rig.isOpen());
     EXPECT_EQ (rig.calls.joinIntoString (","), "opened,opened,opened,load 0,opened,load 5");
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "the host's again";
 }
 
 TEST (PresetBrowser, FiltersByMouseAndByKeys)
@@ -234,36 +211,47 @@ TEST (PresetBrowser, FiltersByMouseAndByKeys)
     rig.selector->openBrowser();
 
     rig.clickPopup (400, 30);
-    rig.clickMenu (1); // below "All"
+    rig.clickList ("Drums");
     EXPECT_EQ (rig.library().getVisibleIds(), std::vector<int> { 5 });
-    EXPECT_EQ (rig.popup().getFilterMenu(), nullptr);
+    EXPECT_EQ (rig.openList(), nullptr);
+    EXPECT_TRUE (rig.popup().getSearchField().hasKeyboardFocus (true));
 
     rig.clickPopup (400, 30);
-    pressKey (*rig.popup().getFilterMenu(), Key (Key::upKey));
-    pressKey (*rig.popup().getFilterMenu(), Key (Key::returnKey));
+    rig.press (Key::upKey);
+    rig.press (Key::returnKey);
     EXPECT_EQ (rig.library().getCategoryFilter(), "All");
 
     rig.clickPopup (600, 30);
     rig.clickPopup (600, 30);
-    EXPECT_EQ (rig.popup().getFilterMenu(), nullptr) << "the button closes its own menu";
+    EXPECT_EQ (rig.openList(), nullptr) << "the button closes its own list";
 
     rig.clickPopup (300, 30); // both filters, under headings
-    rig.clickMenu (0);
-    ASSERT_NE (rig.popup().getFilterMenu(), nullptr) << "a heading cannot be chosen";
-    rig.clickMenu (7);
+    EXPECT_NE (findTitled (*rig.openList(), "CATEGORY"), nullptr);
+    rig.clickList ("Somebody");
     EXPECT_EQ (rig.library().getVisibleIds(), std::vector<int> { 4 });
 
-    rig.clickPopup (600, 30);
-    pressKey (rig.popup().getSearchField(), Key (Key::escapeKey));
-    ASSERT_TRUE (rig.isOpen()) << "only the menu closes";
-    EXPECT_EQ (rig.popup().getFilterMenu(), nullptr);
+    auto& author = rig.popup().getFilter (PresetSelector::BrowserPopup::author);
+    EXPECT_EQ (author.getAccessibilityHandler()->getValueInterface()->getCurrentValueAsString(), "Somebody");
+    author.grabKeyboardFocus();
+    rig.press (Key::returnKey);
+    ASSERT_TRUE (pumpMessagesUntil ([&] { return rig.openList() != nullptr; }, 2000));
+    rig.press (Key::escapeKey);
+    ASSERT_TRUE (rig.isOpen()) << "only the list closes";
+    EXPECT_EQ (rig.openList(), nullptr);
+    EXPECT_TRUE (author.hasKeyboardFocus (false));
+
+    rig.clickPopup (600, 30); // goes away with its list open
+    rig.selector->setVisible (false);
+    EXPECT_FALSE (rig.isOpen());
+    EXPECT_EQ (rig.openList(), nullptr);
+    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr);
 }
 
 TEST (PresetBrowser, ActionsRunTheirHooksAndNothingElse)
 {
     Rig rig;
     rig.selector->openBrowser();
-    const std::array<juce::Point<float>, 6> buttons { { { 900, 480 }, { 900, 510 }, { 850, 550 }, { 950, 550 },
+    const std::array<juce::Point<int>, 6> buttons { { { 900, 480 }, { 900, 510 }, { 850, 550 }, { 950, 550 },
         { 850, 590 }, { 950, 590 } } };
 
     for (const auto& at : buttons)
@@ -296,7 +284,7 @@ TEST (PresetBrowser, AHookMayDeleteTheSelector)
     rig.hooks.load = [&rig] (int) { rig.selector.reset(); };
     rig.selector->setHooks (rig.hooks);
     rig.selector->openBrowser();
-    pressKey (rig.popup().getSearchField(), Key (Key::returnKey));
+    rig.press (Key::returnKey);
     EXPECT_EQ (rig.selector, nullptr);
     EXPECT_EQ (rig.content.getNumChildComponents(), 0);
 }
@@ -339,9 +327,8 @@ TEST (PresetBrowser, ALongListScrollsToTheSelection)
 
     rig.selector->setEntries (entries);
     rig.selector->openBrowser();
-    auto& search = rig.popup().getSearchField();
-    pressKey (search, Key (Key::pageDownKey));
-    pressKey (search, Key (Key::pageDownKey));
+    rig.press (Key::pageDownKey);
+    rig.press (Key::pageDownKey);
     EXPECT_EQ (rig.selected(), 31);
     rig.clickPopup (300, 104);
     EXPECT_EQ (rig.selected(), 17) << "the first of fifteen rows that end with the selected one";
@@ -352,22 +339,26 @@ TEST (PresetBrowser, ALongListScrollsToTheSelection)
 TEST (PresetBrowser, SpeaksToScreenReaders)
 {
     Rig rig;
-    auto& display = dynamic_cast<PresetSelectorButton&> (*rig.selector->getComponentAt (150, 16));
-    const auto handler = display.createAccessibilityHandler();
-    EXPECT_EQ (handler->getRole(), juce::AccessibilityRole::comboBox);
-    EXPECT_EQ (handler->getTitle(), "Preset");
-    EXPECT_EQ (handler->getValueInterface()->getCurrentValueAsString(), "02  Vocal Presence");
-    handler->getActions().invoke (juce::AccessibilityActionType::press);
-    ASSERT_TRUE (rig.isOpen());
+    auto* const display = rig.selector->getComponentAt (150, 16)->getAccessibilityHandler();
+    EXPECT_EQ (display->getRole(), juce::AccessibilityRole::comboBox);
+    EXPECT_EQ (display->getTitle(), "Preset");
+    EXPECT_EQ (display->getValueInterface()->getCurrentValueAsString(), "02  Vocal Presence");
+    EXPECT_TRUE (display->getCurrentState().isCollapsed());
+    display->getActions().invoke (juce::AccessibilityActionType::press);
+    ASSERT_TRUE (pumpMessagesUntil ([&] { return rig.isOpen(); }, 2000));
+    EXPECT_TRUE (display->getCurrentState().isExpanded());
 
-    auto& row = dynamic_cast<PresetRow&> (*rig.popup().getTable().getChildComponent (2));
-    const auto rowHandler = row.createAccessibilityHandler();
-    EXPECT_EQ (rowHandler->getRole(), juce::AccessibilityRole::listItem);
-    EXPECT_EQ (rowHandler->getTitle(), "Flat");
-    EXPECT_FALSE (rowHandler->getCurrentState().isSelected());
-    rowHandler->getActions().invoke (juce::AccessibilityActionType::press);
+    const auto rows = rig.popup().getTable().getAccessibilityHandler()->getChildren();
+    ASSERT_EQ (rows.size(), 6u);
+    EXPECT_EQ (rows[2]->getTitle(), "Flat, Factory, Quillon, Kestrel");
+    EXPECT_EQ (rows[5]->getTitle(), "Vocal Presence, Factory, Quillon, Kestrel, Loaded");
+    EXPECT_FALSE (rows[2]->getCurrentState().isSelected());
+    rows[2]->getActions().invoke (juce::AccessibilityActionType::press);
     EXPECT_EQ (rig.selected(), 0);
-    EXPECT_TRUE (rowHandler->getCurrentState().isSelected());
+    EXPECT_TRUE (rows[2]->getCurrentState().isSelected());
+    rows[2]->getActions().invoke (juce::AccessibilityActionType::toggle);
+    EXPECT_TRUE (rows[2]->getCurrentState().isSelected()) << "there is always one";
+    EXPECT_TRUE (rig.isOpen());
 }
 
 TEST (PresetBrowser, RepaintsOnlyWhatChanges)
@@ -380,10 +371,11 @@ TEST (PresetBrowser, RepaintsOnlyWhatChanges)
     rig.selector->setCurrentPreset (1, 6, "Vocal Presence");
     rig.selector->select (1);
     rig.selector->setCollection (0);
-    Mouse (rig.popup()).move ({ 900, 300 });
+    Mouse table (rig.popup().getTable());
+    table.move ({ 100, 480 });
     EXPECT_EQ (repaints.takeCount(), 0);
 
-    Mouse (rig.popup()).move ({ 300, 120 });
+    table.move ({ 62, 16 });
     const auto row = repaints.takeArea();
     EXPECT_EQ (row.getWidth() * row.getHeight(), 570 * 34) << "one row lit";
     rig.selector->select (0);
@@ -394,6 +386,7 @@ TEST (PresetBrowser, LooksAsStored)
 {
     Rig rig (0.5f); // as the window opens
     rig.selector->openBrowser();
+    juce::Component::unfocusAllComponents();
     rig.selector->setSearchText ("air");
     rig.selector->setSortDescending (true);
     EXPECT_FALSE (looksAsStored (rig.editor, "preset-browser")) << "rows the other way round";

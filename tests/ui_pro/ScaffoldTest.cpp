@@ -217,10 +217,15 @@ TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)
 
     Mouse (power).click ({ 5.0f, 5.0f });
     EXPECT_EQ (rig.processor.get ("bypass"), 1.0f);
-    EXPECT_EQ (rig.processor.take(), "< previous begin 1.00 end changed >");
+    EXPECT_EQ (rig.processor.take(), "< begin 1.00 end previous changed >");
     rig.processor.set ("bypass", 0.0f);
     EXPECT_TRUE (power.getToggleState());
     EXPECT_EQ (rig.processor.take(), "0.00");
+
+    rig.scaffold->wireLaneEnableButton ("link", power, slot); // to another parameter: the first attachment is gone
+    Mouse (power).click ({ 5.0f, 5.0f });
+    EXPECT_EQ (rig.processor.take(), "< begin link 1.00 end previous changed >");
+    EXPECT_EQ (rig.processor.get ("bypass"), 0.0f);
 }
 
 TEST (Scaffold, WhatIsNotNamedStaysUnconnectedAndIsPainted)

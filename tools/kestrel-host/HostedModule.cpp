@@ -1,6 +1,6 @@
 #include "tools/kestrel-host/HostedModule.h"
 
-#include "engine/parameters/ParameterIds.h"
+#include "engine/parameters/ParameterTable.h"
 #include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-host/Paths.h"
 

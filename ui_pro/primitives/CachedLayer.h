@@ -1,6 +1,6 @@
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "ui_pro/primitives/PixelGrid.h"
 
 #include <functional>
 
@@ -35,8 +35,7 @@ private:
     bool opaque;
     juce::Image image;
     juce::Rectangle<int> bounds; // of the component, in its own coordinates
-    juce::Point<float> phase;    // of the component's corner within a screen pixel
-    float scale = 0.0f;          // screen pixels per design pixel
+    PixelGrid grid;
 };
 
 } // namespace quillon::ui_pro::primitives

@@ -1,5 +1,7 @@
 #include "ui_pro/primitives/Drawing.h"
 
+#include "ui_pro/style/Theme.h"
+
 #include <algorithm>
 
 namespace quillon::ui_pro::primitives
@@ -70,6 +72,17 @@ void drawSheen (juce::Graphics& g, juce::Rectangle<float> r, float cornerRadius,
     const auto white = juce::Colours::white;
     fillRadial (
         g, r, cornerRadius, white.withAlpha (centreAlpha), white.withAlpha (middleAlpha), white.withAlpha (0.0f));
+}
+
+void drawTick (juce::Graphics& g, juce::Point<float> centre)
+{
+    juce::Path tick;
+    tick.startNewSubPath (-5.0f, 0.0f);
+    tick.lineTo (-1.5f, 3.5f);
+    tick.lineTo (5.0f, -3.5f);
+    g.setColour (style::Theme::palette().accent);
+    g.strokePath (tick, juce::PathStrokeType (2.0f, juce::PathStrokeType::mitered, juce::PathStrokeType::rounded),
+        juce::AffineTransform::translation (centre));
 }
 
 } // namespace quillon::ui_pro::primitives

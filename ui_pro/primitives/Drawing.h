@@ -19,4 +19,7 @@ void drawVignette (juce::Graphics& g, juce::Rectangle<float> r, float cornerRadi
     longer side. */
 void drawSheen (juce::Graphics& g, juce::Rectangle<float> r, float cornerRadius, float centreAlpha, float middleAlpha);
 
+/** A tick in the accent colour: chosen, or in force. */
+void drawTick (juce::Graphics& g, juce::Point<float> centre);
+
 } // namespace quillon::ui_pro::primitives

@@ -27,11 +27,16 @@ private:
 
 } // namespace
 
+std::unique_ptr<juce::AccessibilityTextValueInterface> makeShownText (std::function<juce::String()> text)
+{
+    return std::make_unique<ShownText> (std::move (text));
+}
+
 std::unique_ptr<juce::AccessibilityHandler> makeTextValueHandler (juce::Component& component,
     juce::AccessibilityRole role, std::function<juce::String()> text, juce::AccessibilityActions actions)
 {
     return std::make_unique<juce::AccessibilityHandler> (component, role, std::move (actions),
-        juce::AccessibilityHandler::Interfaces { std::make_unique<ShownText> (std::move (text)) });
+        juce::AccessibilityHandler::Interfaces { makeShownText (std::move (text)) });
 }
 
 } // namespace quillon::ui_pro::primitives

@@ -3,6 +3,7 @@
 #include "ui_pro/style/AccentColorRole.h"
 #include "ui_pro/style/HeaderToolTokens.h"
 #include "ui_pro/style/KnobTokens.h"
+#include "ui_pro/style/ListTokens.h"
 #include "ui_pro/style/MeterTokens.h"
 #include "ui_pro/style/Palette.h"
 #include "ui_pro/style/PresetBrowserTokens.h"
@@ -51,7 +52,9 @@ struct Theme
     FooterSlots footer;
     MeterTokens meter;
     HeaderToolTokens headerTools;
-    MenuTokens menu;
+    ListTokens menu { ListTokens::forMenu() };
+    ListTokens choices;
+    ListTokens modes { ListTokens::forModes() };
     ResizeHandleTokens resizeHandle;
     KnobTokens knob;
     PresetBrowserTokens presetBrowser;

@@ -66,14 +66,26 @@ struct alignas (32) EnginePlan
     bool bypass[2];
 };
 
-/** All that the engine remembers from sample to sample. */
-struct alignas (32) EngineState
+/** What the tone banks and the output filters remember. */
+struct alignas (32) ToneMemory
 {
-    SectionMemory<numChains> tone;
+    SectionMemory<numChains> bank;
     SectionMemory<2> output;
+};
+
+/** What the break stage remembers. */
+struct alignas (32) BreakMemory
+{
     double shaped1[numChains]; // the shapers' last inputs
     double shaped2[numChains];
-    SectionMemory<numChains> breakStages[numBreakStages];
+    SectionMemory<numChains> stages[numBreakStages];
+};
+
+/** All that the engine remembers from sample to sample. */
+struct EngineState
+{
+    ToneMemory tone;
+    BreakMemory breaking;
 };
 
 /** The break stage's part in a chunk. Bit i of a mask stands for chain i. */

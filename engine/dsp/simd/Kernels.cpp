@@ -2,8 +2,6 @@
 
 #include "engine/dsp/simd/VectorKernels.h"
 
-#include <atomic>
-
 #if KESTREL_HAS_X86_FORMS && defined(_MSC_VER)
 #include <intrin.h>
 #endif
@@ -38,12 +36,6 @@ bool machineHasAvx2()
 #endif
 }
 
-std::atomic<const Kernels*>& best()
-{
-    static std::atomic<const Kernels*> kernels { &kernelsFor (InstructionSet::KESTREL_BEST_INSTRUCTION_SET) };
-    return kernels;
-}
-
 } // namespace
 
 const Kernels& kernelsFor ([[maybe_unused]] InstructionSet set)
@@ -63,12 +55,8 @@ const Kernels& kernelsFor ([[maybe_unused]] InstructionSet set)
 
 const Kernels& bestKernels()
 {
-    return *best().load (std::memory_order_relaxed);
-}
-
-void overrideBestKernels (const Kernels& kernels)
-{
-    best() = &kernels;
+    static const Kernels& kernels = kernelsFor (InstructionSet::KESTREL_BEST_INSTRUCTION_SET);
+    return kernels;
 }
 
 } // namespace kestreleq::dsp::simd

@@ -38,7 +38,4 @@ const Kernels& kernelsFor (InstructionSet set);
 /** The best form that this machine has, found once. */
 const Kernels& bestKernels();
 
-/** For benchmarks: what is taken for the best from now on. Not while anything processes. */
-void overrideBestKernels (const Kernels& kernels);
-
 } // namespace kestreleq::dsp::simd

@@ -1,3 +1,4 @@
+#include "engine/dsp/LaneMemory.h"
 #include "engine/dsp/Waveshaper.h"
 #include "engine/dsp/simd/Kernels.h"
 
@@ -52,8 +53,8 @@ ChainOutput advanceChain (const EnginePlan& plan, EngineState& state, int chain,
     if (! isFinite && chain >= firstAirChain)
         return { nothing, nothing };
 
-    const auto fromState = plan.weight[chain] * state.tone.first[chain];
-    advance (plan.tone, state.tone, chain, x);
+    const auto fromState = plan.weight[chain] * state.tone.bank.first[chain];
+    advance (plan.tone, state.tone.bank, chain, x);
 
     if (! isFinite)
         return { 0.0, 0.0 };
@@ -66,12 +67,12 @@ double advanceBreak (const EnginePlan& plan, EngineState& state, int chain, doub
 {
     const Waveshaper shaper (plan.square[chain], plan.cube[chain], plan.fourth[chain]);
     const auto u = plan.drive[chain] * signal;
-    auto residue = shaper.shape (u, state.shaped1[chain], state.shaped2[chain]) - u;
-    state.shaped2[chain] = state.shaped1[chain];
-    state.shaped1[chain] = u;
+    auto residue = shaper.shape (u, state.breaking.shaped1[chain], state.breaking.shaped2[chain]) - u;
+    state.breaking.shaped2[chain] = state.breaking.shaped1[chain];
+    state.breaking.shaped1[chain] = u;
 
     for (int stage = 0; stage < numBreakStages; ++stage)
-        residue = advance (plan.breakStages[stage], state.breakStages[stage], chain, residue);
+        residue = advance (plan.breakStages[stage], state.breaking.stages[stage], chain, residue);
 
     return residue;
 }
@@ -100,10 +101,18 @@ double toneSample (
     return (plan.direct[lane] * x + (sums[0] + sums[1])) + (residues[0] + residues[1]);
 }
 
-float storable (double y)
+/** Rounds to single precision. What does not fit becomes 0, and the lane forgets it; both lanes if they are mid and
+    side, of which one alone may have grown so large. */
+float stored (const EnginePlan& plan, double y, bool (&overflown)[2], std::size_t lane)
 {
     const auto rounded = static_cast<float> (y);
-    return std::abs (rounded) <= std::numeric_limits<float>::max() ? rounded : 0.0f;
+
+    if (std::abs (rounded) <= std::numeric_limits<float>::max())
+        return rounded;
+
+    overflown[lane] = true;
+    overflown[1 - lane] |= plan.midSide;
+    return 0.0f;
 }
 
 bool process (
@@ -134,14 +143,20 @@ bool process (
             y[1] = mid - side;
         }
 
+        bool overflown[2] = {};
+
         for (int lane = 0; lane < 2; ++lane)
         {
             if (! plan.bypass[lane])
-                y[lane] = advance (plan.output, state.output, lane, y[lane]) * plan.outputGain[lane];
+                y[lane] = advance (plan.output, state.tone.output, lane, y[lane]) * plan.outputGain[lane];
 
             if (! plan.bypass[lane] || plan.midSide)
-                channels[lane][n] = storable (y[lane]);
+                channels[lane][n] = stored (plan, y[lane], overflown, static_cast<std::size_t> (lane));
         }
+
+        for (std::size_t lane = 0; lane < 2; ++lane)
+            if (overflown[lane])
+                clearLaneMemory (state, lane);
     }
 
     return true;

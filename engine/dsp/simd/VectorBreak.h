@@ -26,7 +26,7 @@ void filterResidues (const EnginePlan& plan, EngineState& state, const BreakChun
 
     for (unsigned stage = 0; stage < numStages; ++stage)
     {
-        stages[stage] = Sections<Vector>::load (state.breakStages[stage], i);
+        stages[stage] = Sections<Vector>::load (state.breaking.stages[stage], i);
         antiDenormal[stage] = Vector::load (plan.breakStages[stage].antiDenormal + i) & running;
     }
 
@@ -60,8 +60,8 @@ void filterResidues (const EnginePlan& plan, EngineState& state, const BreakChun
 
     for (unsigned stage = 0; stage < numStages; ++stage)
     {
-        keep (stages[stage].first, state.breakStages[stage].first + i);
-        keep (stages[stage].second, state.breakStages[stage].second + i);
+        keep (stages[stage].first, state.breaking.stages[stage].first + i);
+        keep (stages[stage].second, state.breaking.stages[stage].second + i);
     }
 }
 
@@ -73,7 +73,7 @@ bool isBreakAsleep (const EnginePlan& plan, const EngineState& state, unsigned r
 
     for (unsigned stage = 0; stage < numStages; ++stage)
     {
-        const auto& memory = state.breakStages[stage];
+        const auto& memory = state.breaking.stages[stage];
         asleep |= nonZero (Vector::load (plan.breakStages[stage].antiDenormal + i), Vector::all (0.0)) &
             ~nonZero (Vector::load (memory.first + i), Vector::load (memory.second + i));
     }

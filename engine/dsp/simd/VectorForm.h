@@ -65,8 +65,8 @@ struct ToneSections
 template <bool asleep, bool midSide>
 void runClean (const EnginePlan& plan, EngineState& state, double* pairs, int numSamples)
 {
-    ToneSections tone (state.tone);
-    auto output = Sections<Pair>::load (state.output, 0);
+    ToneSections tone (state.tone.bank);
+    auto output = Sections<Pair>::load (state.tone.output, 0);
 
     for (auto* const end = pairs + 2 * numSamples; pairs != end; pairs += 2)
     {
@@ -78,14 +78,14 @@ void runClean (const EnginePlan& plan, EngineState& state, double* pairs, int nu
         outputStep<asleep> (plan, output, y).store (pairs);
     }
 
-    tone.store (state.tone);
-    output.store (state.output, 0);
+    tone.store (state.tone.bank);
+    output.store (state.tone.output, 0);
 }
 
 template <bool asleep>
 void runTone (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffers, int numSamples)
 {
-    ToneSections tone (state.tone);
+    ToneSections tone (state.tone.bank);
 
     for (int n = 0; n < numSamples; ++n)
     {
@@ -94,13 +94,13 @@ void runTone (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffers,
         Four::zero().store (buffers.residues + width * n);
     }
 
-    tone.store (state.tone);
+    tone.store (state.tone.bank);
 }
 
 template <bool asleep, bool midSide>
 void runOutput (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffers, int numSamples)
 {
-    auto output = Sections<Pair>::load (state.output, 0);
+    auto output = Sections<Pair>::load (state.tone.output, 0);
 
     for (int n = 0; n < numSamples; ++n)
     {
@@ -114,13 +114,14 @@ void runOutput (const EnginePlan& plan, EngineState& state, ChunkBuffers& buffer
         outputStep<asleep> (plan, output, y).store (pair);
     }
 
-    output.store (state.output, 0);
+    output.store (state.tone.output, 0);
 }
 
+/** All of the engine between entering and leaving; without a chunk for it the break stage has nothing to do. */
 template <bool asleep, bool midSide>
 void run (const EnginePlan& plan, EngineState& state, const BreakChunk* chunk, ChunkBuffers& buffers, int numSamples)
 {
-    if (chunk == nullptr || chunk->running == 0)
+    if (chunk == nullptr)
     {
         runClean<asleep, midSide> (plan, state, buffers.pairs, numSamples);
         return;
@@ -135,11 +136,11 @@ void run (const EnginePlan& plan, EngineState& state, const BreakChunk* chunk, C
 inline bool isAsleep (const EnginePlan& plan, const EngineState& state)
 {
     auto asleep = nonZero (Pair::load (plan.output.antiDenormal), Pair::all (0.0)) &
-        ~nonZero (Pair::load (state.output.first), Pair::load (state.output.second));
+        ~nonZero (Pair::load (state.tone.output.first), Pair::load (state.tone.output.second));
 
     for (int i = 0; i < numChains; i += width)
         asleep |= nonZero (Four::load (plan.tone.antiDenormal + i), Four::zero()) &
-            ~nonZero (Four::load (state.tone.first + i), Four::load (state.tone.second + i));
+            ~nonZero (Four::load (state.tone.bank.first + i), Four::load (state.tone.bank.second + i));
 
     return asleep != 0;
 }
@@ -153,14 +154,21 @@ bool processChunk (
     memcpy (kept[0], left, size);
     memcpy (kept[1], right, size);
 
-    const auto before = state;
+    // What this chunk can change.
+    const bool breaking = chunk != nullptr && chunk->running != 0;
+    const auto toneBefore = state.tone;
+    BreakMemory breakBefore;
+
+    if (breaking)
+        breakBefore = state.breaking;
+
     ChunkBuffers buffers;
     enter<midSide> (plan, left, right, buffers.pairs, numSamples);
 
     if (isAsleep (plan, state))
-        run<true, midSide> (plan, state, chunk, buffers, numSamples);
+        run<true, midSide> (plan, state, breaking ? chunk : nullptr, buffers, numSamples);
     else
-        run<false, midSide> (plan, state, chunk, buffers, numSamples);
+        run<false, midSide> (plan, state, breaking ? chunk : nullptr, buffers, numSamples);
 
     auto* const leftOut = plan.bypass[0] && ! midSide ? unwanted : left;
     auto* const rightOut = plan.bypass[1] && ! midSide ? unwanted : right;
@@ -168,7 +176,11 @@ bool processChunk (
     if (leave (buffers.pairs, leftOut, rightOut, numSamples))
         return true;
 
-    state = before;
+    state.tone = toneBefore;
+
+    if (breaking)
+        state.breaking = breakBefore;
+
     memcpy (left, kept[0], size);
     memcpy (right, kept[1], size);
     return false;

@@ -231,8 +231,8 @@ void shape (const EnginePlan& plan, EngineState& state, unsigned running, unsign
     constexpr int size = Vector::size;
     constexpr unsigned numInputs = size * (chunkSize + 2);
     alignas (32) double inputs[numInputs];
-    Vector::load (state.shaped2 + i).store (inputs);
-    Vector::load (state.shaped1 + i).store (inputs + size);
+    Vector::load (state.breaking.shaped2 + i).store (inputs);
+    Vector::load (state.breaking.shaped1 + i).store (inputs + size);
 
     const auto small = shapeLargeSteps<Vector, hasFourth> (plan, watched, i, signals, inputs, residues, numSamples);
 
@@ -244,8 +244,8 @@ void shape (const EnginePlan& plan, EngineState& state, unsigned running, unsign
         if ((running >> k & 1u) == 0)
             continue;
 
-        state.shaped2[i + k] = inputs[size * numSamples + k];
-        state.shaped1[i + k] = inputs[size * (numSamples + 1) + k];
+        state.breaking.shaped2[i + k] = inputs[size * numSamples + k];
+        state.breaking.shaped1[i + k] = inputs[size * (numSamples + 1) + k];
     }
 }
 

@@ -14,7 +14,7 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-using controls::ButtonLook;
+using primitives::ButtonLook;
 
 /** Shows a button's face in a state that otherwise takes a mouse or a keyboard. */
 template <typename ButtonType>

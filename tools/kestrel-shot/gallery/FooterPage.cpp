@@ -11,7 +11,7 @@ namespace
 
 using namespace quillon::ui_pro;
 
-/** A place with room for a popup above the control. */
+/** A place with room for the open list above the control. */
 class PopupStage final : public juce::Component
 {
 public:
@@ -27,9 +27,9 @@ public:
             control.currentMode = [this] { return control.getMode(); };
             control.setMode (1);
         }
-    }
 
-    void open() { control.openPopup(); }
+        control.openPopup();
+    }
 
 private:
     controls::OversamplingControl control;
@@ -49,8 +49,8 @@ void addFooter (GallerySheet& sheet)
     output.setKnobShown (false);
     sheet.add ("Output mode with knob", std::make_unique<controls::OutputModeControl>()).setMode (1);
     sheet.add ("CPU", std::make_unique<controls::CpuUsageControl>()).setCpuLoad (999.9f);
-    sheet.add ("Modes to choose", std::make_unique<PopupStage> (true)).open();
-    sheet.add ("Fixed mode", std::make_unique<PopupStage> (false)).open();
+    sheet.add ("Modes to choose", std::make_unique<PopupStage> (true));
+    sheet.add ("Fixed mode", std::make_unique<PopupStage> (false));
 }
 
 } // namespace kestreleq::shot

@@ -20,13 +20,6 @@ using controls::MenuControl;
 using controls::MenuItem;
 using controls::UndoRedoControl;
 
-juce::MouseEvent mouseAt (juce::Component& component, juce::Point<float> at)
-{
-    const auto now = juce::Time::getCurrentTime();
-    return { juce::Desktop::getInstance().getMainMouseSource(), at, juce::ModifierKeys::leftButtonModifier, 1.0f, 0.0f,
-        0.0f, 0.0f, 0.0f, &component, &component, now, at, now, 1, false };
-}
-
 std::unique_ptr<UndoRedoControl> undoRedo (bool canUndo, bool canRedo)
 {
     auto control = std::make_unique<UndoRedoControl>();
@@ -91,14 +84,9 @@ public:
         content.addAndMakeVisible (*button);
         button->setTopLeftPosition (content.getWidth() - 52, 18);
 
-        // By hand: the button would open the list in the outermost component, which is the whole sheet.
-        addAndMakeVisible (popup);
-        popup.setBounds (getLocalBounds());
-        popup.setItems (button->getItems());
-        popup.placeBeside (
-            getLocalArea (button.get(), button->getLocalBounds().toFloat()), controls::MenuControl::listScale (scale));
-        popup.moveHighlight (1);
-        popup.moveHighlight (1);
+        button->openPopup();
+        button->getPopup()->moveHighlight (1);
+        button->getPopup()->moveHighlight (1);
     }
 
     void paint (juce::Graphics& g) override { g.fillAll (style::Theme::palette().backgroundMid); }
@@ -106,7 +94,6 @@ public:
 private:
     juce::Component content;
     std::unique_ptr<MenuControl> button;
-    controls::MenuPopup popup;
 };
 
 class ResizeHandle final : public juce::Component
@@ -138,25 +125,22 @@ void addHeaderTools (GallerySheet& sheet)
     sheet.add ("Undo and redo", undoRedo (true, true));
     sheet.add ("Undo only", undoRedo (true, false));
     sheet.add ("Neither", undoRedo (false, false));
-    auto& hovered = sheet.add ("Mouse over redo", undoRedo (true, true));
-    hovered.mouseMove (mouseAt (hovered, { 60.0f, 16.0f }));
-    auto& pressed = sheet.add ("Pressed", undoRedo (true, true));
-    pressed.mouseDown (mouseAt (pressed, { 16.0f, 16.0f }));
+    using Part = controls::ToolPair::Part;
+    using juce::Button;
+    sheet.add ("Mouse over redo", undoRedo (true, true)).getButton (Part::second).setState (Button::buttonOver);
+    sheet.add ("Pressed", undoRedo (true, true)).getButton (Part::first).setState (Button::buttonDown);
 
     sheet.add ("Copy and paste", copyPaste (true));
-    auto& overPaste = sheet.add ("Mouse over paste", copyPaste (true));
-    overPaste.mouseMove (mouseAt (overPaste, { 34.0f, 16.0f }));
+    sheet.add ("Mouse over paste", copyPaste (true)).getButton (Part::second).setState (Button::buttonOver);
     sheet.add ("Clipboard empty", copyPaste (false));
 
     sheet.add ("A in use", abCompare (ABSlot::A, true));
     sheet.add ("B in use", abCompare (ABSlot::B, true));
-    auto& overB = sheet.add ("Mouse over B", abCompare (ABSlot::A, true));
-    overB.mouseMove (mouseAt (overB, { 56.0f, 16.0f }));
+    sheet.add ("Mouse over B", abCompare (ABSlot::A, true)).getButton (Part::second).setState (Button::buttonOver);
     sheet.add ("Disabled", abCompare (ABSlot::A, false));
 
     sheet.add ("Menu", menu());
-    auto& overMenu = sheet.add ("Mouse over", menu());
-    overMenu.mouseEnter (mouseAt (overMenu, { 10.0f, 10.0f }));
+    sheet.add ("Mouse over", menu()).setState (Button::buttonOver);
     sheet.add ("No items", std::make_unique<MenuControl>());
 
     sheet.add ("Resize grip", std::make_unique<ResizeHandle> (false, false));
@@ -166,7 +150,7 @@ void addHeaderTools (GallerySheet& sheet)
     sheet.addSection ("Open menu");
     sheet.add ("At scale 0.5", std::make_unique<MenuWindow> (360, 330, 0.5f));
     sheet.add ("At scale 1", std::make_unique<MenuWindow> (360, 330, 1.0f));
-    sheet.add ("At scale 1.4", std::make_unique<MenuWindow> (420, 400, 1.4f));
+    sheet.add ("At scale 1.4", std::make_unique<MenuWindow> (420, 430, 1.4f));
 }
 
 } // namespace kestreleq::shot

@@ -120,13 +120,13 @@ PresetSelector& addBrowser (GallerySheet& sheet, const juce::String& caption)
     return sheet.add (caption, std::make_unique<BrowserArea>()).selector;
 }
 
-void click (PresetSelector& selector, juce::Rectangle<int> target)
+void hoverRow (PresetSelector& selector, int row)
 {
-    const auto at = target.getCentre().toFloat();
+    auto& table = selector.getBrowser()->getTable();
+    const auto at = table.getRowPosition (row, true).getCentre().toFloat();
     const auto now = juce::Time::getCurrentTime();
-    auto& popup = *selector.getBrowser();
-    popup.mouseDown ({ juce::Desktop::getInstance().getMainMouseSource(), at, juce::ModifierKeys::leftButtonModifier,
-        1.0f, 0.0f, 0.0f, 0.0f, 0.0f, &popup, &popup, now, at, now, 1, false });
+    table.mouseMove ({ juce::Desktop::getInstance().getMainMouseSource(), at, {}, 1.0f, 0.0f, 0.0f, 0.0f, 0.0f, &table,
+        &table, now, at, now, 1, false });
 }
 
 } // namespace
@@ -156,8 +156,8 @@ void addPresets (GallerySheet& sheet)
 
     auto& filtered = addBrowser (sheet, "A category chosen, the author's menu open, mouse over a row");
     filtered.setCategoryFilter ("Factory");
-    click (filtered, controls::presets::authorFilter);
-    filtered.getBrowser()->getTable().setHoveredRow (4);
+    filtered.getBrowser()->getFilter (PresetSelector::BrowserPopup::author).onClick();
+    hoverRow (filtered, 4);
 
     auto& many = addBrowser (sheet, "More presets than fit, texts too long; the combined filter menu; a preview");
     many.setEntries (manyExamples());
@@ -172,7 +172,7 @@ void addPresets (GallerySheet& sheet)
             g.setColour (style::Theme::accent (5));
             g.strokePath (curve, juce::PathStrokeType (2.0f));
         });
-    click (many, controls::presets::filterButton);
+    many.getBrowser()->getFilter (PresetSelector::BrowserPopup::both).onClick();
 }
 
 } // namespace kestreleq::shot

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ui_pro/controls/buttons/FaceButton.h"
+#include "ui_pro/primitives/FaceButton.h"
 
 namespace quillon::ui_pro::controls
 {
 
 /** A button that does something at once: a text, an icon, or both. The one that a panel suggests is the primary one. */
-class IconActionButton final : public FaceButton
+class IconActionButton final : public primitives::FaceButton
 {
 public:
     /** The icon is a path to fill, in any box of its own; an empty one leaves the text alone. */

@@ -20,12 +20,13 @@ constexpr float iconHeight = 8.0f;
 
 juce::Path chain (bool closed)
 {
-    constexpr auto length = 10.5f;
-    constexpr auto apart = 8.2f;
-    const auto linkLength = closed ? length : apart;
+    // Open, the links are smaller and so far apart that it shows at half size.
+    const auto length = closed ? 10.5f : 7.0f;
+    const auto height = closed ? iconHeight : 6.0f;
+    const auto top = 0.5f * (iconHeight - height);
     juce::Path path;
-    path.addRoundedRectangle (0.0f, 0.0f, linkLength, iconHeight, 0.5f * iconHeight);
-    path.addRoundedRectangle (iconWidth - linkLength, 0.0f, linkLength, iconHeight, 0.5f * iconHeight);
+    path.addRoundedRectangle (0.0f, top, length, height, 0.5f * height);
+    path.addRoundedRectangle (iconWidth - length, top, length, height, 0.5f * height);
     return path;
 }
 

@@ -15,7 +15,7 @@ constexpr float lampSize = 6.0f;
 constexpr int onOffPadding = 8;
 
 /** A ring when off, a glowing disc when on: told apart without their colours. */
-void paintLamp (juce::Graphics& g, juce::Point<float> centre, juce::Colour accent, const ButtonLook& look)
+void paintLamp (juce::Graphics& g, juce::Point<float> centre, juce::Colour accent, const primitives::ButtonLook& look)
 {
     const auto& palette = style::Theme::palette();
     const auto lamp = juce::Rectangle<float> (lampSize, lampSize).withCentre (centre);
@@ -33,7 +33,7 @@ void paintLamp (juce::Graphics& g, juce::Point<float> centre, juce::Colour accen
         g.fillEllipse (lamp.expanded (2.0f));
     }
 
-    g.setColour (look.enabled ? accent.brighter (0.3f) : disabledAccent (accent));
+    g.setColour (look.enabled ? accent.brighter (0.3f) : primitives::disabledAccent (accent));
     g.fillEllipse (lamp);
 }
 

@@ -32,7 +32,7 @@ void PowerButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
         return;
 
     const auto& palette = style::Theme::palette();
-    const auto lit = look.enabled ? getColour() : disabledAccent (getColour());
+    const auto lit = look.enabled ? getColour() : primitives::disabledAccent (getColour());
     auto fill = look.on ? palette.surface1.interpolatedWith (lit, 0.24f) : palette.surface2;
 
     if (look.pressed)
@@ -48,7 +48,7 @@ void PowerButton::paintFace (juce::Graphics& g, const ButtonLook& look) const
     g.drawEllipse (disc, 1.0f);
 
     if (look.focused)
-        paintFocusRing (g, disc.expanded (0.5f), 0.5f * disc.getWidth());
+        primitives::paintFocusRing (g, disc.expanded (0.5f), 0.5f * disc.getWidth());
 
     // The stem rises above the box that holds the arc, so it is the arc that is centred.
     const auto scale = 0.5f * side / 24.0f;

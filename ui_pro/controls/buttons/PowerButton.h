@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ui_pro/controls/buttons/FaceButton.h"
+#include "ui_pro/primitives/FaceButton.h"
 
 namespace quillon::ui_pro::controls
 {
 
 /** A round toggle with the power symbol. */
-class PowerButton final : public FaceButton
+class PowerButton final : public primitives::FaceButton
 {
 public:
     explicit PowerButton (juce::Colour accentColour);

@@ -246,7 +246,7 @@ void drawToolIcon (juce::Graphics& g, ToolIcon icon, juce::Rectangle<float> area
     g.fillPath (toolIconShape (icon), centred.getTransformToFit ({ boxSize, boxSize }, area));
 }
 
-void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const ButtonLook& look)
+void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const primitives::ButtonLook& look)
 {
     const auto& palette = style::Theme::palette();
     paintButtonPlate (g, area.toFloat(), palette.accent, look);

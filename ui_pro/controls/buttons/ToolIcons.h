@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui_pro/controls/buttons/ButtonLook.h"
+#include "ui_pro/primitives/ButtonLook.h"
 
 namespace quillon::ui_pro::controls
 {
@@ -30,6 +30,6 @@ void drawToolIcon (juce::Graphics& g, ToolIcon icon, juce::Rectangle<float> area
 juce::Path toolIconShape (ToolIcon icon);
 
 /** The plate of a tool that shows an icon or a letter, and the colour for what is drawn on it. */
-void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const ButtonLook& look);
+void paintToolPlate (juce::Graphics& g, juce::Rectangle<int> area, const primitives::ButtonLook& look);
 
 } // namespace quillon::ui_pro::controls

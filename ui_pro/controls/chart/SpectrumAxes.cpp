@@ -1,5 +1,7 @@
 #include "ui_pro/controls/chart/SpectrumAxes.h"
 
+#include "ui_pro/controls/chart/ChartAxes.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,19 +20,12 @@ constexpr float largestGainDb = 18.0f;
 
 float frequencyToX (double frequency, juce::Rectangle<float> area)
 {
-    if (! (std::isfinite (frequency) && frequency > 0.0 && area.getWidth() > 0.0f))
-        return area.getX();
-
-    const auto share = std::clamp (std::log (frequency / lowestHz) / std::log (span), 0.0, 1.0);
-    return area.getX() + static_cast<float> (share) * area.getWidth();
+    return ChartAxes { .plot = area }.xFor (frequency);
 }
 
 float dbToY (float db, juce::Rectangle<float> area, float minDb, float maxDb)
 {
-    if (! std::isfinite (db) || ! (maxDb > minDb))
-        return area.getBottom();
-
-    return area.getBottom() - (std::clamp (db, minDb, maxDb) - minDb) / (maxDb - minDb) * area.getHeight();
+    return ChartAxes { .plot = area, .lowestDb = minDb, .highestDb = maxDb }.yFor (db);
 }
 
 double binFrequency (std::size_t i, std::size_t n)

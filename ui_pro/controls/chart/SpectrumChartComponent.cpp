@@ -170,13 +170,13 @@ void SpectrumChartComponent::paintChart (juce::Graphics& g, juce::Rectangle<floa
         return;
 
     if (visibility.grid)
-        paintChartGrid (g, area, traceConfig);
+        paintChartGrid (g, area, traceConfig, primitives::PixelGrid::of (g));
 
     const auto values = readValues (snapshot);
 
     if (values.empty())
     {
-        paintWaitingForAudio (g, area);
+        paintWaitingForAudio (g, area, traceConfig);
         return;
     }
 
@@ -222,7 +222,9 @@ void SpectrumChartComponent::paint (juce::Graphics& g)
     const auto area = getLocalBounds().toFloat();
 
     if (visibility.grid)
-        gridLayer.draw (g, *this, [this, area] (juce::Graphics& layer) { paintChartGrid (layer, area, traceConfig); });
+        gridLayer.draw (g, *this,
+            [this, area] (juce::Graphics& layer)
+            { paintChartGrid (layer, area, traceConfig, primitives::PixelGrid::of (layer, *this)); });
 
     auto above = visibility;
     above.grid = false;

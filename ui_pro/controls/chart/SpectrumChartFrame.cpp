@@ -1,11 +1,9 @@
 #include "ui_pro/controls/chart/SpectrumChartFrame.h"
 
-#include "ui_pro/controls/chart/SpectrumAxes.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 
 namespace quillon::ui_pro::controls
@@ -13,22 +11,15 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int frequencies[] = { 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000 };
+constexpr double frequencies[] = { 20.0, 50.0, 100.0, 200.0, 500.0, 1000.0, 2000.0, 5000.0, 10000.0, 20000.0 };
 constexpr int spectrumLines[] = { 12, 0, -12, -24, -36, -48, -60, -72 };
 constexpr int differenceLines[] = { 12, 6, 0, -6, -12 };
 constexpr int magnitudeLines[] = { 12, 6, 0 };
 
-constexpr float labelSize = 10.0f;
-constexpr float labelHeight = 12.0f;
-constexpr float labelWidth = 40.0f;
-constexpr float labelGap = 4.0f;
-constexpr float leastLabelPitch = 18.0f; // pixels between labelled level lines
-constexpr float leastLabelRun = 34.0f;   // pixels between labelled frequency lines
-constexpr float lastLabelRun = 60.0f;    // the same before the last, whose label stands on its other side
 constexpr float gridAlpha = 0.35f;
 
 constexpr float waitingSize = 13.0f;
-constexpr float waitingHeight = 28.0f;
+constexpr float waitingGap = 4.0f;
 
 constexpr float chipSize = 10.0f;
 constexpr float chipHeight = 18.0f;
@@ -50,79 +41,6 @@ std::span<const int> levelLines (SpectrumChartMode mode)
     }
 }
 
-juce::String frequencyText (int hz)
-{
-    return hz < 1000 ? juce::String (hz) : juce::String (hz / 1000) + "k";
-}
-
-juce::String levelText (int db)
-{
-    return (db > 0 ? "+" : "") + juce::String (db);
-}
-
-/** A line of one pixel, on whole pixels, within the area. */
-void drawVertical (juce::Graphics& g, float x, juce::Rectangle<float> area)
-{
-    g.fillRect (std::min (std::floor (x), area.getRight() - 1.0f), area.getY(), 1.0f, area.getHeight());
-}
-
-void drawHorizontal (juce::Graphics& g, float y, juce::Rectangle<float> area)
-{
-    g.fillRect (area.getX(), std::min (std::floor (y), area.getBottom() - 1.0f), area.getWidth(), 1.0f);
-}
-
-void paintFrequencyLines (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
-{
-    const auto row = area.withTop (area.getBottom() - labelHeight - 2.0f).withHeight (labelHeight);
-
-    auto lastLabelled = area.getX() - leastLabelRun;
-
-    for (const auto hz : frequencies)
-    {
-        const auto x = frequencyToX (hz, area);
-        g.setColour (config.gridColour.withMultipliedAlpha (gridAlpha));
-        drawVertical (g, x, area);
-
-        // Beside its line, on the side that lies within the chart.
-        const auto isLast = hz == frequencies[std::size (frequencies) - 1];
-
-        if (! isLast && (x - lastLabelled < leastLabelRun || area.getRight() - x < lastLabelRun))
-            continue;
-
-        lastLabelled = x;
-        const auto label = row.withWidth (labelWidth).withX (isLast ? x - labelGap - labelWidth : x + labelGap);
-        g.setColour (style::Theme::palette().textSecondary);
-        g.drawText (frequencyText (hz), label,
-            isLast ? juce::Justification::centredRight : juce::Justification::centredLeft, false);
-    }
-}
-
-void paintLevelLines (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
-{
-    const auto range = SpectrumChartRange::of (config.getMode());
-    auto lastLabelled = area.getY() - leastLabelPitch;
-
-    for (const auto db : levelLines (config.getMode()))
-    {
-        const auto y = dbToY (static_cast<float> (db), area, range.minDb, range.maxDb);
-        g.setColour (db == 0 ? config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha)
-                             : config.gridColour.withMultipliedAlpha (gridAlpha));
-        drawHorizontal (g, y, area);
-
-        // Above its line; the lowest row belongs to the frequencies.
-        const auto label = juce::Rectangle<float> (area.getX() + labelGap, y - labelHeight, labelWidth, labelHeight);
-        const auto hasRoom = y - lastLabelled >= leastLabelPitch && label.getY() >= area.getY() &&
-            label.getBottom() <= area.getBottom() - labelHeight - 2.0f;
-
-        if (! hasRoom)
-            continue;
-
-        lastLabelled = y;
-        g.setColour (style::Theme::palette().textSecondary);
-        g.drawText (levelText (db), label, juce::Justification::centredLeft, false);
-    }
-}
-
 } // namespace
 
 SpectrumChartRange SpectrumChartRange::of (SpectrumChartMode mode)
@@ -139,20 +57,35 @@ SpectrumChartRange SpectrumChartRange::of (SpectrumChartMode mode)
     }
 }
 
+ChartGrid makeSpectrumGrid (juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
+{
+    const auto range = SpectrumChartRange::of (config.getMode());
+    const auto line = config.gridColour.withMultipliedAlpha (gridAlpha);
+    return { .axes = { .plot = area, .lowestDb = range.minDb, .highestDb = range.maxDb },
+        .frequencies = frequencies,
+        .levels = levelLines (config.getMode()),
+        .zeroLine = config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha),
+        .levelLine = line,
+        .frequencyLine = line,
+        .text = style::Theme::palette().textSecondary };
+}
+
 int getChipWidth (const juce::String& text)
 {
     return std::max (7 * text.length() + 24, 48);
 }
 
-void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
+void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config,
+    const primitives::PixelGrid& pixels)
 {
     const juce::Graphics::ScopedSaveState saved (g);
     g.reduceClipRegion (area.getSmallestIntegerContainer());
     g.setColour (style::Theme::palette().surface3);
     g.fillRect (area);
-    g.setFont (style::regularFont (labelSize));
-    paintFrequencyLines (g, area, config);
-    paintLevelLines (g, area, config);
+
+    const auto grid = makeSpectrumGrid (area, config);
+    paintGridLines (g, grid, pixels);
+    paintGridLabels (g, grid, pixels);
 }
 
 void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std::vector<SpectrumChartChip>& chips)
@@ -185,12 +118,29 @@ void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std:
     }
 }
 
-void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area)
+void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config)
 {
-    g.setFont (style::boldFont (waitingSize).withExtraKerningFactor (0.08f));
+    const auto pixels = primitives::PixelGrid::of (g);
+    const auto font = style::boldFont (pixels.legible (waitingSize)).withExtraKerningFactor (0.08f);
+    const juce::String text ("WAITING FOR AUDIO");
+
+    // The labels stand along the left edge and the lower one.
+    auto inside = area;
+    for (const auto& label : placeGridLabels (makeSpectrumGrid (area, config), pixels))
+        label.box.getBottom() > area.getBottom() - 4.0f
+            ? inside.setBottom (std::min (inside.getBottom(), label.box.getY()))
+            : inside.setLeft (std::max (inside.getX(), label.box.getRight() + waitingGap));
+
+    const auto box =
+        area.withSizeKeepingCentre (juce::GlyphArrangement::getStringWidth (font, text) + 2.0f, font.getHeight())
+            .constrainedWithin (inside);
+
+    if (box.getHeight() < font.getHeight())
+        return;
+
+    g.setFont (font);
     g.setColour (style::Theme::palette().textSecondary);
-    g.drawText ("WAITING FOR AUDIO", area.withSizeKeepingCentre (area.getWidth(), waitingHeight),
-        juce::Justification::centred, false);
+    g.drawFittedText (text, box.getLargestIntegerWithin(), juce::Justification::centred, 1, 0.5f);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui_pro/controls/chart/ChartGrid.h"
 #include "ui_pro/controls/chart/SpectrumChartTypes.h"
 
 #include <vector>
@@ -26,13 +27,17 @@ struct SpectrumChartChip
 /** The width in pixels of a chip with this text. */
 int getChipWidth (const juce::String& text);
 
+/** The lines and labels of a chart that fills the area. */
+ChartGrid makeSpectrumGrid (juce::Rectangle<float> area, const SpectrumChartTraceConfig& config);
+
 /** The background, the frequency and level lines and their labels. */
-void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config);
+void paintChartGrid (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config,
+    const primitives::PixelGrid& pixels);
 
 /** The chips in the upper right corner, as many as have room. */
 void paintChartChips (juce::Graphics& g, juce::Rectangle<float> area, const std::vector<SpectrumChartChip>& chips);
 
-/** What stands in the middle of a chart that has nothing to show. */
-void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area);
+/** What stands in the middle of a chart that has nothing to show, or beside it where the labels are. */
+void paintWaitingForAudio (juce::Graphics& g, juce::Rectangle<float> area, const SpectrumChartTraceConfig& config);
 
 } // namespace quillon::ui_pro::controls

@@ -1,7 +1,5 @@
 #include "ui_pro/controls/footer/OversamplingControl.h"
 
-#include "ui_pro/controls/footer/OversamplingPopup.h"
-#include "ui_pro/primitives/TextValueHandler.h"
 #include "ui_pro/style/Theme.h"
 
 #include <array>
@@ -29,46 +27,42 @@ constexpr int textInset = 8;
 constexpr int arrowColumn = 14;
 constexpr int arrowInset = 3;
 
-/** The outermost component that is drawn at the control's own scale. */
-juce::Component* findPopupParent (juce::Component& control)
-{
-    auto* parent = control.getParentComponent();
-
-    while (parent != nullptr && ! parent->isTransformed() && parent->getParentComponent() != nullptr)
-        parent = parent->getParentComponent();
-
-    return parent;
-}
-
 } // namespace
 
-/** Closes the popup on a press anywhere else. */
-struct OversamplingControl::OutsideClicks final : juce::MouseListener
+/** The whole control as something to click. */
+class OversamplingControl::Face final : public primitives::FaceButton
 {
-    explicit OutsideClicks (OversamplingControl& control)
-        : owner (control)
+public:
+    explicit Face (OversamplingControl& control)
+        : FaceButton (control.getTitle(), style::Theme::palette().accent),
+          owner (control)
     {
-        juce::Desktop::getInstance().addGlobalMouseListener (this);
+        setTitle (owner.getTitle());
+        setRole (juce::AccessibilityRole::comboBox);
+        setOpen (false);
+        valueText = [this] { return owner.getValueText(); };
     }
 
-    ~OutsideClicks() override { juce::Desktop::getInstance().removeGlobalMouseListener (this); }
+    void clicked() override { owner.openPopup(); }
 
-    void mouseDown (const juce::MouseEvent& event) override
-    {
-        const auto* target = event.originalComponent;
+    juce::String getTooltip() override { return owner.getTooltip(); }
 
-        if (target != &owner && target != owner.popup.get() && ! owner.popup->isParentOf (target))
-            owner.closePopup();
-    }
+    void paintFace (juce::Graphics& g, const ButtonLook& look) const override { owner.paintFace (g, look); }
 
+private:
     OversamplingControl& owner;
 };
 
 OversamplingControl::OversamplingControl()
-    : FooterReadout ("OS:", getModeText (0), style::Theme::get().footer.oversampling)
+    : FooterReadout ("OS:", getModeText (0), style::Theme::get().footer.oversampling),
+      list (*this, style::Theme::get().modes)
 {
     setTitle ("Oversampling");
     setMouseClickGrabsKeyboardFocus (false);
+    face = std::make_unique<Face> (*this);
+    face->setBounds (getLocalBounds());
+    addAndMakeVisible (*face);
+    list.onOpenChanged = [this] { face->setOpen (list.isOpen()); };
 }
 
 OversamplingControl::~OversamplingControl() = default;
@@ -90,8 +84,7 @@ void OversamplingControl::setMode (int newMode)
     mode = newMode;
     showText (getModeText (mode));
 
-    if (isPopupOpen())
-        popup->repaint();
+    list.setItems (makeRows());
 }
 
 bool OversamplingControl::canChoose (int newMode) const
@@ -100,53 +93,26 @@ bool OversamplingControl::canChoose (int newMode) const
         (mayChangeModeTo == nullptr || mayChangeModeTo (newMode));
 }
 
-bool OversamplingControl::isPopupOpen() const
+std::vector<primitives::ListItem> OversamplingControl::makeRows()
 {
-    return popup != nullptr && popup->getParentComponent() != nullptr;
+    std::vector<primitives::ListItem> rows;
+
+    for (int i = numModes - 1; i >= 0; --i) // the highest on top
+    {
+        auto& row = rows.emplace_back();
+        row.text = getModeText (i);
+        row.choose = [this, i] { choose (i); };
+        row.isTicked = i == mode;
+        row.isDim = ! canChoose (i);
+    }
+
+    return rows;
 }
 
-void OversamplingControl::openPopup()
+void OversamplingControl::choose (int newMode)
 {
-    auto* parent = findPopupParent (*this);
-
-    if (parent == nullptr || isPopupOpen())
-        return;
-
-    if (popup == nullptr)
-        popup = std::make_unique<Popup> (*this);
-
-    popup->placeIn (*parent);
-    outsideClicks = std::make_unique<OutsideClicks> (*this);
-    keyboard.take (*popup);
-    repaint();
-}
-
-void OversamplingControl::closePopup()
-{
-    if (! isPopupOpen())
-        return;
-
-    outsideClicks.reset();
-    keyboard.giveBack (*popup);
-    popup->getParentComponent()->removeChildComponent (popup.get());
-    repaint();
-}
-
-void OversamplingControl::togglePopup()
-{
-    if (isPopupOpen())
-        closePopup();
-    else
-        openPopup();
-}
-
-void OversamplingControl::rowClicked (int row)
-{
-    closePopup();
-    const auto chosen = Popup::modeOfRow (row);
-
-    if (canChoose (chosen) && chosen != currentMode())
-        onModeChange (chosen);
+    if (canChoose (newMode) && newMode != currentMode())
+        onModeChange (newMode);
 }
 
 juce::Rectangle<int> OversamplingControl::getTextArea() const
@@ -154,20 +120,30 @@ juce::Rectangle<int> OversamplingControl::getTextArea() const
     return getLocalBounds().withTrimmedLeft (textInset).withTrimmedRight (arrowColumn + arrowInset);
 }
 
-void OversamplingControl::paint (juce::Graphics& g)
+void OversamplingControl::resized()
+{
+    face->setBounds (getLocalBounds());
+}
+
+std::unique_ptr<juce::AccessibilityHandler> OversamplingControl::createAccessibilityHandler()
+{
+    return createIgnoredAccessibilityHandler (*this); // the button speaks
+}
+
+void OversamplingControl::paintFace (juce::Graphics& g, const primitives::ButtonLook& look)
 {
     const auto& palette = style::Theme::palette();
-    const auto face = getLocalBounds().toFloat();
-    const auto active = isPopupOpen() || pressed;
+    const auto area = getLocalBounds().toFloat();
+    const auto active = list.isOpen() || look.pressed;
 
-    if (active || isMouseOver())
+    if (active || look.hovered)
     {
         g.setColour (juce::Colours::white.withAlpha (active ? 0.07f : 0.04f));
-        g.fillRoundedRectangle (face, faceRadius);
+        g.fillRoundedRectangle (area, faceRadius);
     }
 
-    g.setColour (isPopupOpen() ? palette.accent : isMouseOver() ? palette.outlineStrong : palette.outline);
-    g.drawRoundedRectangle (face.reduced (0.5f), faceRadius - 0.5f, 1.0f);
+    g.setColour (list.isOpen() ? palette.accent : look.hovered ? palette.outlineStrong : palette.outline);
+    g.drawRoundedRectangle (area.reduced (0.5f), faceRadius - 0.5f, 1.0f);
 
     FooterReadout::paint (g);
 
@@ -180,44 +156,6 @@ void OversamplingControl::paint (juce::Graphics& g)
     path.lineTo (arrow.getBottomRight());
     g.setColour (palette.textSecondary);
     g.strokePath (path, juce::PathStrokeType (1.5f));
-}
-
-void OversamplingControl::mouseEnter (const juce::MouseEvent&)
-{
-    repaint();
-}
-
-void OversamplingControl::mouseExit (const juce::MouseEvent&)
-{
-    repaint();
-}
-
-void OversamplingControl::mouseDown (const juce::MouseEvent&)
-{
-    pressed = true;
-    repaint();
-}
-
-void OversamplingControl::mouseUp (const juce::MouseEvent& event)
-{
-    pressed = false;
-    repaint();
-
-    if (getLocalBounds().contains (event.getPosition()))
-        togglePopup();
-}
-
-void OversamplingControl::visibilityChanged()
-{
-    if (! isVisible())
-        closePopup();
-}
-
-std::unique_ptr<juce::AccessibilityHandler> OversamplingControl::createAccessibilityHandler()
-{
-    return primitives::makeTextValueHandler (
-        *this, juce::AccessibilityRole::button, [this] { return getValueText(); },
-        juce::AccessibilityActions().addAction (juce::AccessibilityActionType::press, [this] { togglePopup(); }));
 }
 
 } // namespace quillon::ui_pro::controls

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "ui_pro/controls/footer/FooterReadout.h"
-#include "ui_pro/primitives/KeyboardLoan.h"
+#include "ui_pro/primitives/DropDownList.h"
+#include "ui_pro/primitives/FaceButton.h"
 
 #include <functional>
 #include <memory>
@@ -9,12 +10,12 @@
 namespace quillon::ui_pro::controls
 {
 
-/** The footer's oversampling mode, with a popup that offers the others: 0 Live, 1 Design, 2 Mix, 3 Master. Without the
-    owner's two hooks the popup only shows them. */
+/** The footer's oversampling mode, with a list that offers all of them: 0 Live, 1 Design, 2 Mix, 3 Master. Without the
+    owner's two hooks the list only shows them. */
 class OversamplingControl final : public FooterReadout
 {
 public:
-    class Popup;
+    using Popup = primitives::DropDownList;
 
     static constexpr int numModes = 4;
 
@@ -35,41 +36,29 @@ public:
     /** Whether a choice of this mode would have an effect or be the current one. */
     bool canChoose (int newMode) const;
 
-    bool isPopupOpen() const;
-    void openPopup();
-    void closePopup();
+    void openPopup() { list.open (makeRows()); }
 
-    /** Null until it was opened for the first time. */
-    Popup* getPopup() const { return popup.get(); }
+    void closePopup() { list.close(); }
 
-    void paint (juce::Graphics& g) override;
-    void mouseEnter (const juce::MouseEvent& event) override;
-    void mouseExit (const juce::MouseEvent& event) override;
-    void mouseDown (const juce::MouseEvent& event) override;
-    void mouseUp (const juce::MouseEvent& event) override;
+    /** The open list, or null. */
+    Popup* getPopup() { return list.isOpen() ? &list : nullptr; }
 
-    void moved() override { closePopup(); }
+    void paint (juce::Graphics&) override {} // the button does it
 
-    void resized() override { closePopup(); }
-
-    void visibilityChanged() override;
-
-    void parentHierarchyChanged() override { closePopup(); }
-
+    void resized() override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
-    struct OutsideClicks;
+    class Face;
 
     juce::Rectangle<int> getTextArea() const override;
-    void togglePopup();
-    void rowClicked (int row);
+    void paintFace (juce::Graphics& g, const primitives::ButtonLook& look);
+    std::vector<primitives::ListItem> makeRows();
+    void choose (int newMode);
 
     int mode = 0;
-    bool pressed = false;
-    primitives::KeyboardLoan keyboard;
-    std::unique_ptr<Popup> popup;
-    std::unique_ptr<OutsideClicks> outsideClicks; // while the popup is open
+    std::unique_ptr<Face> face;
+    Popup list;
 };
 
 } // namespace quillon::ui_pro::controls

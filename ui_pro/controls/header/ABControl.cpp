@@ -9,9 +9,10 @@ namespace quillon::ui_pro::controls
 {
 
 ABControl::ABControl()
-    : ToolPair ("A/B comparison", style::Theme::get().headerTools.abCompare, ActsOn::press)
+    : ToolPair ("A/B comparison", style::Theme::get().headerTools.abCompare, "Settings A", "Settings B")
 {
-    describeParts ("Settings A", "Settings B", true);
+    makeChoices();
+    showSlot();
 }
 
 void ABControl::setCallbacks (Callbacks newCallbacks)
@@ -26,8 +27,13 @@ void ABControl::setSlot (ABSlot newSlot)
         return;
 
     slot = newSlot;
-    repaintPart (Part::first);
-    repaintPart (Part::second);
+    showSlot();
+}
+
+void ABControl::showSlot()
+{
+    getButton (Part::first).setToggleState (slot == ABSlot::A, juce::dontSendNotification);
+    getButton (Part::second).setToggleState (slot == ABSlot::B, juce::dontSendNotification);
 }
 
 void ABControl::refresh()
@@ -58,15 +64,10 @@ void ABControl::act (Part part)
     select (part == Part::second ? ABSlot::B : ABSlot::A);
 }
 
-bool ABControl::isChosen (Part part) const
-{
-    return (part == Part::second) == (slot == ABSlot::B);
-}
-
 juce::String ABControl::tooltipOf (Part part) const
 {
     const juce::String name (part == Part::second ? "B" : "A");
-    return isChosen (part) ? "Settings " + name + " in use" : "Switch to settings " + name;
+    return getButton (part).getToggleState() ? "Settings " + name + " in use" : "Switch to settings " + name;
 }
 
 void ABControl::enablementChanged()
@@ -78,14 +79,15 @@ void ABControl::paint (juce::Graphics& g)
 {
     const auto& palette = style::Theme::palette();
     const auto between =
-        getLocalBounds().withLeft (boundsOf (Part::first).getRight()).withRight (boundsOf (Part::second).getX());
+        getLocalBounds().withLeft (getButton (Part::first).getRight()).withRight (getButton (Part::second).getX());
 
     g.setColour (isEnabled() ? palette.textSecondary : palette.textMuted);
     g.setFont (style::regularFont (15.0f));
     g.drawText ("/", between, juce::Justification::centred, false);
 }
 
-void ABControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const
+void ABControl::paintPart (
+    juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook& look) const
 {
     g.setFont (look.on ? style::boldFont (16.0f) : style::regularFont (16.0f));
     g.drawText (part == Part::second ? "B" : "A", area, juce::Justification::centred, false);

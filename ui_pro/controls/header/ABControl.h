@@ -46,12 +46,14 @@ public:
     void enablementChanged() override;
 
 protected:
-    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const override;
+    void paintPart (
+        juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook& look) const override;
     void act (Part part) override;
     juce::String tooltipOf (Part part) const override;
-    bool isChosen (Part part) const override;
 
 private:
+    void showSlot();
+
     Callbacks callbacks;
     ABSlot slot = ABSlot::A;
 };

@@ -9,9 +9,8 @@ namespace quillon::ui_pro::controls
 {
 
 CopyPasteControl::CopyPasteControl()
-    : ToolPair ("Copy and paste", style::Theme::get().headerTools.copyPaste, ActsOn::click)
+    : ToolPair ("Copy and paste", style::Theme::get().headerTools.copyPaste, "Copy", "Paste")
 {
-    describeParts ("Copy", "Paste", false);
     refresh();
 }
 
@@ -23,8 +22,8 @@ void CopyPasteControl::setActions (CopyActions newActions)
 
 void CopyPasteControl::refresh()
 {
-    setPartEnabled (Part::first, isAvailable (actions.copy, actions.canCopy));
-    setPartEnabled (Part::second, isAvailable (actions.paste, actions.canPaste));
+    getButton (Part::first).setEnabled (isAvailable (actions.copy, actions.canCopy));
+    getButton (Part::second).setEnabled (isAvailable (actions.paste, actions.canPaste));
 }
 
 void CopyPasteControl::copy()
@@ -41,7 +40,7 @@ void CopyPasteControl::act (Part part)
 {
     refresh();
 
-    if (! isPartEnabled (part))
+    if (! getButton (part).isEnabled())
         return;
 
     if (part == Part::first)
@@ -58,7 +57,8 @@ juce::String CopyPasteControl::tooltipOf (Part part) const
     return caption != nullptr ? caption() : juce::String (part == Part::first ? "Copy" : "Paste");
 }
 
-void CopyPasteControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook&) const
+void CopyPasteControl::paintPart (
+    juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook&) const
 {
     drawToolIcon (
         g, part == Part::first ? ToolIcon::copy : ToolIcon::paste, area.withSizeKeepingCentre (16, 18).toFloat());

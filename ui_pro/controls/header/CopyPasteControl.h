@@ -21,12 +21,13 @@ public:
     void copy();
     void paste();
 
-    bool isCopyEnabled() const { return isPartEnabled (Part::first); }
+    bool isCopyEnabled() const { return getButton (Part::first).isEnabled(); }
 
-    bool isPasteEnabled() const { return isPartEnabled (Part::second); }
+    bool isPasteEnabled() const { return getButton (Part::second).isEnabled(); }
 
 protected:
-    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const override;
+    void paintPart (
+        juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook& look) const override;
     void act (Part part) override;
     juce::String tooltipOf (Part part) const override;
 

@@ -3,58 +3,30 @@
 #include "ui_pro/controls/buttons/ToolIcons.h"
 #include "ui_pro/style/Theme.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace quillon::ui_pro::controls
 {
-namespace
-{
-
-/** The outermost component within the window's frame. */
-juce::Component& windowContentOf (juce::Component& component)
-{
-    auto* top = &component;
-
-    while (top->getParentComponent() != nullptr &&
-        dynamic_cast<juce::TopLevelWindow*> (top->getParentComponent()) == nullptr)
-        top = top->getParentComponent();
-
-    return *top;
-}
-
-} // namespace
 
 MenuControl::MenuControl()
+    : FaceButton ("Menu", style::Theme::palette().accent),
+      list (*this, style::Theme::get().menu)
 {
-    setName ("Menu");
     setTitle ("Menu");
     setTooltip ("Menu");
-    setWantsKeyboardFocus (false);
-    setMouseClickGrabsKeyboardFocus (false);
+    setOpen (false);
+    setOnlyLeftButton (true);
+    setTriggeredOnMouseDown (true);
     setBounds (style::Theme::get().headerTools.menu);
+    list.onOpenChanged = [this] { setOpen (list.isOpen()); };
     refreshEnablement();
-}
-
-MenuControl::~MenuControl()
-{
-    closePopup();
 }
 
 void MenuControl::setItems (std::vector<MenuItem> newItems)
 {
     items = cleanedMenuItems (std::move (newItems));
     refreshEnablement();
-
-    if (items.empty())
-    {
-        closePopup();
-    }
-    else if (popup != nullptr)
-    {
-        popup->setItems (items);
-        placePopup();
-    }
+    list.setItems (makeRows());
 }
 
 void MenuControl::setItemHandler (ItemHandler newHandler)
@@ -63,131 +35,66 @@ void MenuControl::setItemHandler (ItemHandler newHandler)
     refreshEnablement();
 }
 
-void MenuControl::setScale (float newScale)
-{
-    if (newScale == scale || ! (newScale > 0.0f))
-        return;
-
-    scale = newScale;
-    placePopup();
-}
-
 void MenuControl::refreshEnablement()
 {
     setEnabled (! items.empty() && handler != nullptr);
 }
 
-float MenuControl::listScale (float buttonScale)
+std::vector<primitives::ListItem> MenuControl::makeRows()
 {
-    return std::max (buttonScale, style::Theme::get().menu.minimumScale);
+    using RowKind = primitives::ListItem::Kind;
+    std::vector<primitives::ListItem> rows;
+    juce::String section;
+
+    for (const auto& item : items)
+    {
+        const auto isSeparator = item.kind == MenuItem::Kind::separator;
+
+        if (item.section != section)
+        {
+            section = item.section;
+
+            if (section.isNotEmpty())
+                rows.push_back (primitives::ListItem::headed (section));
+            else if (! isSeparator)
+                rows.push_back (primitives::ListItem::separating());
+        }
+
+        auto& row = rows.emplace_back();
+        row.text = item.text;
+        row.choose = [this, item] { choose (item); };
+        row.kind = isSeparator                     ? RowKind::separator
+            : item.kind == MenuItem::Kind::heading ? RowKind::heading
+                                                   : RowKind::choice;
+        row.isEnabled = row.kind != RowKind::choice || item.isChoosable();
+        row.help = item.tooltip;
+
+        if (item.kind == MenuItem::Kind::link)
+            row.sign = toolIconShape (ToolIcon::externalLink);
+    }
+
+    return rows;
 }
 
 void MenuControl::openPopup()
 {
-    auto& window = windowContentOf (*this);
-
-    if (popup != nullptr || ! isEnabled() || &window == this)
-        return;
-
-    popup = std::make_unique<Popup>();
-    popup->setItems (items);
-    popup->onChosen = [this] (int index) { choose (index); };
-    popup->onDismissed = [this] { closePopup(); };
-    popup->onParentResized = [this] { placePopup(); };
-    window.addAndMakeVisible (*popup);
-    placePopup();
-    repaint();
-    keyboard.take (*popup);
+    if (isEnabled())
+        list.open (makeRows());
 }
 
-void MenuControl::closePopup()
+void MenuControl::choose (const MenuItem& item)
 {
-    if (popup == nullptr)
-        return;
-
-    const auto closed = std::exchange (popup, nullptr);
-    keyboard.giveBack (*closed);
-    hovered = isMouseOver();
-    repaint();
-}
-
-void MenuControl::placePopup()
-{
-    if (popup == nullptr || popup->getParentComponent() == nullptr || getWidth() <= 0)
-        return;
-
-    popup->setBounds (popup->getParentComponent()->getLocalBounds());
-
-    const auto button = popup->getLocalArea (this, getLocalBounds().toFloat());
-    const auto contentScale = button.getWidth() / static_cast<float> (getWidth());
-    popup->placeBeside (button, listScale (contentScale * scale));
-}
-
-void MenuControl::choose (int index)
-{
-    if (index < 0 || index >= static_cast<int> (items.size()))
-        return;
-
-    // Copies: the handler may replace the items, or delete this control.
-    const auto item = items[static_cast<std::size_t> (index)];
-    const auto chosen = handler;
-    closePopup();
-
-    if (chosen != nullptr)
+    // A copy: the handler may replace itself, or delete this control.
+    if (const auto chosen = handler; chosen != nullptr)
         chosen (item);
 }
 
-void MenuControl::paint (juce::Graphics& g)
+void MenuControl::paintFace (juce::Graphics& g, const ButtonLook& look) const
 {
-    ButtonLook look;
-    look.enabled = isEnabled();
-    look.on = popup != nullptr;
-    look.hovered = hovered;
-    paintToolPlate (g, getLocalBounds(), look);
+    auto plate = look;
+    plate.on = isOpen();
+    paintToolPlate (g, getLocalBounds(), plate);
     drawToolIcon (g, ToolIcon::menu, getLocalBounds().withSizeKeepingCentre (20, 20).toFloat());
-}
-
-void MenuControl::mouseEnter (const juce::MouseEvent&)
-{
-    if (! std::exchange (hovered, true))
-        repaint();
-}
-
-void MenuControl::mouseExit (const juce::MouseEvent&)
-{
-    if (std::exchange (hovered, false))
-        repaint();
-}
-
-void MenuControl::mouseDown (const juce::MouseEvent& event)
-{
-    if (event.mods.isLeftButtonDown())
-        openPopup();
-}
-
-void MenuControl::enablementChanged()
-{
-    repaint();
-}
-
-void MenuControl::visibilityChanged()
-{
-    if (! isVisible())
-        closePopup();
-}
-
-void MenuControl::parentHierarchyChanged()
-{
-    if (popup != nullptr && popup->getParentComponent() != &windowContentOf (*this))
-        closePopup();
-}
-
-std::unique_ptr<juce::AccessibilityHandler> MenuControl::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::button,
-        juce::AccessibilityActions()
-            .addAction (juce::AccessibilityActionType::press, [this] { openPopup(); })
-            .addAction (juce::AccessibilityActionType::showMenu, [this] { openPopup(); }));
 }
 
 } // namespace quillon::ui_pro::controls

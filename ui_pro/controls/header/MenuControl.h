@@ -1,25 +1,22 @@
 #pragma once
 
 #include "ui_pro/controls/header/MenuItem.h"
-#include "ui_pro/controls/header/MenuPopup.h"
-#include "ui_pro/primitives/KeyboardLoan.h"
+#include "ui_pro/primitives/DropDownList.h"
+#include "ui_pro/primitives/FaceButton.h"
 
 namespace quillon::ui_pro::controls
 {
 
-/** The header's menu button. Its list opens as a child of the window's content, above everything in it, and never
-    leaves it, whatever the scale of the content that the button is in. Disabled without items or handler. Message
-    thread. */
-class MenuControl final : public juce::Component, public juce::SettableTooltipClient
+/** The header's menu button and its list. Disabled without items or handler. Message thread. */
+class MenuControl final : public primitives::FaceButton
 {
 public:
-    using Popup = MenuPopup;
+    using Popup = primitives::DropDownList;
 
     /** Receives the chosen item, after the list has closed. */
     using ItemHandler = std::function<bool (const MenuItem&)>;
 
     MenuControl();
-    ~MenuControl() override;
 
     /** Replaces the items; an open list shows the new ones, or closes if there is none. */
     void setItems (std::vector<MenuItem> newItems);
@@ -29,37 +26,27 @@ public:
     void setItemHandler (ItemHandler newHandler);
 
     /** Enlarges the list relative to the button; 1 by default. */
-    void setScale (float newScale);
-
-    /** Window pixels per design pixel of the list, for those of the button: in a small window it stays readable. */
-    static float listScale (float buttonScale);
+    void setScale (float newScale) { list.setScale (newScale); }
 
     void openPopup();
-    void closePopup();
+
+    void closePopup() { list.close(); }
 
     /** The open list, or null. */
-    Popup* getPopup() const { return popup.get(); }
+    Popup* getPopup() { return list.isOpen() ? &list : nullptr; }
 
-    void paint (juce::Graphics& g) override;
-    void mouseEnter (const juce::MouseEvent& event) override;
-    void mouseExit (const juce::MouseEvent& event) override;
-    void mouseDown (const juce::MouseEvent& event) override;
-    void enablementChanged() override;
-    void visibilityChanged() override;
-    void parentHierarchyChanged() override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+    void paintFace (juce::Graphics& g, const ButtonLook& look) const override;
+
+    void clicked() override { openPopup(); }
 
 private:
-    void placePopup();
-    void choose (int index);
+    std::vector<primitives::ListItem> makeRows();
+    void choose (const MenuItem& item);
     void refreshEnablement();
 
     std::vector<MenuItem> items;
     ItemHandler handler;
-    float scale = 1.0f;
-    bool hovered = false;
-    std::unique_ptr<Popup> popup;
-    primitives::KeyboardLoan keyboard;
+    Popup list;
 };
 
 } // namespace quillon::ui_pro::controls

@@ -9,9 +9,8 @@ namespace quillon::ui_pro::controls
 {
 
 UndoRedoControl::UndoRedoControl()
-    : ToolPair ("Undo and redo", style::Theme::get().headerTools.undoRedo, ActsOn::click)
+    : ToolPair ("Undo and redo", style::Theme::get().headerTools.undoRedo, "Undo", "Redo")
 {
-    describeParts ("Undo", "Redo", false);
     refresh();
 }
 
@@ -23,8 +22,8 @@ void UndoRedoControl::setActions (UndoActions newActions)
 
 void UndoRedoControl::refresh()
 {
-    setPartEnabled (Part::first, isAvailable (actions.undo, actions.canUndo));
-    setPartEnabled (Part::second, isAvailable (actions.redo, actions.canRedo));
+    getButton (Part::first).setEnabled (isAvailable (actions.undo, actions.canUndo));
+    getButton (Part::second).setEnabled (isAvailable (actions.redo, actions.canRedo));
 }
 
 void UndoRedoControl::undo()
@@ -41,7 +40,7 @@ void UndoRedoControl::act (Part part)
 {
     refresh();
 
-    if (! isPartEnabled (part))
+    if (! getButton (part).isEnabled())
         return;
 
     if (part == Part::first)
@@ -58,7 +57,8 @@ juce::String UndoRedoControl::tooltipOf (Part part) const
     return name != nullptr ? name() : juce::String();
 }
 
-void UndoRedoControl::paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook&) const
+void UndoRedoControl::paintPart (
+    juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook&) const
 {
     drawToolIcon (
         g, part == Part::first ? ToolIcon::undo : ToolIcon::redo, area.withSizeKeepingCentre (20, 20).toFloat());

@@ -21,12 +21,13 @@ public:
     void undo();
     void redo();
 
-    bool isUndoEnabled() const { return isPartEnabled (Part::first); }
+    bool isUndoEnabled() const { return getButton (Part::first).isEnabled(); }
 
-    bool isRedoEnabled() const { return isPartEnabled (Part::second); }
+    bool isRedoEnabled() const { return getButton (Part::second).isEnabled(); }
 
 protected:
-    void paintPart (juce::Graphics& g, juce::Rectangle<int> area, Part part, const ButtonLook& look) const override;
+    void paintPart (
+        juce::Graphics& g, juce::Rectangle<int> area, Part part, const primitives::ButtonLook& look) const override;
     void act (Part part) override;
     juce::String tooltipOf (Part part) const override;
 

@@ -13,6 +13,7 @@ namespace
 
 constexpr int captionX = 4;
 constexpr int captionWidth = 36;
+constexpr int captionGap = 2; // before the meter
 constexpr int meterX = 46;
 constexpr int besideMeter = 88; // of the width
 constexpr int readoutGap = 6;
@@ -90,23 +91,23 @@ void MeterPair::paint (juce::Graphics& g)
     staticLayer.draw (g, *this, [this] (juce::Graphics& layer) { paintStaticLayer (layer); });
 
     g.setColour (style::Theme::palette().textSecondary);
-    g.setFont (style::regularFont (style::Theme::get().meter.readoutSize));
+    g.setFont (style::regularFont (primitives::PixelGrid::of (g).legible (style::Theme::get().meter.readoutSize)));
 
     for (int i = 0; i < 2; ++i)
         if (const auto box = getReadoutBounds (i); g.clipRegionIntersects (box))
-            g.drawText (getReadout (i), box, juce::Justification::centredLeft, false);
+            g.drawFittedText (getReadout (i), box, juce::Justification::centredLeft, 1, 0.8f);
 }
 
 void MeterPair::paintStaticLayer (juce::Graphics& g) const
 {
-    g.setFont (style::boldFont (style::Theme::get().meter.captionSize));
+    g.setFont (style::boldFont (primitives::PixelGrid::of (g).legible (style::Theme::get().meter.captionSize)));
 
     for (int i = 0; i < 2; ++i)
     {
         SmallMeter::paintTrough (g, getMeter (i).getBounds().toFloat());
         g.setColour (style::Theme::palette().textPrimary);
-        g.drawFittedText (rows[static_cast<std::size_t> (i)].caption, getCaptionBounds (i),
-            juce::Justification::centredLeft, 1, 0.7f);
+        g.drawFittedText (rows[static_cast<std::size_t> (i)].caption,
+            getCaptionBounds (i).withTrimmedRight (captionGap), juce::Justification::centredLeft, 1, 0.7f);
     }
 }
 

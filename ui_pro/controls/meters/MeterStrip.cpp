@@ -13,15 +13,17 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int numSegments = 32;
-constexpr float gapFromPitch = 4.0f;
+constexpr int stripSegments = 32;
+constexpr float stripGapFromPitch = 4.0f;
 constexpr float largestReductionDb = 36.0f;
 constexpr float smallestReductionStepDb = 0.01f;
+constexpr float narrowestTitle = 0.75f; // of its natural width, before it becomes smaller
+constexpr int markGap = 3;              // between the bars and the widest mark
 constexpr int marks[] = { 12, 0, -12, -24, -36, -48 };
 
 SegmentedBar makeBar (SegmentedBar::Growth growth)
 {
-    return { numSegments, gapFromPitch, growth };
+    return { stripSegments, stripGapFromPitch, growth };
 }
 
 juce::String markText (int db)
@@ -112,8 +114,9 @@ void MeterStrip::resized()
 
 MeterStrip::LitCounts MeterStrip::countLit() const
 {
-    return { litSegments (meterFraction (levelDbL), numSegments), litSegments (meterFraction (levelDbR), numSegments),
-        litSegments (gainReductionDb / largestReductionDb, numSegments) };
+    return { litSegments (meterFraction (levelDbL), stripSegments),
+        litSegments (meterFraction (levelDbR), stripSegments),
+        litSegments (gainReductionDb / largestReductionDb, stripSegments) };
 }
 
 void MeterStrip::repaintChangedSegments()
@@ -146,20 +149,39 @@ void MeterStrip::paintStaticLayer (juce::Graphics& g) const
     g.setColour (tokens.trough);
     g.fillRoundedRectangle (layout.group.toFloat().expanded (tokens.stripTroughMargin), tokens.troughRadius);
 
-    g.setFont (style::boldFont (tokens.titleSize));
-    const juce::String titles[] = { labelL, labelR, "GR" };
+    const auto pixels = primitives::PixelGrid::of (g, *this);
+    const std::array<juce::String, 3> titles { labelL, labelR, "GR" };
+    g.setFont (style::boldFont (getTitleSize (titles, pixels.legible (tokens.titleSize))));
 
     for (int i = 0; i < layout.numBars; ++i)
     {
         bars[static_cast<std::size_t> (i)].paintUnlit (g);
         g.setColour (style::Theme::palette().textPrimary);
-        g.drawFittedText (titles[i], layout.getTitle (i), juce::Justification::centred, 1, 0.5f);
+        g.drawFittedText (
+            titles[static_cast<std::size_t> (i)], layout.getTitle (i), juce::Justification::centred, 1, 0.5f);
     }
 
-    g.setFont (style::regularFont (tokens.scaleSize));
+    g.setFont (style::regularFont (pixels.legible (tokens.scaleSize)));
 
     for (const auto db : marks)
-        g.drawText (markText (db), layout.getMark (static_cast<float> (db)), juce::Justification::centredRight, false);
+        g.drawFittedText (markText (db),
+            layout.getMark (static_cast<float> (db)).toNearestInt().withTrimmedLeft (markGap),
+            juce::Justification::centredRight, 1, 0.8f);
+}
+
+float MeterStrip::getTitleSize (const std::array<juce::String, 3>& titles, float wanted) const
+{
+    auto size = wanted;
+
+    for (int i = 0; i < layout.numBars; ++i)
+    {
+        const auto width =
+            juce::GlyphArrangement::getStringWidth (style::boldFont (wanted), titles[static_cast<std::size_t> (i)]);
+        const auto room = static_cast<float> (layout.getTitle (i).getWidth()) / narrowestTitle;
+        size = std::min (size, wanted * room / std::max (width, 1.0f));
+    }
+
+    return std::max (size, std::min (wanted, style::Theme::get().meter.titleSize));
 }
 
 juce::String MeterStrip::spokenValue() const

@@ -50,7 +50,7 @@ juce::Rectangle<float> MeterStripLayout::getMark (float db) const
 
 juce::Rectangle<int> MeterStripLayout::getTitle (int bar) const
 {
-    const auto column = bars[static_cast<std::size_t> (bar)].expanded (barGap / 2, 0);
+    const auto column = bars[static_cast<std::size_t> (bar)].expanded (barGap / 2 - 1, 0); // neighbours stay apart
     return titleBand.withX (column.getX()).withWidth (column.getWidth());
 }
 

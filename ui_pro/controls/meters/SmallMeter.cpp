@@ -11,13 +11,13 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int numSegments = 24;
-constexpr float gapFromPitch = 3.0f;
+constexpr int smallSegments = 24;
+constexpr float smallGapFromPitch = 3.0f;
 
 } // namespace
 
 SmallMeter::SmallMeter()
-    : bar (numSegments, gapFromPitch, SegmentedBar::Growth::right)
+    : bar (smallSegments, smallGapFromPitch, SegmentedBar::Growth::right)
 {
     setTitle ("Level");
 }
@@ -28,7 +28,7 @@ void SmallMeter::setLevel (float linear)
     levelDb = nextMeterLevel (levelDb, toDb (linear), secondsBetween (lastUpdateMs, now));
     lastUpdateMs = now;
 
-    const auto before = std::exchange (lit, litSegments (meterFraction (levelDb), numSegments));
+    const auto before = std::exchange (lit, litSegments (meterFraction (levelDb), smallSegments));
 
     if (before != lit)
         repaint (bar.getChangedArea (before, lit));

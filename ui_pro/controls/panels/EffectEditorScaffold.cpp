@@ -1,5 +1,8 @@
 #include "ui_pro/controls/panels/EffectEditorScaffold.h"
 
+#include "ui_pro/controls/buttons/LaneEnableAttachment.h"
+#include "ui_pro/controls/knob/KnobAttachment.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -21,6 +24,17 @@ int countLanes (const ParameterIds& ids)
         --count;
 
     return count;
+}
+
+/** Appends to what a click does. */
+void addClickAction (juce::Button& button, std::function<void()> action)
+{
+    if (action != nullptr)
+        button.onClick = [previous = std::move (button.onClick), action = std::move (action)]
+        {
+            juce::NullCheckedInvocation::invoke (previous);
+            action();
+        };
 }
 
 } // namespace
@@ -61,12 +75,7 @@ EffectEditorScaffold::EffectEditorScaffold (juce::AudioProcessorValueTreeState& 
 
 EffectEditorScaffold::~EffectEditorScaffold()
 {
-    for (auto* section : { &globalPanel.getInput(), &globalPanel.getOutput(), &inputOutputPanel.getInput(),
-             &inputOutputPanel.getOutput() })
-    {
-        section->getGain1().endDrag();
-        section->getGain2().endDrag();
-    }
+    gainSlots = {}; // ends what is dragged
 
     while (openGestures > 0)
         endGesture();
@@ -79,44 +88,9 @@ void EffectEditorScaffold::wireKnob (const char* paramId, KnobControl& knob, Kno
     if (parameter == nullptr)
         return;
 
-    knob.endDrag(); // by the attachment that began it
-    slot = std::make_unique<juce::ParameterAttachment> (
-        *parameter,
-        [parameter, &knob] (float newValue)
-        {
-            const auto position = parameter->convertTo0to1 (newValue);
-            knob.setValue (position);
-            knob.setValueText (parameter->getText (position, 0));
-        },
-        undoManager);
-
-    auto* const attachment = slot.get();
-    const auto refreshText = [parameter, &knob] { knob.setValueText (parameter->getCurrentValueAsText()); };
-
-    knob.onDragStart = [this, attachment]
-    {
-        beginGesture();
-        attachment->beginGesture();
-    };
-    knob.onValueChange = [parameter, attachment, refreshText] (float position)
-    {
-        attachment->setValueAsPartOfGesture (parameter->convertFrom0to1 (position));
-        refreshText();
-    };
-    knob.onDragEnd = [this, attachment]
-    {
-        attachment->endGesture();
-        endGesture();
-    };
-    knob.onDoubleClick = [this, parameter, attachment, refreshText]
-    {
-        beginGesture();
-        attachment->setValueAsCompleteGesture (parameter->convertFrom0to1 (parameter->getDefaultValue()));
-        endGesture();
-        refreshText();
-    };
-
-    attachment->sendInitialUpdate();
+    slot.reset(); // ends a drag that it began
+    slot = std::make_unique<KnobAttachment> (*parameter, knob,
+        primitives::GestureHooks { [this] { beginGesture(); }, [this] { endGesture(); } }, undoManager);
 }
 
 void EffectEditorScaffold::wireBoolButton (
@@ -130,13 +104,7 @@ void EffectEditorScaffold::wireBoolButton (
     button.setClickingTogglesState (true);
     bracketClicks (button);
     slot = std::make_unique<juce::ButtonParameterAttachment> (*parameter, button, undoManager);
-
-    if (onChange != nullptr)
-        button.onClick = [previous = std::move (button.onClick), change = std::move (onChange)]
-        {
-            juce::NullCheckedInvocation::invoke (previous);
-            change();
-        };
+    addClickAction (button, std::move (onChange));
 }
 
 void EffectEditorScaffold::wireLaneEnableButton (
@@ -147,22 +115,9 @@ void EffectEditorScaffold::wireLaneEnableButton (
     if (parameter == nullptr)
         return;
 
-    button.setClickingTogglesState (true);
     bracketClicks (button);
-    slot = std::make_unique<juce::ParameterAttachment> (
-        *parameter,
-        [parameter, &button] (float newValue)
-        { button.setToggleState (parameter->convertTo0to1 (newValue) < 0.5f, juce::dontSendNotification); },
-        undoManager);
-    slot->sendInitialUpdate();
-
-    button.onClick = [parameter, attachment = slot.get(), &button, previous = std::move (button.onClick),
-                         change = std::move (onChange)]
-    {
-        juce::NullCheckedInvocation::invoke (previous);
-        attachment->setValueAsCompleteGesture (parameter->convertFrom0to1 (button.getToggleState() ? 0.0f : 1.0f));
-        juce::NullCheckedInvocation::invoke (change);
-    };
+    slot = std::make_unique<LaneEnableAttachment> (*parameter, button, undoManager);
+    addClickAction (button, std::move (onChange));
 }
 
 void EffectEditorScaffold::wireMsModeButton()
@@ -229,7 +184,7 @@ void EffectEditorScaffold::wireSection (
 
 void EffectEditorScaffold::bracketClicks (juce::Button& button)
 {
-    if (auto* const face = dynamic_cast<FaceButton*> (&button))
+    if (auto* const face = dynamic_cast<primitives::FaceButton*> (&button))
     {
         face->onGestureStart = [this] { beginGesture(); };
         face->onGestureEnd = [this] { endGesture(); };

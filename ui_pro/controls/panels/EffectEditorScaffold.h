@@ -34,8 +34,8 @@ public:
     std::function<void()> onLinkChanged;
     std::function<void()> onMsModeChanged;
 
-    /** Connects a knob; nothing happens for a null or unknown identifier. The slot takes the attachment and must go
-        before the knob; the scaffold must outlive both. The same holds for the next two. */
+    /** Connects a knob, as KnobAttachment does; a null or unknown identifier connects nothing. The slot takes the
+        attachment and must go before the knob; the scaffold must outlive both. The same holds for the next two. */
     void wireKnob (const char* paramId, KnobControl& knob, std::unique_ptr<juce::ParameterAttachment>& slot);
 
     /** Connects a toggle that is on at 0.5 or more. The button's click action becomes its previous one followed by
@@ -43,8 +43,7 @@ public:
     void wireBoolButton (const char* paramId, juce::Button& button,
         std::unique_ptr<juce::ButtonParameterAttachment>& slot, std::function<void()> onChange = {});
 
-    /** Connects a toggle to a bypass parameter: on while the value is below 0.5. Changes from outside run no click
-        action. */
+    /** Connects a toggle to a bypass parameter, as LaneEnableAttachment does; onChange as above. */
     void wireLaneEnableButton (const char* paramId, juce::Button& button,
         std::unique_ptr<juce::ParameterAttachment>& slot, std::function<void()> onChange = {});
 

@@ -1,6 +1,9 @@
 #include "ui_pro/controls/panels/LaneModeSelector.h"
 
 #include "ui_pro/style/Fonts.h"
+#include "ui_pro/style/Theme.h"
+
+#include <utility>
 
 namespace quillon::ui_pro::controls
 {
@@ -13,8 +16,14 @@ constexpr int chevronWidth = 8;
 } // namespace
 
 LaneModeSelector::LaneModeSelector (juce::Colour accentColour)
-    : FaceButton ("Channel mode", accentColour)
+    : FaceButton ("Channel mode", accentColour),
+      list (*this, style::Theme::get().choices)
 {
+    setTitle ("Channel mode");
+    setRole (juce::AccessibilityRole::comboBox);
+    setOpen (false);
+    valueText = [this] { return getButtonText(); };
+    list.onOpenChanged = [this] { setOpen (list.isOpen()); };
     setMode (LaneMode::stereo);
 }
 
@@ -40,17 +49,18 @@ void LaneModeSelector::choose (LaneMode chosen)
 
 void LaneModeSelector::clicked()
 {
-    juce::PopupMenu menu;
+    std::vector<primitives::ListItem> rows;
 
     for (std::size_t i = 0; i < laneModeTexts.size(); ++i)
-        menu.addItem (static_cast<int> (i) + 1, laneModeTexts[i], true, static_cast<LaneMode> (i) == mode);
+    {
+        const auto offered = static_cast<LaneMode> (i);
+        auto& row = rows.emplace_back();
+        row.text = laneModeTexts[i];
+        row.choose = [this, offered] { choose (offered); };
+        row.isTicked = offered == mode;
+    }
 
-    menu.showMenuAsync (juce::PopupMenu::Options().withTargetComponent (this),
-        [self = juce::Component::SafePointer<LaneModeSelector> (this)] (int item)
-        {
-            if (self != nullptr && item > 0)
-                self->choose (static_cast<LaneMode> (item - 1));
-        });
+    list.open (std::move (rows));
 }
 
 void LaneModeSelector::paintFace (juce::Graphics& g, const ButtonLook& look) const
@@ -72,7 +82,7 @@ void LaneModeSelector::paintFace (juce::Graphics& g, const ButtonLook& look) con
 
 void LaneModeSelector::internalClickCallback (const juce::ModifierKeys& modifiers)
 {
-    juce::Button::internalClickCallback (modifiers); // opens a menu; the gesture is the choice from it
+    juce::Button::internalClickCallback (modifiers); // opens the list; the gesture is the choice from it
 }
 
 } // namespace quillon::ui_pro::controls

@@ -52,35 +52,8 @@ struct Action
     juce::Rectangle<int> area;
 };
 
-/** In the order in which they are hit-tested; made on first use. */
+/** Made on first use. */
 const std::array<Action, 7>& actions();
-
-/** The text of the action whose button holds a point; right and bottom edges are outside. Empty for none. */
-juce::String actionAt (juce::Point<int> point);
-
-enum class Target
-{
-    none,
-    close,
-    collection, // index 0 to 4
-    row,        // index counted from the table's top
-    action,     // index into actions()
-    filters,    // the bar's own buttons
-    category,
-    author,
-    sort
-};
-
-struct Hit
-{
-    Target target = Target::none;
-    int index = 0;
-
-    bool operator== (const Hit&) const = default;
-};
-
-/** What a click at a point means. */
-Hit hitAt (juce::Point<int> point);
 
 /** Scrolls a list as little as needed to show a line of it: returns the new first line. `capacity` is how many whole
     lines fit. */

@@ -13,45 +13,9 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-using Look = PresetBrowserTarget::Look;
-using presets::Hit;
-
-constexpr int firstCollection = 5; // in the list of targets
-constexpr int firstAction = firstCollection + PresetLibrary::numCollections;
+using Look = PresetButton::Look;
 
 constexpr float wheelTravelPerRow = 0.12f; // of a wheel without notches
-
-/** Where a hit's button stands in the list of targets; -1 when it is no button. */
-int placeOf (Hit hit)
-{
-    switch (hit.target)
-    {
-        case presets::Target::filters:
-            return 0;
-        case presets::Target::category:
-            return 1;
-        case presets::Target::author:
-            return 2;
-        case presets::Target::sort:
-            return 3;
-        case presets::Target::close:
-            return 4;
-        case presets::Target::collection:
-            return firstCollection + hit.index;
-        case presets::Target::action:
-            return firstAction + hit.index;
-        case presets::Target::row:
-        case presets::Target::none:
-            break;
-    }
-    return -1;
-}
-
-/** Edges count exactly, whatever the scale: a point is in the design pixel that it lies in. */
-juce::Point<int> pixelOf (const juce::MouseEvent& event)
-{
-    return { static_cast<int> (std::floor (event.position.x)), static_cast<int> (std::floor (event.position.y)) };
-}
 
 } // namespace
 
@@ -67,10 +31,11 @@ PresetSelector::BrowserPopup::BrowserPopup (PresetSelector& owner)
     search.onKey = [this] (const juce::KeyPress& key) { return keyPressed (key); };
     search.onEdit = [this] (const juce::String& text) { selector.setSearchText (text); };
     addAndMakeVisible (search);
-    addTargets();
+    addButtons();
 
     table.setBounds (presets::table);
     table.onPick = [this] (int id) { selector.select (id); };
+    table.onLoad = [this] (int id) { selector.load (id); }; // deletes this
     addAndMakeVisible (table);
 
     status.setBounds (presets::statusLine);
@@ -85,39 +50,62 @@ PresetSelector::BrowserPopup::BrowserPopup (PresetSelector& owner)
 
 PresetSelector::BrowserPopup::~BrowserPopup() = default;
 
-void PresetSelector::BrowserPopup::addTargets()
+PresetSelector::BrowserPopup::Button PresetSelector::BrowserPopup::makeButton (Look look, const juce::String& title,
+    const juce::String& text, juce::Rectangle<int> area, std::function<void()> action)
 {
-    const auto add =
-        [this] (Look look, Hit hit, const juce::String& text, const juce::String& title, juce::Rectangle<int> area)
+    auto button = std::make_unique<PresetButton> (look, title, text);
+    button->setWantsKeyboardFocus (true);
+    button->setBounds (area);
+    button->onClick = [action = std::move (action)]
     {
-        auto& target = *targets.emplace_back (std::make_unique<PresetBrowserTarget> (look, text, title));
-        target.setBounds (area);
-        target.onPress = [this, hit] { run (hit); };
-        addAndMakeVisible (target);
+        const auto copy = action; // since it may delete the browser
+        copy();
     };
+    addAndMakeVisible (*button);
+    return button;
+}
 
-    add (Look::button, { Target::filters }, "FILTER", "Filter", presets::filterButton);
-    add (Look::chooser, { Target::category }, {}, {}, presets::categoryFilter);
-    add (Look::chooser, { Target::author }, {}, {}, presets::authorFilter);
-    add (Look::button, { Target::sort }, {}, {}, presets::sortToggle);
-    add (Look::button, { Target::close }, "X", "Close", presets::closeButton);
+void PresetSelector::BrowserPopup::addButtons()
+{
+    addFilter (both, Look::button, "Filter", presets::filterButton);
+    addFilter (category, Look::chooser, "Category", presets::categoryFilter);
+    addFilter (author, Look::chooser, "Author", presets::authorFilter);
+    filters[both]->setButtonText ("FILTER");
+    filters[category]->valueText = [this] { return selector.getLibrary().getCategoryFilter(); };
+    filters[author]->valueText = [this] { return selector.getLibrary().getAuthorFilter(); };
+
+    sort = makeButton (Look::button, {}, {}, presets::sortToggle,
+        [this] { selector.setSortDescending (! selector.getLibrary().isSortDescending()); });
+    closer = makeButton (Look::button, "Close", "X", presets::closeButton, [this] { selector.closeBrowser(); });
 
     for (int i = 0; i < PresetLibrary::numCollections; ++i)
     {
         const auto name = PresetLibrary::collectionName (i);
-        add (Look::tab, { Target::collection, i }, name, name, presets::collectionRows[static_cast<std::size_t> (i)]);
+        collections.push_back (makeButton (Look::tab, name, name, presets::collectionRows[static_cast<std::size_t> (i)],
+            [this, i] { selector.setCollection (i); }));
     }
 
-    for (int i = 0; i < static_cast<int> (presets::actions().size()); ++i)
-    {
-        const auto& action = presets::actions()[static_cast<std::size_t> (i)];
-        add (i == 0 ? Look::primary : Look::button, { Target::action, i }, action.label, action.text, action.area);
-    }
+    for (const auto& action : presets::actions())
+        actions.push_back (makeButton (actions.empty() ? Look::primary : Look::button, action.text, action.label,
+            action.area, [this, &action] { selector.runAction (action.text); }));
 }
 
-PresetBrowserTarget& PresetSelector::BrowserPopup::button (Target target, int index)
+void PresetSelector::BrowserPopup::addFilter (Filter filter, Look look, const char* title, juce::Rectangle<int> area)
 {
-    return *targets[static_cast<std::size_t> (placeOf ({ target, index }))];
+    auto& list = filterLists[filter];
+    auto& button = filters[filter];
+    const auto open = [this, filter]
+    { filterLists[filter]->open (presets::filterChoices (selector, filter != author, filter != category)); };
+    button = makeButton (look, title, {}, area, open);
+    list = std::make_unique<primitives::DropDownList> (*button, style::Theme::get().choices);
+    list->onOpenChanged = [this, filter] { filters[filter]->setOpen (filterLists[filter]->isOpen()); };
+    button->setOpen (false);
+}
+
+void PresetSelector::BrowserPopup::closeLists()
+{
+    for (auto& list : filterLists)
+        list->close();
 }
 
 void PresetSelector::BrowserPopup::refresh()
@@ -127,21 +115,21 @@ void PresetSelector::BrowserPopup::refresh()
     if (search.getText() != shown.getSearchText())
         search.setText (shown.getSearchText(), false);
 
-    button (Target::filters).setActive (shown.isFiltered());
-    auto& category = button (Target::category);
-    category.setText ("Category: " + shown.getCategoryFilter());
-    category.setActive (shown.getCategoryFilter() != "All");
-    auto& author = button (Target::author);
-    author.setText ("Author: " + shown.getAuthorFilter());
-    author.setActive (shown.getAuthorFilter() != "All");
-    button (Target::sort).setText (shown.isSortDescending() ? "Sort: Z -> A" : "Sort: A -> Z");
+    const auto showFilter = [this] (Filter filter, const juce::String& caption, const juce::String& value)
+    {
+        filters[filter]->setButtonText (caption + value);
+        filters[filter]->setToggleState (value != "All", juce::dontSendNotification);
+    };
+    showFilter (category, "Category: ", shown.getCategoryFilter());
+    showFilter (author, "Author: ", shown.getAuthorFilter());
+    filters[both]->setToggleState (shown.isFiltered(), juce::dontSendNotification);
+    sort->setButtonText (shown.isSortDescending() ? "Sort: Z -> A" : "Sort: A -> Z");
 
-    for (int i = 0; i < PresetLibrary::numCollections; ++i)
-        button (Target::collection, i).setActive (i == shown.getCollection());
+    for (std::size_t i = 0; i < collections.size(); ++i)
+        collections[i]->setToggleState (static_cast<int> (i) == shown.getCollection(), juce::dontSendNotification);
 
-    for (int i = 0; i < static_cast<int> (presets::actions().size()); ++i)
-        button (Target::action, i)
-            .setEnabled (selector.canRunAction (presets::actions()[static_cast<std::size_t> (i)].text));
+    for (std::size_t i = 0; i < actions.size(); ++i)
+        actions[i]->setEnabled (selector.canRunAction (presets::actions()[i].text));
 
     table.show (shown);
     status.show (shown);
@@ -194,65 +182,8 @@ void PresetSelector::BrowserPopup::paint (juce::Graphics& g)
     background.draw (g, *this, presets::drawBrowserBackground);
 }
 
-void PresetSelector::BrowserPopup::setHovered (Hit hit)
-{
-    if (hit == hovered)
-        return;
-
-    for (const auto& [place, isOver] : { std::pair { placeOf (hovered), false }, { placeOf (hit), true } })
-        if (place >= 0)
-            targets[static_cast<std::size_t> (place)]->setHovered (isOver);
-
-    hovered = hit;
-
-    table.setHoveredRow (hit.target == Target::row ? hit.index : -1);
-}
-
-void PresetSelector::BrowserPopup::mouseMove (const juce::MouseEvent& event)
-{
-    setHovered (presets::hitAt (pixelOf (event)));
-}
-
-void PresetSelector::BrowserPopup::mouseExit (const juce::MouseEvent&)
-{
-    setHovered ({});
-}
-
-void PresetSelector::BrowserPopup::mouseDown (const juce::MouseEvent& event)
-{
-    const auto hit = presets::hitAt (pixelOf (event));
-
-    if (menu != nullptr && hit.target != menuOpener)
-        closeMenu();
-
-    if (hit.target == Target::action || hit.target == Target::sort || hit.target == Target::close)
-    {
-        pressed = &button (hit.target, hit.index);
-        pressed->setPressed (true);
-    }
-
-    run (hit); // may delete this
-}
-
-void PresetSelector::BrowserPopup::mouseUp (const juce::MouseEvent&)
-{
-    if (auto* released = std::exchange (pressed, nullptr))
-        released->setPressed (false);
-}
-
-void PresetSelector::BrowserPopup::mouseDoubleClick (const juce::MouseEvent& event)
-{
-    const auto hit = presets::hitAt (pixelOf (event));
-
-    if (hit.target == Target::row)
-        if (const auto id = table.idAt (hit.index); id >= 0)
-            selector.load (id); // deletes this
-}
-
 void PresetSelector::BrowserPopup::mouseWheelMove (const juce::MouseEvent&, const juce::MouseWheelDetails& wheel)
 {
-    closeMenu();
-
     if (! wheel.isSmooth)
     {
         if (wheel.deltaY != 0.0f)
@@ -269,9 +200,6 @@ void PresetSelector::BrowserPopup::mouseWheelMove (const juce::MouseEvent&, cons
 
 bool PresetSelector::BrowserPopup::keyPressed (const juce::KeyPress& key)
 {
-    if (menu != nullptr)
-        return menu->keyPressed (key);
-
     if (key == juce::KeyPress::upKey)
         selector.moveSelection (-1);
     else if (key == juce::KeyPress::downKey)
@@ -284,81 +212,13 @@ bool PresetSelector::BrowserPopup::keyPressed (const juce::KeyPress& key)
         selector.load (selector.getLibrary().getSelectedId()); // deletes this
     else if (key == juce::KeyPress::escapeKey)
         selector.closeBrowser(); // deletes this
+    else if (auto* focused = dynamic_cast<PresetButton*> (getCurrentlyFocusedComponent());
+             focused != nullptr && key == juce::KeyPress::spaceKey)
+        focused->triggerClick();
     else
         return false;
 
     return true;
-}
-
-void PresetSelector::BrowserPopup::run (Hit hit)
-{
-    switch (hit.target)
-    {
-        case Target::close:
-            selector.closeBrowser(); // deletes this
-            return;
-        case Target::collection:
-            selector.setCollection (hit.index);
-            return;
-        case Target::row:
-            selector.select (table.idAt (hit.index));
-            return;
-        case Target::action:
-            selector.runAction (presets::actions()[static_cast<std::size_t> (hit.index)].text); // may delete this
-            return;
-        case Target::filters:
-        case Target::category:
-        case Target::author:
-            toggleMenu (hit.target);
-            return;
-        case Target::sort:
-            selector.setSortDescending (! selector.getLibrary().isSortDescending());
-            return;
-        case Target::none:
-            return;
-    }
-}
-
-void PresetSelector::BrowserPopup::toggleMenu (Target opener)
-{
-    if (menuOpener == opener)
-        closeMenu();
-    else
-        openMenu (opener);
-}
-
-void PresetSelector::BrowserPopup::openMenu (Target opener)
-{
-    constexpr int gap = 4;
-    constexpr int narrowest = 180;
-
-    closeMenu();
-    menu = std::make_unique<PresetFilterMenu> (
-        presets::filterChoices (selector, opener != Target::author, opener != Target::category));
-    menuOpener = opener;
-    menu->onClose = [this] { closeMenu(); };
-
-    const auto anchor = button (opener).getBounds();
-    const auto top = anchor.getBottom() + gap;
-    menu->setBounds (anchor.getX(), top, std::max (anchor.getWidth(), narrowest),
-        std::min (menu->getIdealHeight(), getHeight() - top - gap));
-    addAndMakeVisible (*menu);
-    button (opener).setPressed (true);
-
-    if (menu->isShowing())
-        menu->grabKeyboardFocus();
-}
-
-void PresetSelector::BrowserPopup::closeMenu()
-{
-    if (menu == nullptr)
-        return;
-
-    button (std::exchange (menuOpener, Target::none)).setPressed (false);
-    const auto closing = std::move (menu);
-
-    if (closing->hasKeyboardFocus (true))
-        search.grabKeyboardFocus();
 }
 
 std::unique_ptr<juce::AccessibilityHandler> PresetSelector::BrowserPopup::createAccessibilityHandler()

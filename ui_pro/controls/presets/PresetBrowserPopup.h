@@ -1,16 +1,17 @@
 #pragma once
 
 #include "ui_pro/controls/presets/PresetBrowserLayout.h"
-#include "ui_pro/controls/presets/PresetBrowserTarget.h"
+#include "ui_pro/controls/presets/PresetButton.h"
 #include "ui_pro/controls/presets/PresetDetails.h"
-#include "ui_pro/controls/presets/PresetFilterMenu.h"
 #include "ui_pro/controls/presets/PresetPreview.h"
 #include "ui_pro/controls/presets/PresetSearchField.h"
 #include "ui_pro/controls/presets/PresetSelector.h"
 #include "ui_pro/controls/presets/PresetStatusLine.h"
 #include "ui_pro/controls/presets/PresetTable.h"
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/DropDownList.h"
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -18,8 +19,7 @@ namespace quillon::ui_pro::controls
 {
 
 /** The panel in which presets are searched, filtered and loaded. It shows the selector's library and passes everything
-    that the user does to the selector; it lives from `openBrowser` to `closeBrowser`. Its buttons and rows draw
-    themselves, but the popup alone takes the mouse (the search field and an open filter menu excepted). */
+    that the user does to the selector; it lives from `openBrowser` to `closeBrowser`. */
 class PresetSelector::BrowserPopup final : public juce::Component, private juce::ComponentMovementWatcher
 {
 public:
@@ -41,22 +41,30 @@ public:
 
     const PresetStatusLine& getStatusLine() const { return status; }
 
-    /** The open filter menu, or none. */
-    PresetFilterMenu* getFilterMenu() const { return menu.get(); }
+    /** The filters' buttons and their lists: both filters, the category, the author. */
+    enum Filter
+    {
+        both,
+        category,
+        author,
+        numFilters
+    };
+
+    PresetButton& getFilter (Filter filter) { return *filters[filter]; }
+
+    primitives::DropDownList& getFilterList (Filter filter) { return *filterLists[filter]; }
+
+    /** Closes an open filter list. */
+    void closeLists();
 
     void paint (juce::Graphics& g) override;
     void parentSizeChanged() override;
-    void mouseMove (const juce::MouseEvent& event) override;
-    void mouseExit (const juce::MouseEvent& event) override;
-    void mouseDown (const juce::MouseEvent& event) override;
-    void mouseUp (const juce::MouseEvent& event) override;
-    void mouseDoubleClick (const juce::MouseEvent& event) override;
     void mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
     bool keyPressed (const juce::KeyPress& key) override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
-    using Target = presets::Target;
+    using Button = std::unique_ptr<PresetButton>;
 
     void componentMovedOrResized (juce::Component& moved, bool wasMoved, bool wasResized) override;
 
@@ -68,29 +76,26 @@ private:
 
     using juce::ComponentMovementWatcher::componentVisibilityChanged;
 
-    void addTargets();
+    Button makeButton (PresetButton::Look look, const juce::String& title, const juce::String& text,
+        juce::Rectangle<int> area, std::function<void()> action);
+    void addButtons();
+    void addFilter (Filter filter, PresetButton::Look look, const char* title, juce::Rectangle<int> area);
     void place();
-    void run (presets::Hit hit);
-    void toggleMenu (Target opener);
-    void openMenu (Target opener);
-    void closeMenu();
-    void setHovered (presets::Hit hit);
-    PresetBrowserTarget& button (Target target, int index = 0);
 
     PresetSelector& selector;
     primitives::CachedLayer background;
 
     PresetSearchField search;
-    std::vector<std::unique_ptr<PresetBrowserTarget>> targets; // in the order of addTargets
+    std::array<Button, numFilters> filters;
+    std::array<std::unique_ptr<primitives::DropDownList>, numFilters> filterLists;
+    Button sort;
+    Button closer;
+    std::vector<Button> collections;
+    std::vector<Button> actions; // in the order of presets::actions()
     PresetTable table;
     PresetStatusLine status;
     PresetDetails details;
     PresetPreview preview;
-
-    std::unique_ptr<PresetFilterMenu> menu;
-    Target menuOpener = Target::none;
-    presets::Hit hovered;
-    PresetBrowserTarget* pressed = nullptr;
     float wheelTravel = 0.0f;
 };
 

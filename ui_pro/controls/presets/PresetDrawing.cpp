@@ -83,15 +83,4 @@ void drawChevron (juce::Graphics& g, juce::Point<float> centre, float reach, int
             .translated (centre));
 }
 
-void drawTick (juce::Graphics& g, juce::Point<float> centre)
-{
-    juce::Path tick;
-    tick.startNewSubPath (-5.0f, 0.0f);
-    tick.lineTo (-1.5f, 3.5f);
-    tick.lineTo (5.0f, -3.5f);
-    g.setColour (Theme::palette().accent);
-    g.strokePath (tick, juce::PathStrokeType (2.0f, juce::PathStrokeType::mitered, juce::PathStrokeType::rounded),
-        juce::AffineTransform::translation (centre));
-}
-
 } // namespace quillon::ui_pro::controls::presets

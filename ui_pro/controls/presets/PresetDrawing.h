@@ -36,7 +36,4 @@ void drawText (juce::Graphics& g, const juce::String& text, juce::Rectangle<int>
 /** A chevron around a point, `reach` wide along its open side; direction 0 is right, 1 down, 2 left, 3 up. */
 void drawChevron (juce::Graphics& g, juce::Point<float> centre, float reach, int direction);
 
-/** A tick in the accent colour: chosen, or in force. */
-void drawTick (juce::Graphics& g, juce::Point<float> centre);
-
 } // namespace quillon::ui_pro::controls::presets

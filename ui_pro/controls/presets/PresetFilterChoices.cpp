@@ -5,21 +5,25 @@
 namespace quillon::ui_pro::controls::presets
 {
 
-std::vector<PresetFilterMenu::Item> filterChoices (PresetSelector& selector, bool withCategories, bool withAuthors)
+std::vector<primitives::ListItem> filterChoices (PresetSelector& selector, bool withCategories, bool withAuthors)
 {
-    std::vector<PresetFilterMenu::Item> items;
+    std::vector<primitives::ListItem> items;
     const auto& library = selector.getLibrary();
     const auto add = [&] (const char* heading, juce::StringArray values, const juce::String& current,
                          void (PresetSelector::*choose) (const juce::String&))
     {
         if (withCategories && withAuthors)
-            items.push_back ({ heading, false, nullptr });
+            items.push_back (primitives::ListItem::headed (heading));
 
         values.insert (0, "All");
 
         for (const auto& value : values)
-            items.push_back ({ value, value.equalsIgnoreCase (current),
-                [&selector, choose, value] { (selector.*choose) (value); } });
+        {
+            auto& item = items.emplace_back();
+            item.text = value;
+            item.choose = [&selector, choose, value] { (selector.*choose) (value); };
+            item.isTicked = value.equalsIgnoreCase (current);
+        }
     };
 
     if (withCategories)

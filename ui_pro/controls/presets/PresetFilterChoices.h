@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui_pro/controls/presets/PresetFilterMenu.h"
+#include "ui_pro/primitives/ListItem.h"
 
 #include <vector>
 
@@ -12,8 +12,8 @@ class PresetSelector;
 namespace quillon::ui_pro::controls::presets
 {
 
-/** What a filter menu offers for a selector's library: every category, every author, or both under headings. The
+/** What a filter's list offers for a selector's library: every category, every author, or both under headings. The
     choices refer to the selector. */
-std::vector<PresetFilterMenu::Item> filterChoices (PresetSelector& selector, bool withCategories, bool withAuthors);
+std::vector<primitives::ListItem> filterChoices (PresetSelector& selector, bool withCategories, bool withAuthors);
 
 } // namespace quillon::ui_pro::controls::presets

@@ -46,6 +46,8 @@ PresetSelector::PresetSelector()
     nextButton.onClick = [this] { call (hooks.next); };
     display.onClick = [this] { toggleBrowser(); };
     display.onKey = [this] (const juce::KeyPress& key) { return handleDisplayKey (key); };
+    display.valueText = [this] { return display.getButtonText(); };
+    display.setWantsKeyboardFocus (true);
     display.setButtonText (library.getCurrentLabel());
 
     for (auto* part : { &initialiseButton, &previousButton, &display, &nextButton })
@@ -208,6 +210,7 @@ void PresetSelector::closeBrowser()
     if (browser == nullptr)
         return;
 
+    browser->closeLists(); // each gives the keyboard back to the browser
     const auto closing = std::move (browser);
     display.setOpen (false);
     keyboard.giveBack (*closing);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui_pro/controls/presets/PresetButton.h"
 #include "ui_pro/controls/presets/PresetLibrary.h"
-#include "ui_pro/controls/presets/PresetSelectorButton.h"
 #include "ui_pro/primitives/KeyboardLoan.h"
 
 #include <functional>
@@ -107,10 +107,10 @@ private:
     Hooks hooks;
     PreviewPainter previewPainter;
 
-    PresetSelectorButton initialiseButton { PresetSelectorButton::Kind::initialise, "Initial preset" };
-    PresetSelectorButton previousButton { PresetSelectorButton::Kind::previous, "Previous preset" };
-    PresetSelectorButton display { PresetSelectorButton::Kind::display, "Preset" };
-    PresetSelectorButton nextButton { PresetSelectorButton::Kind::next, "Next preset" };
+    PresetButton initialiseButton { PresetButton::Look::initialise, "Initial preset", "INIT" };
+    PresetButton previousButton { PresetButton::Look::previous, "Previous preset" };
+    PresetButton display { PresetButton::Look::display, "Preset" };
+    PresetButton nextButton { PresetButton::Look::next, "Next preset" };
 
     juce::Component::SafePointer<juce::Component> browserParent;
     primitives::KeyboardLoan keyboard;

@@ -1,6 +1,7 @@
 #include "ui_pro/controls/presets/PresetStatusLine.h"
 
 #include "ui_pro/controls/presets/PresetDrawing.h"
+#include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
@@ -49,7 +50,7 @@ void PresetStatusLine::paint (juce::Graphics& g)
         g.setColour (palette.accent);
         g.drawText (markText, area.removeFromRight (juce::GlyphArrangement::getStringWidthInt (font, markText) + 2),
             juce::Justification::centredRight, false);
-        presets::drawTick (g, area.removeFromRight (20).toFloat().getCentre());
+        primitives::drawTick (g, area.removeFromRight (20).toFloat().getCentre());
         area.removeFromRight (6);
     }
 

@@ -1,119 +1,170 @@
 #include "ui_pro/controls/presets/PresetTable.h"
 
 #include "ui_pro/controls/presets/PresetBrowserLayout.h"
-#include "ui_pro/controls/presets/PresetRow.h"
+#include "ui_pro/controls/presets/PresetDrawing.h"
+#include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace quillon::ui_pro::controls
 {
-namespace
-{
-
-using style::Theme;
-
-} // namespace
 
 PresetTable::PresetTable()
 {
+    setModel (this);
     setTitle ("Presets");
-    setInterceptsMouseClicks (false, false);
+    setRowHeight (style::Theme::get().presetBrowser.rowHeight);
+    setRowSelectedOnMouseDown (true);
+    setWantsKeyboardFocus (false);
+    setColour (backgroundColourId, juce::Colours::transparentBlack);
+    getViewport()->setScrollBarsShown (false, false);
+    addMouseListener (this, true);
 }
 
-PresetTable::~PresetTable() = default;
+PresetTable::~PresetTable()
+{
+    setModel (nullptr);
+}
 
 int PresetTable::getRowsPerPage() const
 {
-    return std::max (getHeight() / Theme::get().presetBrowser.rowHeight, 1);
+    return std::max (getHeight() / getRowHeight(), 1);
 }
 
 void PresetTable::show (const PresetLibrary& library)
 {
-    const auto wasEmpty = ids.empty();
-    const auto oldFirstRow = firstRow;
-    const auto oldCount = ids.size();
-    ids = library.getVisibleIds();
-    firstRow = presets::firstLineToShow (
-        library.visibleIndexOf (library.getSelectedId()), firstRow, getRowsPerPage(), static_cast<int> (ids.size()));
+    const auto before = std::exchange (rows, {});
+    const auto firstBefore = firstRow;
 
-    // One row more than fits whole: the last may be cut.
-    const auto shown = std::min (static_cast<int> (ids.size()) - firstRow, getRowsPerPage() + 1);
+    for (const auto id : library.getVisibleIds())
+        if (const auto* entry = library.find (id))
+            rows.push_back (
+                { id, entry->name, entry->category, entry->author, entry->mode, library.isInForce (*entry) });
 
-    while (static_cast<int> (rows.size()) > shown)
-        rows.pop_back();
+    selectedRow = library.visibleIndexOf (library.getSelectedId());
+    firstRow = presets::firstLineToShow (selectedRow, firstRow, getRowsPerPage(), getNumRows());
 
-    for (int i = 0; i < shown; ++i)
+    if (before.size() != rows.size())
     {
-        const auto index = static_cast<std::size_t> (i);
-
-        if (index == rows.size())
-        {
-            rows.push_back (std::make_unique<PresetRow>());
-            rows.back()->onPick = [this] (int id)
-            {
-                if (onPick != nullptr)
-                    onPick (id);
-            };
-            addAndMakeVisible (*rows.back());
-        }
-
-        if (const auto* entry = library.find (idAt (i)))
-            rows[index]->show ({ entry->id, entry->name, entry->category, entry->author, entry->mode,
-                library.isInForce (*entry), entry->id == library.getSelectedId(), i == hoveredRow });
+        updateContent();
+        repaint();
     }
 
-    resized();
+    for (std::size_t i = 0; i < std::min (rows.size(), before.size()); ++i)
+        if (! (rows[i] == before[i]))
+            repaintRow (static_cast<int> (i));
 
-    if (wasEmpty != ids.empty() || oldFirstRow != firstRow || oldCount != ids.size())
+    selectRow (selectedRow, true);
+
+    if (firstRow != firstBefore || before.size() != rows.size())
+    {
+        getViewport()->setViewPosition (0, firstRow * getRowHeight());
         repaint();
-
-    if (auto* handler = getAccessibilityHandler())
-        handler->notifyAccessibilityEvent (juce::AccessibilityEvent::rowSelectionChanged);
-}
-
-int PresetTable::idAt (int row) const
-{
-    const auto index = firstRow + row;
-    return row >= 0 && index < static_cast<int> (ids.size()) ? ids[static_cast<std::size_t> (index)]
-                                                             : PresetLibrary::none;
+    }
 }
 
 void PresetTable::setHoveredRow (int row)
 {
-    hoveredRow = row;
+    const auto before = std::exchange (hoveredRow, row);
 
-    for (std::size_t i = 0; i < rows.size(); ++i)
-    {
-        auto content = rows[i]->getContent();
-        content.isHovered = static_cast<int> (i) == row;
-        rows[i]->show (content);
-    }
+    if (before == row)
+        return;
+
+    repaintRow (before); // none for -1
+    repaintRow (row);
 }
 
-void PresetTable::resized()
+void PresetTable::mouseMove (const juce::MouseEvent& event)
 {
-    const auto height = Theme::get().presetBrowser.rowHeight;
+    const auto at = event.getEventRelativeTo (this).getPosition();
+    setHoveredRow (getRowContainingPosition (at.x, at.y));
+}
 
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        rows[i]->setBounds (0, static_cast<int> (i) * height, getWidth(), height);
+void PresetTable::mouseExit (const juce::MouseEvent&)
+{
+    setHoveredRow (-1);
+}
+
+void PresetTable::mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel)
+{
+    juce::Component::mouseWheelMove (event, wheel); // the browser's: it moves the selection
+}
+
+void PresetTable::selectedRowsChanged (int row)
+{
+    if (row == selectedRow)
+        return;
+
+    if (row >= 0)
+        juce::NullCheckedInvocation::invoke (onPick, rows[static_cast<std::size_t> (row)].id);
+    else
+        selectRow (selectedRow, true); // there is always one while there are presets
+}
+
+void PresetTable::listBoxItemDoubleClicked (int row, const juce::MouseEvent&)
+{
+    if (row < getNumRows())
+        juce::NullCheckedInvocation::invoke (onLoad, rows[static_cast<std::size_t> (row)].id);
+}
+
+juce::String PresetTable::getNameForRow (int row)
+{
+    if (row < 0 || row >= getNumRows())
+        return {};
+
+    const auto& shown = rows[static_cast<std::size_t> (row)];
+    return juce::StringArray { shown.name, shown.category, shown.author, shown.mode }.joinIntoString (", ") +
+        (shown.isInForce ? ", Loaded" : "");
+}
+
+void PresetTable::paintListBoxItem (int row, juce::Graphics& g, int width, int height, bool isSelected)
+{
+    if (row >= getNumRows())
+        return;
+
+    const auto& shown = rows[static_cast<std::size_t> (row)];
+    const auto& palette = style::Theme::palette();
+    const auto& tokens = style::Theme::get().presetBrowser;
+    juce::Rectangle<int> area (width, height);
+
+    g.setColour (palette.outline.withMultipliedAlpha (0.6f));
+    g.fillRect (area.removeFromBottom (1));
+    presets::drawLine (g, area.reduced (1, 0).toFloat(), { true, row == hoveredRow, false, isSelected });
+
+    if (shown.isInForce)
+        primitives::drawTick (g, { 36.0f, area.toFloat().getCentreY() });
+
+    const std::array<juce::String, 4> texts { shown.name, shown.category, shown.author, shown.mode };
+
+    for (std::size_t i = 0; i < texts.size(); ++i)
+    {
+        const auto column = presets::columns[i].header;
+        g.setColour (i == 0 || isSelected ? palette.textPrimary : palette.textSecondary);
+        g.setFont (i == 0 ? style::boldFont (tokens.bodyText) : style::regularFont (tokens.bodyText));
+        presets::drawText (g, texts[i],
+            area.withX (column.getX() - presets::table.getX()).withWidth (column.getWidth() - 6),
+            juce::Justification::centredLeft);
+    }
 }
 
 void PresetTable::paint (juce::Graphics& g)
 {
-    if (! ids.empty())
+    if (! rows.empty())
         return;
 
-    g.setColour (Theme::palette().textSecondary);
-    g.setFont (style::regularFont (Theme::get().presetBrowser.bodyText));
+    g.setColour (style::Theme::palette().textSecondary);
+    g.setFont (style::regularFont (style::Theme::get().presetBrowser.bodyText));
     g.drawText ("No presets match", getLocalBounds().withHeight (120), juce::Justification::centred, false);
 }
 
 void PresetTable::paintOverChildren (juce::Graphics& g)
 {
     const auto page = static_cast<float> (getRowsPerPage());
-    const auto count = static_cast<float> (ids.size());
+    const auto count = static_cast<float> (rows.size());
 
     if (count <= page)
         return;
@@ -121,15 +172,10 @@ void PresetTable::paintOverChildren (juce::Graphics& g)
     // How far the list is scrolled.
     auto track = getLocalBounds().toFloat().removeFromRight (7.0f).reduced (2.0f, 3.0f);
     const auto height = track.getHeight();
-    g.setColour (Theme::palette().textMuted);
+    g.setColour (style::Theme::palette().textMuted);
     g.fillRoundedRectangle (track.withTop (track.getY() + height * static_cast<float> (firstRow) / count)
                                 .withHeight (height * page / count),
         1.5f);
-}
-
-std::unique_ptr<juce::AccessibilityHandler> PresetTable::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::list);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -5,17 +5,14 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace quillon::ui_pro::controls
 {
 
-class PresetRow;
-
-/** The rows of the preset browser's table, drawn and spoken; the browser handles the mouse. It scrolls only as far as
-    the selected row needs. */
-class PresetTable final : public juce::Component
+/** The rows of the preset browser's table. It scrolls by whole rows, and only as far as the selected one needs; it
+    never takes the keyboard, which the browser has. */
+class PresetTable final : public juce::ListBox, private juce::ListBoxModel
 {
 public:
     PresetTable();
@@ -24,26 +21,43 @@ public:
     /** Shows what the library lets through; repaints the rows that changed. */
     void show (const PresetLibrary& library);
 
-    /** The preset in a row counted from the table's top, or none. */
-    int idAt (int row) const;
-
-    /** Lights a row counted from the top; -1 for none. */
-    void setHoveredRow (int row);
-
     /** How many whole rows fit. */
     int getRowsPerPage() const;
 
-    /** Called when a screen reader picks a preset. */
+    /** Called when the user or a screen reader picks a preset, and when one is double-clicked. */
     std::function<void (int presetId)> onPick;
+    std::function<void (int presetId)> onLoad;
 
     void paint (juce::Graphics& g) override;
     void paintOverChildren (juce::Graphics& g) override;
-    void resized() override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+    void mouseMove (const juce::MouseEvent& event) override;
+    void mouseExit (const juce::MouseEvent& event) override;
+    void mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
 
 private:
-    std::vector<std::unique_ptr<PresetRow>> rows;
-    std::vector<int> ids; // of all visible presets
+    struct Row
+    {
+        int id = PresetLibrary::none;
+        juce::String name;
+        juce::String category;
+        juce::String author;
+        juce::String mode;
+        bool isInForce = false;
+
+        bool operator== (const Row&) const = default;
+    };
+
+    int getNumRows() override { return static_cast<int> (rows.size()); }
+
+    void paintListBoxItem (int row, juce::Graphics& g, int width, int height, bool isSelected) override;
+    juce::String getNameForRow (int row) override;
+    void selectedRowsChanged (int row) override;
+    void listBoxItemDoubleClicked (int row, const juce::MouseEvent& event) override;
+
+    void setHoveredRow (int row);
+
+    std::vector<Row> rows;
+    int selectedRow = -1; // of the library
     int firstRow = 0;
     int hoveredRow = -1;
 };

@@ -11,12 +11,12 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr int margin = 20;
+constexpr int sheetMargin = 20;
 constexpr int headerHeight = 62;
 constexpr int tabHeight = 30;
 constexpr int cardPadding = 8;
 constexpr int largestRowHeight = 32;
-constexpr int labelWidth = 112;
+constexpr int factLabelWidth = 112;
 constexpr int gridColumns = 3;
 constexpr int gridGap = 8;
 constexpr int smallestButton = 32;
@@ -53,7 +53,7 @@ public:
 
         g.setColour (palette.textSecondary);
         g.setFont (style::regularFont (13.0f));
-        g.drawText (label, area.removeFromLeft (labelWidth), juce::Justification::centredLeft, true);
+        g.drawText (label, area.removeFromLeft (factLabelWidth), juce::Justification::centredLeft, true);
         g.setColour (palette.textPrimary);
         g.drawFittedText (value, area, juce::Justification::centredLeft, 1, 0.8f);
     }
@@ -144,7 +144,7 @@ void SupportDiagnosticsPanel::Sheet::layOutRows()
 
 void SupportDiagnosticsPanel::Sheet::resized()
 {
-    auto area = getLocalBounds().reduced (margin, 0).withTrimmedBottom (margin - 2);
+    auto area = getLocalBounds().reduced (sheetMargin, 0).withTrimmedBottom (sheetMargin - 2);
     area.removeFromTop (headerHeight + 6);
     tabs.setBounds (area.removeFromTop (tabHeight));
     area.removeFromTop (8);
@@ -183,7 +183,7 @@ void SupportDiagnosticsPanel::Sheet::paintSurface (juce::Graphics& g) const
     g.setColour (palette.outlineStrong);
     g.fillRect (bounds.withWidth (1));
 
-    auto header = bounds.withHeight (headerHeight).reduced (margin, 0);
+    auto header = bounds.withHeight (headerHeight).reduced (sheetMargin, 0);
     g.setColour (palette.outline);
     g.fillRect (bounds.withTrimmedLeft (1).withY (headerHeight).withHeight (1));
 

@@ -1,0 +1,153 @@
+#include "tests/support/Vst3Module.h"
+
+#include <pluginterfaces/gui/iplugview.h>
+
+#include <algorithm>
+#include <chrono>
+#include <iomanip>
+#include <iostream>
+#include <malloc.h>
+#include <memory>
+#include <poll.h>
+#include <sys/resource.h>
+#include <vector>
+
+/*  What instances of the built module cost that do nothing: no window is open and no audio runs. Seen from outside,
+   with component and controller, in a host that does nothing but run the message loop. */
+namespace
+{
+
+using kestreleq::test::HostObject;
+using kestreleq::test::Vst3Instance;
+using kestreleq::test::Vst3Module;
+using Clock = std::chrono::steady_clock;
+using Instances = std::vector<std::unique_ptr<Vst3Instance>>;
+namespace Linux = Steinberg::Linux;
+
+constexpr double rate = 48000.0;
+constexpr int block = 512;
+constexpr std::size_t numInstances = 200;
+
+/** The message loop that a Linux host lends to its modules. */
+class HostLoop final : public HostObject<Linux::IRunLoop>
+{
+public:
+    HostLoop()
+        : HostObject (Linux::IRunLoop_iid)
+    {
+    }
+
+    Steinberg::tresult PLUGIN_API registerEventHandler (
+        Linux::IEventHandler* handler, Linux::FileDescriptor file) override
+    {
+        files.push_back ({ file, POLLIN, 0 });
+        handlers.push_back (handler);
+        return Steinberg::kResultOk;
+    }
+
+    Steinberg::tresult PLUGIN_API unregisterEventHandler (Linux::IEventHandler* handler) override
+    {
+        for (auto i = handlers.size(); i-- > 0;)
+            if (handlers[i] == handler)
+            {
+                files.erase (files.begin() + static_cast<std::ptrdiff_t> (i));
+                handlers.erase (handlers.begin() + static_cast<std::ptrdiff_t> (i));
+            }
+
+        return Steinberg::kResultOk;
+    }
+
+    Steinberg::tresult PLUGIN_API registerTimer (Linux::ITimerHandler*, Linux::TimerInterval) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+
+    Steinberg::tresult PLUGIN_API unregisterTimer (Linux::ITimerHandler*) override
+    {
+        return Steinberg::kNotImplemented;
+    }
+
+    void run (std::chrono::milliseconds duration)
+    {
+        const auto end = Clock::now() + duration;
+
+        for (auto now = Clock::now(); now < end; now = Clock::now())
+        {
+            ::poll (files.data(), files.size(),
+                static_cast<int> (std::chrono::ceil<std::chrono::milliseconds> (end - now).count()));
+
+            for (std::size_t i = 0; i < files.size(); ++i) // a handler may change the list
+                if (files[i].revents != 0)
+                    handlers[i]->onFDIsSet (files[i].fd);
+        }
+    }
+
+private:
+    std::vector<pollfd> files;
+    std::vector<Linux::IEventHandler*> handlers;
+};
+
+std::size_t bytesInUse()
+{
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+double processorSeconds()
+{
+    rusage usage {};
+    getrusage (RUSAGE_SELF, &usage);
+    const auto seconds = [] (const timeval& time)
+    { return static_cast<double> (time.tv_sec) + 1e-6 * static_cast<double> (time.tv_usec); };
+    return seconds (usage.ru_utime) + seconds (usage.ru_stime);
+}
+
+/** Adds a prepared instance; returns the time that it took in ms. */
+double addInstance (Vst3Module& module, Instances& instances)
+{
+    const auto start = Clock::now();
+    instances.push_back (std::make_unique<Vst3Instance> (module));
+    instances.back()->start (rate, block);
+    return std::chrono::duration<double, std::milli> (Clock::now() - start).count();
+}
+
+/** The part of a core that the process takes while nothing happens. */
+double idleLoad (HostLoop& loop)
+{
+    loop.run (std::chrono::seconds (2)); // what making the instances has left to do
+    const auto before = processorSeconds();
+    loop.run (std::chrono::seconds (10));
+    return (processorSeconds() - before) / 10.0;
+}
+
+} // namespace
+
+int main()
+{
+    HostLoop loop;
+    Vst3Module module;
+
+    if (const auto factory = kestreleq::test::interfaceOf<Steinberg::IPluginFactory3> (
+            *module.getFactory(), Steinberg::IPluginFactory3_iid))
+        factory->setHostContext (&loop);
+
+    Instances instances;
+    addInstance (module, instances); // what all of them share
+    const auto loadOfOne = idleLoad (loop);
+    const auto bytesBefore = bytesInUse();
+    std::vector<double> times;
+
+    while (instances.size() < numInstances)
+        times.push_back (addInstance (module, instances));
+
+    const auto bytes = static_cast<double> (bytesInUse() - bytesBefore) / static_cast<double> (times.size());
+    const auto load = idleLoad (loop);
+    std::nth_element (times.begin(), times.begin() + numInstances / 2, times.end());
+
+    std::cout << std::fixed << std::setprecision (2)
+              << "| | |\n|---|---|\n| a further instance, created and prepared | " << times[numInstances / 2]
+              << " ms |\n| its memory | " << std::setprecision (0) << bytes / 1024.0 << " KiB |\n| " << numInstances
+              << " idle instances, no window | " << std::setprecision (2) << 100.0 * load
+              << " % of a core |\n| a single one | " << 100.0 * loadOfOne << " % of a core |\n";
+    return 0;
+}

@@ -1,0 +1,49 @@
+# The framework's VST3 wrapper, mended where a host would pay for it: the module is built with copies of two of its files.
+# A framework that reads otherwise is used as it is, with a warning. Tests look at the built module for each of these.
+function(mend fault old new)
+    string(REPLACE "${old}" "${new}" result "${text}")
+    if(result STREQUAL text)
+        message(WARNING "This framework's VST3 wrapper reads otherwise: ${fault}")
+    endif()
+    set(text "${result}" PARENT_SCOPE)
+endfunction()
+
+set(copies "${CMAKE_BINARY_DIR}/mended-wrapper")
+
+# Each block is copied into a buffer of the size that the host has announced, and past its end when the host then sends
+# more. The buffer grows instead: such a host pays with an allocation in that block, not with its project.
+set(file juce_audio_processors/format_types/juce_VST3Common.h)
+file(READ "${KESTREL_JUCE_DIR}/modules/${file}" text)
+mend("blocks longer than announced may not be survived" "    void clear() { channelCounter = 0; }" [[
+    void makeRoomFor (int numSamples)
+    {
+        if (numSamples > buffer.getNumSamples())
+            buffer.setSize (buffer.getNumChannels(), numSamples);
+    }
+
+    void clear() { channelCounter = 0; }]])
+mend("blocks longer than announced may not be survived" "        scratchBuffer.clear();"
+    "        scratchBuffer.makeRoomFor ((int) data.numSamples);\n        scratchBuffer.clear();")
+file(CONFIGURE OUTPUT "${copies}/${file}" CONTENT "@text@" @ONLY) # touched only on a change
+target_include_directories(KestrelEQ_VST3 BEFORE PRIVATE "${copies}")
+
+set(file juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp)
+file(READ "${KESTREL_JUCE_DIR}/modules/${file}" text)
+
+# What changes while the host makes a change of its own is told to nobody; nor may its gestures be, which would be empty.
+foreach(edit begin end)
+    mend("hosts see empty gestures"
+        "        if (! inSetState && MessageManager::getInstance()->isThisTheMessageThread())\n            ${edit}Edit (vstParamId);"
+        "        if (! inParameterChangedCallback && ! inSetState && MessageManager::getInstance()->isThisTheMessageThread())\n            ${edit}Edit (vstParamId);")
+endforeach()
+
+# Changes that another thread than the message thread has made wait for the next block, to be handed over to the host. What
+# waits when the host restores a state is no change of that state.
+mend("changes made before a restore come back after it"
+    "            pluginInstance->setStateInformation (data, static_cast<int> (size));"
+    "        {\n            pluginInstance->setStateInformation (data, static_cast<int> (size));\n            comPluginInstance->forAllChangedParameters ([] (Vst::ParamID, float) {});\n        }")
+
+file(CONFIGURE OUTPUT "${copies}/${file}" CONTENT "@text@" @ONLY)
+get_target_property(sources juce_audio_plugin_client_VST3 INTERFACE_SOURCES)
+list(TRANSFORM sources REPLACE ".*/juce_audio_plugin_client_VST3\\.cpp$" "${copies}/${file}")
+set_target_properties(juce_audio_plugin_client_VST3 PROPERTIES INTERFACE_SOURCES "${sources}")

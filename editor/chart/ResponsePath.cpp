@@ -1,0 +1,45 @@
+#include "editor/chart/ResponsePath.h"
+
+#include <cmath>
+
+namespace kestreleq
+{
+
+std::vector<double> spreadFrequencies (const quillon::ui_pro::controls::ChartAxes& axes, std::size_t count)
+{
+    std::vector<double> frequencies (count);
+
+    for (std::size_t i = 0; i < count; ++i)
+        frequencies[i] = axes.lowestHz *
+            std::pow (axes.highestHz / axes.lowestHz, static_cast<double> (i) / static_cast<double> (count - 1));
+
+    return frequencies;
+}
+
+ResponsePath ResponsePath::of (
+    const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> levels, float lineWidth)
+{
+    const auto plot = axes.plot;
+
+    if (plot.isEmpty() || levels.size() < 2)
+        return {};
+
+    juce::Path curve;
+
+    for (std::size_t i = 0; i < levels.size(); ++i)
+    {
+        const auto part = static_cast<float> (i) / static_cast<float> (levels.size() - 1);
+        const juce::Point<float> point (plot.getX() + part * plot.getWidth(), axes.yFor (levels[i]));
+        i == 0 ? curve.startNewSubPath (point) : curve.lineTo (point);
+    }
+
+    ResponsePath result;
+    juce::PathStrokeType (lineWidth, juce::PathStrokeType::curved).createStrokedPath (result.line, curve);
+    result.fill = std::move (curve);
+    result.fill.lineTo (plot.getRight(), axes.yFor (0.0));
+    result.fill.lineTo (plot.getX(), axes.yFor (0.0));
+    result.fill.closeSubPath();
+    return result;
+}
+
+} // namespace kestreleq

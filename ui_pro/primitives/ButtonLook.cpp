@@ -1,0 +1,82 @@
+#include "ui_pro/primitives/ButtonLook.h"
+
+#include "ui_pro/style/Theme.h"
+
+namespace quillon::ui_pro::primitives
+{
+namespace
+{
+
+constexpr float plateRadius = 5.0f;
+const juce::Colour plateTop { 0xff262d34 };
+const juce::Colour plateBottom { 0xff1a1f24 };
+const juce::Colour plateOn { 0xff14181c }; // under the accent
+const juce::Colour edge { 0xff68727d };
+const juce::Colour edgeDisabled { 0xff30383f };
+
+} // namespace
+
+juce::Colour disabledAccent (juce::Colour accent)
+{
+    return accent.withMultipliedSaturation (0.3f).withMultipliedBrightness (0.45f);
+}
+
+void paintFocusRing (juce::Graphics& g, juce::Rectangle<float> r, float radius)
+{
+    g.setColour (style::Theme::palette().textPrimary);
+    g.drawRoundedRectangle (r.reduced (1.0f), radius, 2.0f);
+}
+
+juce::Colour plateTextColour (juce::Colour accent, const ButtonLook& look)
+{
+    const auto& palette = style::Theme::palette();
+
+    if (! look.enabled)
+        return palette.textDisabled;
+
+    if (look.on)
+        return accent.interpolatedWith (palette.textPrimary, 0.6f);
+
+    return look.hovered || look.pressed ? palette.textPrimary : palette.textSecondary;
+}
+
+void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour accent, const ButtonLook& look)
+{
+    const auto lit = look.enabled ? accent : disabledAccent (accent);
+    const auto plate = r.reduced (0.5f);
+    auto top = look.on ? plateOn.interpolatedWith (lit, 0.34f) : plateTop;
+    auto bottom = look.on ? plateOn.interpolatedWith (lit, 0.2f) : plateBottom;
+
+    if (! look.enabled)
+    {
+        top = top.darker (0.3f);
+        bottom = bottom.darker (0.3f);
+    }
+    else if (look.pressed)
+    {
+        std::swap (top, bottom);
+        top = top.darker (0.25f);
+    }
+    else if (look.hovered)
+    {
+        top = top.brighter (0.1f);
+        bottom = bottom.brighter (0.1f);
+    }
+
+    g.setGradientFill (juce::ColourGradient::vertical (top, plate.getY(), bottom, plate.getBottom()));
+    g.fillRoundedRectangle (plate, plateRadius);
+
+    if (! look.enabled)
+        g.setColour (look.on ? lit : edgeDisabled);
+    else if (look.on)
+        g.setColour (look.hovered ? lit.brighter (0.3f) : lit);
+    else
+        g.setColour (look.hovered ? edge.brighter (0.4f) : edge);
+
+    g.drawRoundedRectangle (plate, plateRadius, 1.0f);
+
+    if (look.focused)
+        paintFocusRing (g, r, plateRadius);
+}
+
+} // namespace quillon::ui_pro::primitives
