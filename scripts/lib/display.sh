@@ -1,6 +1,5 @@
 # For the scripts that open windows; sourced after common.sh, never run. They set 'work', the folder of what they leave.
 
-passed=/dev/null # or the file that also gets what has passed
 children=()
 finish() {
     local child
@@ -9,9 +8,6 @@ finish() {
     done
 }
 trap finish EXIT
-
-ok() { printf '  %-34s %s\n' "$1" "$2" | tee -a "$passed"; }
-fail() { printf '  %-34s %s\n' "$1" "FAILED: $2"; exit 1; }
 
 # within SECONDS COMMAND... : repeats it until it succeeds.
 within() {
@@ -38,6 +34,21 @@ shows_text() {
 
 # parameter STATE ID : its value in a saved state.
 parameter() { tr -d '\0' < "$1" | grep -oP "id=\"$2\" value=\"\K[^\"]+"; }
+
+# read_places OPTION... : asks kestrel-shot where the controls of the editor stand when it opens, in pixels.
+declare -A places
+read_places() {
+    local listed x y width height name
+    listed=$(dist/linux/kestrel-shot --places --scale 0.5 "$@") || fail "the places of the controls" "kestrel-shot does not tell them"
+    places=()
+    while read -r x y width height name; do
+        places[$name]="$x $y $width $height"
+    done <<< "$listed"
+}
+# place NAME / middle NAME : a control's x, y, width and height / the x and y of its middle.
+place() { [ -n "${places[$1]:-}" ] && echo "${places[$1]}" || fail "the places of the controls" "there is no '$1'" >&2; }
+area() { place "$1" | awk '{ print $3 "x" $4 "+" $1 "+" $2 }'; } # as ImageMagick takes it
+middle() { place "$1" | awk '{ print int($1 + $3 / 2), int($2 + $4 / 2) }'; }
 
 window_id() { timeout 5 xdotool search --onlyvisible --name '^Kestrel ?EQ$' 2>/dev/null | tail -n 1; }
 has_window() { [ -n "$(window_id)" ]; }

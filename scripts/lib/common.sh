@@ -1,12 +1,25 @@
-# Shared by the scripts of this folder; sourced, never run.
+# Shared by all scripts; sourced with their arguments, never run.
 set -euo pipefail
 
-root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 deps="$root/.deps"
+script=$(realpath -- "$0")
 cd "$root"
 
 say() { printf '\n== %s\n' "$*"; }
 die() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; exit 1; }
+
+# How a script is used is told by the comment at its head, which begins with its name and arguments.
+usage() { sed -n '2,/^[^#]/ { s/^# \{0,1\}//; t show; d; :show; 2s/^/usage: /; p }' "$script"; }
+misused() { usage >&2; exit 2; }
+case "${1:-}" in
+    -h | --help) usage; exit 0 ;;
+esac
+
+# What is in order, and the first thing that is not.
+passed=0
+ok() { printf '  %-34s %s\n' "$1" "$2"; passed=$((passed + 1)); }
+fail() { printf '  %-34s %s\n' "$1" "FAILED: $2"; exit 1; }
 
 # as_root COMMAND... : run as root, through sudo where this user is not root.
 as_root() {
@@ -79,11 +92,11 @@ fetch_debian() {
 # A clone in another folder reuses what an earlier one compiled.
 export CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 
-# configure PRESET : runs CMake quietly; the log tells when it fails.
+# configure PRESET OPTION... : runs CMake quietly; the log tells when it fails.
 configure() {
+    local log="build/configure-$1.log"
     mkdir -p build
-    cmake --preset "$1" > "build/configure-$1.log" 2>&1 \
-        || { tail -n 40 "build/configure-$1.log" >&2; die "CMake failed (log: build/configure-$1.log)"; }
+    cmake --preset "$@" > "$log" 2>&1 || { tail -n 40 "$log" >&2; die "CMake failed (log: $log)"; }
 }
 
 # count_instructions BEGINNING OUT : instructions per stereo sample of the workloads (kestrel-speed) whose name begins so,
