@@ -262,6 +262,33 @@ TEST (KestrelEditor, ListensOnlyWhileItIsOpenAndPaintsOnlyWhatMoved)
     EXPECT_FALSE (rig.processor.isCapturing());
 }
 
+TEST (KestrelEditor, LeavesNoPixelOfItsWindowUnpainted)
+{
+    EditorRig rig;
+    const auto paintOver = [&rig] (juce::Colour beneath)
+    {
+        juce::Image picture (
+            juce::Image::ARGB, rig.editor->getWidth(), rig.editor->getHeight(), true, juce::SoftwareImageType());
+        juce::Graphics g (picture);
+        g.fillAll (beneath);
+        rig.editor->paintEntireComponent (g, true);
+        return picture;
+    };
+
+    for (const auto linked : { 1.0f, 0.0f })
+    {
+        rig.set ("link", linked);
+        rig.tick();
+
+        for (const auto width : { 836, 1003, 1588 })
+        {
+            rig.editor->setSize (width, width * 429 / 836);
+            EXPECT_EQ (countDifferentPixels (paintOver (juce::Colours::magenta), paintOver (juce::Colours::lime), 0), 0)
+                << width;
+        }
+    }
+}
+
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
 {
     EditorRig rig;
