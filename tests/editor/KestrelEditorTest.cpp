@@ -138,6 +138,66 @@ TEST (KestrelEditor, ProgramsWrapAroundAndAPasteIsCustom)
     EXPECT_EQ (selector.getCurrentLabel(), "03  Bass Boost");
 }
 
+TEST (KestrelEditor, TheLabelTellsWhatSounds)
+{
+    EditorRig rig;
+    const auto label = [&rig]
+    {
+        rig.tick();
+        return rig.editor->getHeader().getPresetSelector().getCurrentLabel().toStdString();
+    };
+    const auto countInForce = [&rig]
+    {
+        const auto& library = rig.editor->getHeader().getPresetSelector().getLibrary();
+        int count = 0;
+
+        for (int id = 0; id < 6; ++id)
+            count += library.isInForce (*library.find (id)) ? 1 : 0;
+
+        return count;
+    };
+    const auto command = juce::ModifierKeys::ctrlModifier;
+    rig.processor.setCurrentProgram (3);
+    rig.press ('c', command);
+    rig.set ("sub", 0.9f);
+    juce::MemoryBlock saved;
+    rig.processor.getStateInformation (saved);
+
+    rig.press ('v', command);
+    EXPECT_EQ (label(), "07  Custom");
+    EXPECT_EQ (countInForce(), 0);
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "04  Bright & Airy");
+    EXPECT_EQ (countInForce(), 1);
+    rig.press ('y', command);
+    rig.editor.reset();
+    rig.editor = std::make_unique<KestrelEditor> (rig.processor);
+    rig.window.addAndMakeVisible (*rig.editor);
+    EXPECT_EQ (label(), "07  Custom") << "in a window that was opened again";
+
+    juce::MemoryBlock custom;
+    rig.processor.getStateInformation (custom);
+    rig.processor.setStateInformation (saved.getData(), static_cast<int> (saved.getSize()));
+    EXPECT_EQ (label(), "04  Bright & Airy") << "restored";
+    rig.processor.setStateInformation (custom.getData(), static_cast<int> (custom.getSize()));
+    EXPECT_EQ (label(), "07  Custom");
+    rig.processor.setCurrentProgram (0);
+    EXPECT_EQ (label(), "01  Flat") << "though it was the number before, too";
+
+    // A slot has its own, and so has a step.
+    auto& control = rig.editor->getHeader().getAbControl();
+    Mouse (control).click ({ 50.0f, 10.0f });
+    rig.processor.setCurrentProgram (5);
+    Mouse (control).click ({ 20.0f, 10.0f });
+    EXPECT_EQ (label(), "01  Flat");
+    rig.editor->grabKeyboardFocus();
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "06  Lo-Fi Crunch");
+    EXPECT_EQ (control.getSlot(), controls::ABSlot::B);
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "01  Flat");
+}
+
 TEST (KestrelEditor, FlipsBetweenAAndB)
 {
     EditorRig rig;

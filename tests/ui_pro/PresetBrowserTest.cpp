@@ -427,17 +427,5 @@ TEST (PresetBrowser, RepaintsOnlyWhatChanges)
     EXPECT_FALSE (repaints.takeArea().contains (rig.popup().getLocalBounds()));
 }
 
-TEST (PresetBrowser, LooksAsStored)
-{
-    Rig rig (0.5f); // as the window opens
-    rig.selector->openBrowser();
-    juce::Component::unfocusAllComponents();
-    rig.selector->setSearchText ("air");
-    rig.selector->setSortDescending (true);
-    EXPECT_FALSE (looksAsStored (rig.editor, "preset-browser")) << "rows the other way round";
-    rig.selector->setSortDescending (false);
-    EXPECT_TRUE (looksAsStored (rig.editor, "preset-browser"));
-}
-
 } // namespace
 } // namespace kestreleq::test
