@@ -186,9 +186,9 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
 
     // A slot has its own, and so has a step.
     auto& control = rig.editor->getHeader().getAbControl();
-    Mouse (control).click ({ 50.0f, 10.0f });
+    rig.click (control, { 50, 10 });
     rig.processor.setCurrentProgram (5);
-    Mouse (control).click ({ 20.0f, 10.0f });
+    rig.click (control, { 20, 10 });
     EXPECT_EQ (label(), "01  Flat");
     rig.editor->grabKeyboardFocus();
     rig.press ('z', command);
@@ -203,15 +203,13 @@ TEST (KestrelEditor, FlipsBetweenAAndB)
     EditorRig rig;
     auto& control = rig.editor->getHeader().getAbControl();
     rig.set ("40hz", 0.9f);
-    const auto click = [&] (int x)
-    { rig.window.click (rig.window.getLocalPoint (&control, juce::Point<int> (x, 10))); };
-    click (50);
+    rig.click (control, { 50, 10 });
     rig.set ("40hz", 0.2f);
-    click (20);
+    rig.click (control, { 20, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.9f);
     EXPECT_EQ (control.getSlot(), controls::ABSlot::A);
-    click (35); // between them
-    click (50);
+    rig.click (control, { 35, 10 }); // between them
+    rig.click (control, { 50, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.2f);
 }
 
