@@ -134,6 +134,27 @@ bool PresetLibrary::setCurrent (int index, int count, const juce::String& name)
     return true;
 }
 
+void PresetLibrary::selectInForce()
+{
+    auto inForce = find (currentIndex);
+
+    for (const auto& entry : entries)
+        if (inForce == nullptr && entry.isLoaded)
+            inForce = &entry;
+
+    if (inForce == nullptr)
+        return;
+
+    if (visibleIndexOf (inForce->id) < 0)
+    {
+        collection = allPresets;
+        categoryFilter = authorFilter = searchText = {};
+        listVisible();
+    }
+
+    selectedId = inForce->id;
+}
+
 juce::String PresetLibrary::getCurrentLabel() const
 {
     if (currentIndex < 0 || currentIndex >= currentCount)
