@@ -11,6 +11,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -27,6 +28,10 @@ public:
 
     /** Takes the lane's parameters and what the analyser's last update left; repaints when either moved. */
     void refresh();
+
+    /** Paints what lies beneath the view, and beyond its edges, in the view's coordinates. With it the view covers its
+        whole area, and nothing beneath it is painted in vain. Also for when that has changed. */
+    void setSurface (std::function<void (juce::Graphics&)> newSurface);
 
     /** The lane's colour. */
     void setColour (juce::Colour newColour);
@@ -76,6 +81,7 @@ private:
     ChartNodes nodes;
 
     ResponsePath curve;
+    std::function<void (juce::Graphics&)> surface;
     quillon::ui_pro::primitives::CachedLayer background;
 
     std::optional<std::size_t> hovered;

@@ -13,7 +13,7 @@ constexpr float silentDb = -83.75f; // a spectrum that nowhere exceeds it is sil
     is not a positive number stands at the left. */
 float frequencyToX (double frequency, juce::Rectangle<float> area);
 
-/** The place of a level: minDb at the area's bottom, maxDb at its top; what is not finite stands at the bottom. */
+/** The place of a level: minDb at the area's bottom, maxDb at its top; what is no number stands at the bottom. */
 float dbToY (float db, juce::Rectangle<float> area, float minDb, float maxDb);
 
 /** The frequency in Hz of bin i of n, which are spaced logarithmically from 20 Hz to 20 kHz. */

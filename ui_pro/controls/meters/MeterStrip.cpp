@@ -16,9 +16,8 @@ namespace
 constexpr int stripSegments = 32;
 constexpr float stripGapFromPitch = 4.0f;
 constexpr float largestReductionDb = 36.0f;
-constexpr float smallestReductionStepDb = 0.01f;
 constexpr float narrowestTitle = 0.75f; // of its natural width, before it becomes smaller
-constexpr int markGap = 3;              // between the bars and the widest mark
+constexpr int markGap = 1;              // between the bars and the widest mark
 constexpr int marks[] = { 12, 0, -12, -24, -36, -48 };
 
 SegmentedBar makeBar (SegmentedBar::Growth growth)
@@ -54,9 +53,6 @@ void MeterStrip::setLevels (float linearL, float linearR)
 void MeterStrip::setGainReduction (float db)
 {
     const auto magnitude = std::isfinite (db) ? std::min (std::abs (db), largestReductionDb) : 0.0f;
-
-    if (showGainReduction && std::abs (magnitude - gainReductionDb) < smallestReductionStepDb)
-        return;
 
     gainReductionDb = magnitude;
 
@@ -132,11 +128,12 @@ void MeterStrip::paint (juce::Graphics& g)
 {
     staticLayer.draw (g, *this, [this] (juce::Graphics& layer) { paintStaticLayer (layer); });
 
-    bars[0].paintLevel (g, lit[0], barColourL);
-    bars[1].paintLevel (g, lit[1], barColourR);
+    const auto pixels = primitives::PixelGrid::of (g, *this);
+    bars[0].paintLevel (g, lit[0], barColourL, pixels);
+    bars[1].paintLevel (g, lit[1], barColourR, pixels);
 
     if (showGainReduction)
-        bars[2].paintLit (g, lit[2], gainReductionColour);
+        bars[2].paintLit (g, lit[2], gainReductionColour, pixels);
 }
 
 void MeterStrip::paintStaticLayer (juce::Graphics& g) const
@@ -155,7 +152,7 @@ void MeterStrip::paintStaticLayer (juce::Graphics& g) const
 
     for (int i = 0; i < layout.numBars; ++i)
     {
-        bars[static_cast<std::size_t> (i)].paintUnlit (g);
+        bars[static_cast<std::size_t> (i)].paintUnlit (g, pixels);
         g.setColour (style::Theme::palette().textPrimary);
         g.drawFittedText (
             titles[static_cast<std::size_t> (i)], layout.getTitle (i), juce::Justification::centred, 1, 0.5f);

@@ -22,8 +22,7 @@ public:
     /** Linear peaks, 1 for full scale. */
     void setLevels (float linearL, float linearR);
 
-    /** In dB, its sign ignored, at most 36. Shows the third bar from the first call on. Steps of less than 0.01 dB are
-        not taken. */
+    /** In dB, its sign ignored, at most 36. Shows the third bar from the first call on. */
     void setGainReduction (float db);
 
     void setBarColours (juce::Colour left, juce::Colour right);

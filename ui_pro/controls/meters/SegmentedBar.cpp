@@ -13,6 +13,7 @@ namespace
 
 constexpr float yellowFromDb = 0.0f;
 constexpr float redFromDb = 6.0f;
+constexpr float fewestToSnap = 3.0f; // pixels
 
 } // namespace
 
@@ -32,13 +33,8 @@ float SegmentedBar::getPitch() const
 juce::Rectangle<float> SegmentedBar::getSegment (int index) const
 {
     const auto pitch = getPitch();
-    const auto edge = [pitch, gapped = pitch > pitchWithGap] (int segment)
-    {
-        const auto position = static_cast<float> (segment) * pitch;
-        return gapped ? std::round (position) : position; // on whole pixels every gap is equally sharp
-    };
-    const auto start = edge (index);
-    const auto thickness = std::max (edge (index + 1) - start - (pitch > pitchWithGap ? 1.0f : 0.0f), 1.0f);
+    const auto start = static_cast<float> (index) * pitch;
+    const auto thickness = std::max (pitch > pitchWithGap ? pitch - 1.0f : pitch, 1.0f);
 
     switch (growth)
     {
@@ -62,7 +58,33 @@ juce::Rectangle<int> SegmentedBar::getChangedArea (int litBefore, int litNow) co
     return getSegment (first).getUnion (getSegment (end - 1)).getSmallestIntegerContainer();
 }
 
-void SegmentedBar::paintRange (juce::Graphics& g, int first, int end, juce::Colour colour, bool lit) const
+juce::Rectangle<float> SegmentedBar::getDrawn (int index, const primitives::PixelGrid& pixels) const
+{
+    const auto segment = getSegment (index);
+
+    // On whole pixels every gap is equally sharp; a segment of fewer would change its thickness by too much.
+    if (std::min (segment.getWidth(), segment.getHeight()) < pixels.pixels (fewestToSnap))
+        return segment;
+
+    // Below a scale of 1 the gap would round away.
+    const auto next = pixels.snap (getSegment (index + 1));
+    const auto gap = pixels.pixels (getPitch() > pitchWithGap ? 1.0f : 0.0f);
+    const auto drawn = pixels.snap (segment);
+
+    switch (growth)
+    {
+        case Growth::up:
+            return drawn.withTop (std::max (drawn.getY(), next.getBottom() + gap));
+        case Growth::down:
+            return drawn.withBottom (std::min (drawn.getBottom(), next.getY() - gap));
+        case Growth::right:
+        default:
+            return drawn.withRight (std::min (drawn.getRight(), next.getX() - gap));
+    }
+}
+
+void SegmentedBar::paintRange (
+    juce::Graphics& g, int first, int end, juce::Colour colour, bool lit, const primitives::PixelGrid& pixels) const
 {
     const auto& tokens = style::Theme::get().meter;
     const auto clip = g.getClipBounds().toFloat();
@@ -71,14 +93,14 @@ void SegmentedBar::paintRange (juce::Graphics& g, int first, int end, juce::Colo
 
     for (int i = first; i < end; ++i)
     {
-        auto segment = getSegment (i);
+        auto segment = getDrawn (i, pixels);
 
         if (! segment.intersects (clip))
             continue;
 
         segments.addWithoutMerging (segment);
         const auto thickness = growth == Growth::right ? segment.getWidth() : segment.getHeight();
-        const auto edge = std::max (tokens.highlightShare * thickness, 1.0f);
+        const auto edge = pixels.wholePixels (std::max (tokens.highlightShare * thickness, 1.0f));
         highlights.addWithoutMerging (growth == Growth::up ? segment.removeFromTop (edge)
                 : growth == Growth::down                   ? segment.removeFromBottom (edge)
                                                            : segment.removeFromRight (edge));
@@ -97,25 +119,26 @@ void SegmentedBar::paintRange (juce::Graphics& g, int first, int end, juce::Colo
     }
 }
 
-void SegmentedBar::paintUnlit (juce::Graphics& g) const
+void SegmentedBar::paintUnlit (juce::Graphics& g, const primitives::PixelGrid& pixels) const
 {
-    paintRange (g, 0, count, style::Theme::get().meter.unlit, false);
+    paintRange (g, 0, count, style::Theme::get().meter.unlit, false, pixels);
 }
 
-void SegmentedBar::paintLit (juce::Graphics& g, int lit, juce::Colour colour) const
+void SegmentedBar::paintLit (juce::Graphics& g, int lit, juce::Colour colour, const primitives::PixelGrid& pixels) const
 {
-    paintRange (g, 0, lit, colour, true);
+    paintRange (g, 0, lit, colour, true, pixels);
 }
 
-void SegmentedBar::paintLevel (juce::Graphics& g, int lit, juce::Colour ownColour) const
+void SegmentedBar::paintLevel (
+    juce::Graphics& g, int lit, juce::Colour ownColour, const primitives::PixelGrid& pixels) const
 {
     const auto& palette = style::Theme::palette();
     const auto yellow = firstSegmentFrom (yellowFromDb);
     const auto red = firstSegmentFrom (redFromDb);
 
-    paintRange (g, 0, std::min (lit, yellow), ownColour, true);
-    paintRange (g, yellow, std::min (lit, red), palette.yellow, true);
-    paintRange (g, red, lit, palette.red, true);
+    paintRange (g, 0, std::min (lit, yellow), ownColour, true, pixels);
+    paintRange (g, yellow, std::min (lit, red), palette.yellow, true, pixels);
+    paintRange (g, red, lit, palette.red, true, pixels);
 }
 
 int SegmentedBar::firstSegmentFrom (float db) const

@@ -61,9 +61,9 @@ void SmallMeter::paint (juce::Graphics& g)
         [this] (juce::Graphics& layer)
         {
             paintTrough (layer, bar.getBounds());
-            bar.paintUnlit (layer);
+            bar.paintUnlit (layer, primitives::PixelGrid::of (layer, *this));
         });
-    bar.paintLevel (g, lit, barColour);
+    bar.paintLevel (g, lit, barColour, primitives::PixelGrid::of (g, *this));
 }
 
 std::unique_ptr<juce::AccessibilityHandler> SmallMeter::createAccessibilityHandler()
