@@ -5,6 +5,7 @@
 #include "engine/dsp/LevelMeasure.h"
 #include "ui_pro/controls/presets/PresetBrowserPopup.h"
 #include "ui_pro/primitives/DropDownList.h"
+#include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -90,6 +91,8 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     {
         lanes[lane] = std::make_unique<LaneSection> (processor, lane, stepHooks());
         lanes[lane]->addTo (content);
+        lanes[lane]->getChart().onNodeMenu = [this, lane] (const auto& parameter, juce::Point<int> position)
+        { openHostMenu (parameter, getLocalPoint (&lanes[lane]->getChart(), position)); };
     }
 
     breakButton.setButtonText ("BREAK");
@@ -194,6 +197,18 @@ void KestrelEditor::focusGainedWithDirection (FocusChangeType cause, FocusChange
 
     if (cause == focusChangedByTabKey)
         moveKeyboardFocusToSibling (direction != FocusChangeDirection::backward);
+}
+
+int KestrelEditor::getControlParameterIndex (juce::Component& control)
+{
+    return primitives::parameterIndexAt (control);
+}
+
+void KestrelEditor::openHostMenu (const juce::AudioProcessorParameter& parameter, juce::Point<int> position)
+{
+    if (const auto* context = getHostContext())
+        if (const auto menu = context->getContextMenuForParameter (&parameter))
+            menu->showNativeMenu (position);
 }
 
 void KestrelEditor::focusGained (FocusChangeType cause)

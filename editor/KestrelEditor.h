@@ -48,6 +48,9 @@ public:
 
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
+    /** The parameter that a control changes, for a host that asks what is under the mouse; -1 for none. */
+    int getControlParameterIndex (juce::Component& control) override;
+
     /** Shows the processor as it is now, after anything that may have changed everything. */
     void refreshEditor();
 
@@ -87,6 +90,7 @@ private:
     void initialiseKeyboard();
     juce::Component* findOpenPopup();
     void giveKeyboardToPopup();
+    void openHostMenu (const juce::AudioProcessorParameter& parameter, juce::Point<int> position);
     void layOutCanvas();
     void storeScaleStep();
 

@@ -11,6 +11,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -27,6 +28,9 @@ public:
 
     /** Takes the lane's parameters and what the analyser's last update left; repaints when either moved. */
     void refresh();
+
+    /** Called for a right click on a node with its parameter and the place in the view. */
+    std::function<void (const juce::AudioProcessorParameter&, juce::Point<int>)> onNodeMenu;
 
     /** The lane's colour. */
     void setColour (juce::Colour newColour);
@@ -64,6 +68,7 @@ private:
     juce::String nodeText (std::size_t node) const;
     void letGo();
     void setHovered (std::optional<std::size_t> node);
+    juce::RangedAudioParameter& parameterOf (std::size_t knob) const;
 
     KestrelProcessor& processor;
     const std::size_t lane;

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace kestreleq::test
 {
 namespace
@@ -186,9 +188,11 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
 
     // A slot has its own, and so has a step.
     auto& control = rig.editor->getHeader().getAbControl();
-    Mouse (control).click ({ 50.0f, 10.0f });
+    const auto click = [&] (int x)
+    { rig.window.click (rig.window.getLocalPoint (&control, juce::Point<int> (x, 10))); };
+    click (50);
     rig.processor.setCurrentProgram (5);
-    Mouse (control).click ({ 20.0f, 10.0f });
+    click (20);
     EXPECT_EQ (label(), "01  Flat");
     rig.editor->grabKeyboardFocus();
     rig.press ('z', command);
@@ -260,6 +264,70 @@ TEST (KestrelEditor, ListensOnlyWhileItIsOpenAndPaintsOnlyWhatMoved)
 
     rig.editor.reset();
     EXPECT_FALSE (rig.processor.isCapturing());
+}
+
+/** A host with menus for parameters, which notes what it was asked for. */
+struct MenuHost final : juce::AudioProcessorEditorHostContext
+{
+    struct Menu final : juce::HostProvidedContextMenu
+    {
+        juce::PopupMenu getEquivalentPopupMenu() const override { return {}; }
+
+        void showNativeMenu (juce::Point<int> position) const override { *shownAt = position; }
+
+        juce::Point<int>* shownAt = nullptr;
+    };
+
+    std::unique_ptr<juce::HostProvidedContextMenu> getContextMenuForParameter (
+        const juce::AudioProcessorParameter* parameter) const override
+    {
+        index = parameter->getParameterIndex();
+        auto menu = std::make_unique<Menu>();
+        menu->shownAt = &shownAt;
+        return menu;
+    }
+
+    mutable int index = -1;
+    mutable juce::Point<int> shownAt;
+};
+
+TEST (KestrelEditor, ARightClickOnANodeOpensTheHostsMenuAndMovesNothing)
+{
+    EditorRig rig;
+    MenuHost host;
+    rig.editor->setHostContext (&host);
+    rig.tick();
+    auto& chart = rig.editor->getLane (0).getChart();
+    const auto node = chart.getNodes().position (2);
+    const auto before = rig.values();
+
+    Mouse mouse (chart);
+    mouse.move (node);
+    EXPECT_EQ (rig.editor->getControlParameterIndex (chart), static_cast<int> (indexOf (Parameter::hz160)));
+    mouse.down (node, juce::ModifierKeys::rightButtonModifier);
+    mouse.drag (node.translated (0.0f, 40.0f));
+    mouse.up (node);
+    EXPECT_EQ (host.index, static_cast<int> (indexOf (Parameter::hz160)));
+    EXPECT_EQ (host.shownAt, rig.editor->getLocalPoint (&chart, node.roundToInt()));
+    EXPECT_EQ (rig.values(), before);
+
+    mouse.move ({ 1.0f, 1.0f });
+    EXPECT_EQ (rig.editor->getControlParameterIndex (chart), -1);
+    rig.editor->setHostContext (nullptr);
+    mouse.down (node, juce::ModifierKeys::rightButtonModifier); // no menu
+    mouse.up (node);
+
+    const auto at = [&] (int x, int y) // in design pixels; the window opens at half of them
+    { return rig.editor->getControlParameterIndex (*rig.editor->getComponentAt (x / 2, y / 2)); };
+    EXPECT_EQ (at (328 + 59, 78 + 537 + 24 + 60), static_cast<int> (indexOf (Parameter::sub)));
+    EXPECT_EQ (at (44 + 13, 156 + 13), static_cast<int> (indexOf (Parameter::laneABypass)));
+    EXPECT_EQ (at (60, 34), -1) << "the logo";
+
+    for (auto* control :
+        std::initializer_list<juce::Component*> { &rig.editor->getScaffold().getGlobalPanel().getTrimKnob(),
+            &rig.editor->getScaffold().getGlobalPanel().getBypass(),
+            &rig.editor->getScaffold().getInputOutputPanel().getOutput().getAutoGain() })
+        EXPECT_GT (rig.editor->getControlParameterIndex (*control), 0);
 }
 
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
