@@ -3,6 +3,7 @@
 #include "editor/BreakWrapper.h"
 #include "editor/ChannelMode.h"
 #include "editor/EditorFooter.h"
+#include "editor/LiveLevels.h"
 #include "editor/ResourceManifest.h"
 #include "editor/header/EditorHeader.h"
 #include "editor/lane/LaneSection.h"
@@ -101,6 +102,7 @@ private:
     void pushLevels();
 
     KestrelProcessor& processor;
+    LiveLevels levels;
     ResourceManifest manifest;
     quillon::ui_pro::chrome::ResizeHandleLookAndFeel resizeLookAndFeel;
     quillon::ui_pro::primitives::RootBackground background;

@@ -330,6 +330,52 @@ TEST (KestrelEditor, ARightClickOnANodeOpensTheHostsMenuAndMovesNothing)
         EXPECT_GT (rig.editor->getControlParameterIndex (*control), 0);
 }
 
+TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
+{
+    EditorRig rig;
+    auto& lane = rig.editor->getLane (0);
+    const auto play = [&]
+    {
+        for (int i = 0; i < 10; ++i)
+        {
+            Stereo signal { sine (1000.0, 48000.0, 2400, 0.5), sine (1000.0, 48000.0, 2400, 0.5) };
+            rig.process (signal, 512);
+            rig.tick();
+        }
+    };
+    const auto meter = [&] { return lane.getMeterStrip().getLevelDbR(); };
+    const auto curve = [&]
+    {
+        const auto levels = lane.getChart().getSpectrum().getLevels (1);
+        return *std::max_element (levels.begin(), levels.end());
+    };
+
+    play();
+    const auto playing = meter();
+    EXPECT_GT (playing, -15.0f);
+    EXPECT_GT (curve(), SpectrumDisplay::floorLevel + 20.0f);
+
+    for (int i = 0; i < 3; ++i)
+        rig.tick();
+    EXPECT_EQ (meter(), playing) << "a short pause between two blocks";
+
+    for (int i = 0; i < 100; ++i)
+        rig.tick();
+    EXPECT_EQ (meter(), -48.0f);
+    EXPECT_EQ (curve(), SpectrumDisplay::floorLevel);
+
+    // Of what was before another state, nothing is seen at all; what plays on is.
+    play();
+    EXPECT_EQ (meter(), playing);
+    rig.processor.setCurrentProgram (1);
+    rig.tick();
+    EXPECT_EQ (meter(), -48.0f);
+    EXPECT_EQ (curve(), SpectrumDisplay::floorLevel);
+    rig.processor.setCurrentProgram (0);
+    play();
+    EXPECT_EQ (meter(), playing);
+}
+
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
 {
     EditorRig rig;
