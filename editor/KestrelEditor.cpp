@@ -295,6 +295,14 @@ void KestrelEditor::layOutCanvas()
     lanes[1]->setVisible (! laidOutLinked);
     scaffold->setBounds (layout::sidePanel());
     footer.place();
+
+    juce::RectangleList<int> covered;
+    for (std::size_t lane = 0; lane < (laidOutLinked ? 1 : numLanes); ++lane)
+    {
+        auto& chart = lanes[lane]->getChart();
+        covered.add (background.getLocalArea (&chart, chart.getLocalBounds().toFloat()).getLargestIntegerWithin());
+    }
+    background.setCovered (std::move (covered));
 }
 
 void KestrelEditor::storeScaleStep()

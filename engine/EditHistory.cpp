@@ -158,8 +158,8 @@ bool EditHistory::step (bool (juce::UndoManager::*move)())
     {
         const auto value = tree.read (parameterTable[i].id);
 
-        if (! tree.holds (static_cast<Parameter> (i), value))
-            tree.setExactly (static_cast<Parameter> (i), value);
+        if (value && ! tree.holds (static_cast<Parameter> (i), *value))
+            tree.setExactly (static_cast<Parameter> (i), *value);
     }
 
     return true;

@@ -106,6 +106,15 @@ void KestrelChartView::setColour (juce::Colour newColour)
     repaint();
 }
 
+void KestrelChartView::setSurface (std::function<void (juce::Graphics&)> newSurface)
+{
+    using primitives::CachedLayer;
+    surface = std::move (newSurface);
+    background = CachedLayer (surface != nullptr ? CachedLayer::Picture::covering : CachedLayer::Picture::transparent);
+    setOpaque (surface != nullptr);
+    repaint();
+}
+
 void KestrelChartView::resized()
 {
     axes = makeLaneAxes (getWidth(), getHeight());
@@ -121,8 +130,17 @@ void KestrelChartView::rebuildCurve()
 void KestrelChartView::paint (juce::Graphics& g)
 {
     const auto pixels = primitives::PixelGrid::of (g, *this);
-    background.draw (
-        g, *this, [&] (juce::Graphics& picture) { paintChartBackground (picture, getLocalBounds(), axes, pixels); });
+    background.draw (g, *this,
+        [&] (juce::Graphics& picture)
+        {
+            if (surface != nullptr)
+            {
+                const juce::Graphics::ScopedSaveState saved (picture);
+                surface (picture);
+            }
+
+            paintChartBackground (picture, getLocalBounds(), axes, pixels);
+        });
 
     const juce::Graphics::ScopedSaveState saved (g);
     g.reduceClipRegion (axes.plot.getSmallestIntegerContainer());

@@ -32,6 +32,10 @@ public:
     /** Called for a right click on a node with its parameter and the place in the view. */
     std::function<void (const juce::AudioProcessorParameter&, juce::Point<int>)> onNodeMenu;
 
+    /** Paints what lies beneath the view, and beyond its edges, in the view's coordinates. With it the view covers its
+        whole area, and nothing beneath it is painted in vain. Also for when that has changed. */
+    void setSurface (std::function<void (juce::Graphics&)> newSurface);
+
     /** The lane's colour. */
     void setColour (juce::Colour newColour);
 
@@ -81,6 +85,7 @@ private:
     ChartNodes nodes;
 
     ResponsePath curve;
+    std::function<void (juce::Graphics&)> surface;
     quillon::ui_pro::primitives::CachedLayer background;
 
     std::optional<std::size_t> hovered;

@@ -1,5 +1,7 @@
 #include "editor/chart/ResponsePath.h"
 
+#include "ui_pro/controls/chart/CurvePainter.h"
+
 #include <cmath>
 
 namespace kestreleq
@@ -24,20 +26,22 @@ ResponsePath ResponsePath::of (
     if (plot.isEmpty() || levels.size() < 2)
         return {};
 
-    juce::Path curve;
+    std::vector<juce::Point<float>> points (levels.size());
 
     for (std::size_t i = 0; i < levels.size(); ++i)
     {
         const auto part = static_cast<float> (i) / static_cast<float> (levels.size() - 1);
-        const juce::Point<float> point (plot.getX() + part * plot.getWidth(), axes.yFor (levels[i]));
-        i == 0 ? curve.startNewSubPath (point) : curve.lineTo (point);
+        points[i] = { plot.getX() + part * plot.getWidth(), axes.yFor (levels[i]) };
     }
 
     ResponsePath result;
-    juce::PathStrokeType (lineWidth, juce::PathStrokeType::curved).createStrokedPath (result.line, curve);
-    result.fill = std::move (curve);
+    result.line = quillon::ui_pro::controls::outlineCurve (points, lineWidth);
+    result.fill.startNewSubPath (plot.getX(), axes.yFor (0.0));
+
+    for (const auto& point : points)
+        result.fill.lineTo (point);
+
     result.fill.lineTo (plot.getRight(), axes.yFor (0.0));
-    result.fill.lineTo (plot.getX(), axes.yFor (0.0));
     result.fill.closeSubPath();
     return result;
 }

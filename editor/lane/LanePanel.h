@@ -26,9 +26,10 @@ public:
 
     void paint (juce::Graphics& g) override;
 
-private:
+    /** Paints the panel as it stands there without its layer. */
     void paintPanel (juce::Graphics& g) const;
 
+private:
     juce::String caption { "LEFT" };
     juce::Colour captionColour;
     bool tall = false;

@@ -104,6 +104,12 @@ void LaneSection::place (const layout::Lane& places)
     panel.setBounds (places.panel);
     panel.setTall (places.tall);
     chart->setBounds (places.chart);
+    chart->setSurface (
+        [this] (juce::Graphics& g)
+        {
+            g.setOrigin (panel.getPosition() - chart->getPosition());
+            panel.paintPanel (g);
+        });
     meterStrip.setBounds (places.meterStrip);
     powerButton.setBounds (places.powerButton);
     title.setBounds (places.title);

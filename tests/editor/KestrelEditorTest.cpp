@@ -188,11 +188,9 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
 
     // A slot has its own, and so has a step.
     auto& control = rig.editor->getHeader().getAbControl();
-    const auto click = [&] (int x)
-    { rig.window.click (rig.window.getLocalPoint (&control, juce::Point<int> (x, 10))); };
-    click (50);
+    rig.click (control, { 50, 10 });
     rig.processor.setCurrentProgram (5);
-    click (20);
+    rig.click (control, { 20, 10 });
     EXPECT_EQ (label(), "01  Flat");
     rig.editor->grabKeyboardFocus();
     rig.press ('z', command);
@@ -207,15 +205,13 @@ TEST (KestrelEditor, FlipsBetweenAAndB)
     EditorRig rig;
     auto& control = rig.editor->getHeader().getAbControl();
     rig.set ("40hz", 0.9f);
-    const auto click = [&] (int x)
-    { rig.window.click (rig.window.getLocalPoint (&control, juce::Point<int> (x, 10))); };
-    click (50);
+    rig.click (control, { 50, 10 });
     rig.set ("40hz", 0.2f);
-    click (20);
+    rig.click (control, { 20, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.9f);
     EXPECT_EQ (control.getSlot(), controls::ABSlot::A);
-    click (35); // between them
-    click (50);
+    rig.click (control, { 35, 10 }); // between them
+    rig.click (control, { 50, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.2f);
 }
 
@@ -374,6 +370,33 @@ TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
     rig.processor.setCurrentProgram (0);
     play();
     EXPECT_EQ (meter(), playing);
+}
+
+TEST (KestrelEditor, LeavesNoPixelOfItsWindowUnpainted)
+{
+    EditorRig rig;
+    const auto paintOver = [&rig] (juce::Colour beneath)
+    {
+        juce::Image picture (
+            juce::Image::ARGB, rig.editor->getWidth(), rig.editor->getHeight(), true, juce::SoftwareImageType());
+        juce::Graphics g (picture);
+        g.fillAll (beneath);
+        rig.editor->paintEntireComponent (g, true);
+        return picture;
+    };
+
+    for (const auto linked : { 1.0f, 0.0f })
+    {
+        rig.set ("link", linked);
+        rig.tick();
+
+        for (const auto width : { 836, 1003, 1588 })
+        {
+            rig.editor->setSize (width, width * 429 / 836);
+            EXPECT_EQ (countDifferentPixels (paintOver (juce::Colours::magenta), paintOver (juce::Colours::lime), 0), 0)
+                << width;
+        }
+    }
 }
 
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)

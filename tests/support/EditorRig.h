@@ -45,6 +45,9 @@ struct EditorRig : ProcessorRig
         mouse.up ({ 59.0f, 60.0f - distance });
     }
 
+    /** Clicks a control at a point of its own. */
+    void click (juce::Component& control, juce::Point<int> at) { window.click (window.getLocalPoint (&control, at)); }
+
     std::array<float, numParameters> values()
     {
         std::array<float, numParameters> result;

@@ -116,6 +116,10 @@ TEST (SpectrumChart, RepaintsForANewPictureOnly)
     EXPECT_EQ (watch.takeCount(), 1);
     chart.setSnapshot (flat (-20.0f));
     EXPECT_EQ (watch.takeCount(), 0);
+    auto asked = 0;
+    chart.setSnapshot ({ true, 48000.0, 64, 0, [&asked] (std::uint64_t) { return ++asked, -20.0f; } });
+    paintPicture (chart);
+    EXPECT_EQ (asked, 64) << "once for every bin";
     chart.setLineWidthScale (0.1f);
     EXPECT_EQ (chart.getLineWidthScale(), 0.25f);
     chart.setExtraTraces ({ { "", juce::Colours::red, 1.0f, [] (std::uint64_t) { return -3.0f; } } });

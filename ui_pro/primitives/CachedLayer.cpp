@@ -22,16 +22,9 @@ void CachedLayer::draw (
 
         const auto pixels = [this] (int length, float offset)
         { return static_cast<int> (std::ceil (static_cast<float> (length) * grid.scale + offset)); };
-        // An opaque picture is copied rather than blended; a pixel that it covers in part needs its alpha.
-        const auto isWhole = [this] (int length)
-        {
-            const auto exact = static_cast<float> (length) * grid.scale;
-            return std::round (exact) == exact;
-        };
-        const auto noAlpha = opaque && grid.phase.isOrigin() && isWhole (area.getWidth()) && isWhole (area.getHeight());
-        image =
-            juce::Image (noAlpha ? juce::Image::RGB : juce::Image::ARGB, pixels (area.getWidth(), grid.phase.getX()),
-                pixels (area.getHeight(), grid.phase.getY()), true, juce::SoftwareImageType());
+        image = juce::Image (needsNoAlpha() ? juce::Image::RGB : juce::Image::ARGB,
+            pixels (area.getWidth(), grid.phase.getX()), pixels (area.getHeight(), grid.phase.getY()), true,
+            juce::SoftwareImageType());
 
         juce::Graphics layer (image);
         layer.addTransform (juce::AffineTransform::scale (grid.scale).translated (grid.phase));
@@ -40,6 +33,18 @@ void CachedLayer::draw (
 
     g.setOpacity (1.0f);
     g.drawImageTransformed (image, juce::AffineTransform::translation (-grid.phase).scaled (1.0f / grid.scale));
+}
+
+bool CachedLayer::needsNoAlpha() const
+{
+    const auto isWhole = [this] (int length)
+    {
+        const auto exact = static_cast<float> (length) * grid.scale;
+        return std::round (exact) == exact;
+    };
+    return picture == Picture::covering ||
+        (picture == Picture::opaque && grid.phase.isOrigin() && isWhole (bounds.getWidth()) &&
+            isWhole (bounds.getHeight()));
 }
 
 } // namespace quillon::ui_pro::primitives

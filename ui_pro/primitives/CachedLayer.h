@@ -16,11 +16,12 @@ public:
     enum class Picture
     {
         transparent,
-        opaque // covers the component's whole area: drawn in half the time
+        opaque,  // covers the component's whole area: copied instead of blended, in a fraction of the time
+        covering // covers also what lies around it, and so the screen pixels that belong to it only in part
     };
 
-    explicit CachedLayer (Picture picture = Picture::transparent)
-        : opaque (picture == Picture::opaque)
+    explicit CachedLayer (Picture pictureToKeep = Picture::transparent)
+        : picture (pictureToKeep)
     {
     }
 
@@ -32,7 +33,9 @@ public:
     void invalidate() { image = {}; }
 
 private:
-    bool opaque;
+    bool needsNoAlpha() const;
+
+    Picture picture;
     juce::Image image;
     juce::Rectangle<int> bounds; // of the component, in its own coordinates
     PixelGrid grid;

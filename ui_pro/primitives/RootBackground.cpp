@@ -41,10 +41,14 @@ void paintBackground (juce::Graphics& g, juce::Rectangle<float> r)
 RootBackground::RootBackground()
 {
     setInterceptsMouseClicks (false, false);
+    setOpaque (true);
 }
 
 void RootBackground::paint (juce::Graphics& g)
 {
+    for (const auto& area : covered)
+        g.excludeClipRegion (area);
+
     layer.draw (g, *this,
         [this] (juce::Graphics& picture)
         {

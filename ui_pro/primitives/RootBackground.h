@@ -12,10 +12,15 @@ class RootBackground final : public SilentComponent
 public:
     RootBackground();
 
+    /** Parts that are not painted, because something opaque stands in front of them. The framework finds that out by
+        itself only where nothing is scaled. */
+    void setCovered (juce::RectangleList<int> areas) { covered = std::move (areas); }
+
     void paint (juce::Graphics& g) override;
 
 private:
-    CachedLayer layer;
+    juce::RectangleList<int> covered;
+    CachedLayer layer { CachedLayer::Picture::covering };
 };
 
 } // namespace quillon::ui_pro::primitives

@@ -76,12 +76,12 @@ void fillCurve (juce::Graphics& g, CurvePoints points, float baseline, juce::Rec
     g.fillPath (path);
 }
 
-void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colour colour)
+juce::Path outlineCurve (CurvePoints points, float width)
 {
     const auto pieces = makePieces (points, width);
 
     if (pieces.empty())
-        return;
+        return {};
 
     // The outline: along one side, and back along the other.
     juce::Path path;
@@ -99,9 +99,13 @@ void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colo
 
     path.lineTo (pieces.front().start - pieces.front().across);
     path.closeSubPath();
+    return path;
+}
 
+void strokeCurve (juce::Graphics& g, CurvePoints points, float width, juce::Colour colour)
+{
     g.setColour (colour);
-    g.fillPath (path);
+    g.fillPath (outlineCurve (points, width));
 }
 
 } // namespace quillon::ui_pro::controls

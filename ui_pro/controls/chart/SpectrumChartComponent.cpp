@@ -54,6 +54,54 @@ std::vector<juce::Point<float>> makePoints (
     return points;
 }
 
+/** What stands on the grid: the traces of some values and their chips, or that there is nothing to show. */
+void paintTraces (juce::Graphics& g, juce::Rectangle<float> area, const std::vector<float>& values,
+    SpectrumChartVisibility visibility, style::AccentColorRole accentRole, float lineWidthScale,
+    const SpectrumChartTraceConfig& traceConfig, const std::vector<SpectrumChartExtraTrace>& extraTraces)
+{
+    if (values.empty())
+    {
+        paintWaitingForAudio (g, area, traceConfig);
+        return;
+    }
+
+    const auto mode = traceConfig.getMode();
+    const auto range = SpectrumChartRange::of (mode);
+    const auto colour =
+        traceConfig.traceColour.isTransparent() ? style::Theme::accentForId (accentRole) : traceConfig.traceColour;
+    std::vector<SpectrumChartChip> chips;
+
+    if (visibility.trace)
+    {
+        const auto points = makePoints (area, mode, values.size(), [&values] (std::size_t i) { return values[i]; });
+        const auto isSpectrum = mode == SpectrumChartMode::spectrum;
+
+        if (traceConfig.fill)
+            fillCurve (g, points, dbToY (range.baseline, area, range.minDb, range.maxDb), area, colour);
+
+        strokeCurve (g, points, (isSpectrum ? spectrumLineWidth : differenceLineWidth) * lineWidthScale, colour);
+
+        if (! isSpectrum)
+            chips.push_back ({ "DIFF", colour });
+    }
+
+    if (visibility.extraTraces)
+    {
+        for (const auto& trace : extraTraces)
+        {
+            if (trace.valueAt == nullptr)
+                continue;
+
+            const auto points = makePoints (area, mode, values.size(), trace.valueAt);
+            strokeCurve (g, points, trace.lineWidth * lineWidthScale, trace.colour);
+            chips.push_back ({ trace.label.isEmpty() ? "TRACE" : trace.label, trace.colour });
+        }
+    }
+
+    if (! chips.empty())
+        paintChartChips (g, area, chips);
+}
+
 } // namespace
 
 SpectrumChartComponent::SpectrumChartComponent()
@@ -172,49 +220,7 @@ void SpectrumChartComponent::paintChart (juce::Graphics& g, juce::Rectangle<floa
     if (visibility.grid)
         paintChartGrid (g, area, traceConfig, primitives::PixelGrid::of (g));
 
-    const auto values = readValues (snapshot);
-
-    if (values.empty())
-    {
-        paintWaitingForAudio (g, area, traceConfig);
-        return;
-    }
-
-    const auto mode = traceConfig.getMode();
-    const auto range = SpectrumChartRange::of (mode);
-    const auto colour =
-        traceConfig.traceColour.isTransparent() ? style::Theme::accentForId (accentRole) : traceConfig.traceColour;
-    std::vector<SpectrumChartChip> chips;
-
-    if (visibility.trace)
-    {
-        const auto points = makePoints (area, mode, values.size(), [&values] (std::size_t i) { return values[i]; });
-        const auto isSpectrum = mode == SpectrumChartMode::spectrum;
-
-        if (traceConfig.fill)
-            fillCurve (g, points, dbToY (range.baseline, area, range.minDb, range.maxDb), area, colour);
-
-        strokeCurve (g, points, (isSpectrum ? spectrumLineWidth : differenceLineWidth) * lineWidthScale, colour);
-
-        if (! isSpectrum)
-            chips.push_back ({ "DIFF", colour });
-    }
-
-    if (visibility.extraTraces)
-    {
-        for (const auto& trace : extraTraces)
-        {
-            if (trace.valueAt == nullptr)
-                continue;
-
-            const auto points = makePoints (area, mode, values.size(), trace.valueAt);
-            strokeCurve (g, points, trace.lineWidth * lineWidthScale, trace.colour);
-            chips.push_back ({ trace.label.isEmpty() ? "TRACE" : trace.label, trace.colour });
-        }
-    }
-
-    if (! chips.empty())
-        paintChartChips (g, area, chips);
+    paintTraces (g, area, readValues (snapshot), visibility, accentRole, lineWidthScale, traceConfig, extraTraces);
 }
 
 void SpectrumChartComponent::paint (juce::Graphics& g)
@@ -226,9 +232,7 @@ void SpectrumChartComponent::paint (juce::Graphics& g)
             [this, area] (juce::Graphics& layer)
             { paintChartGrid (layer, area, traceConfig, primitives::PixelGrid::of (layer, *this)); });
 
-    auto above = visibility;
-    above.grid = false;
-    paintChart (g, area, snapshot, above, accentRole, lineWidthScale, traceConfig, extraTraces);
+    paintTraces (g, area, shownValues, visibility, accentRole, lineWidthScale, traceConfig, extraTraces);
 }
 
 std::unique_ptr<juce::AccessibilityHandler> SpectrumChartComponent::createAccessibilityHandler()

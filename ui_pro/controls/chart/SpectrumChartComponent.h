@@ -18,7 +18,8 @@ class SpectrumChartComponent final : public juce::Component, public juce::Settab
 public:
     SpectrumChartComponent();
 
-    /** Takes the next picture. Its callback is asked now and whenever the chart is painted, until the next one. */
+    /** Takes the next picture; its callback is asked once for every bin, now. Those of the extra traces are asked
+        whenever the chart is painted. */
     void setSnapshot (SpectrumChartSnapshot&& newSnapshot);
 
     void setVisibility (SpectrumChartVisibility newVisibility);

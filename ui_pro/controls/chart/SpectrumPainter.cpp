@@ -10,7 +10,7 @@ namespace quillon::ui_pro::controls
 namespace
 {
 
-constexpr float pixelsPerPoint = 2.0f; // of the screen: more detail is not seen, and costs as much again
+constexpr float pixelsPerPoint = 2.5f; // of the screen: more detail is not seen, and costs as much again
 
 } // namespace
 

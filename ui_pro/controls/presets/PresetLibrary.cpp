@@ -136,23 +136,20 @@ bool PresetLibrary::setCurrent (int index, int count, const juce::String& name)
 
 void PresetLibrary::selectInForce()
 {
-    auto inForce = find (currentIndex);
+    const auto* inForce = find (currentIndex);
 
     for (const auto& entry : entries)
         if (inForce == nullptr && entry.isLoaded)
             inForce = &entry;
 
-    if (inForce == nullptr)
-        return;
+    selectedId = inForce != nullptr ? inForce->id : none;
 
-    if (visibleIndexOf (inForce->id) < 0)
+    if (inForce != nullptr && visibleIndexOf (selectedId) < 0)
     {
         collection = allPresets;
         categoryFilter = authorFilter = searchText = {};
         listVisible();
     }
-
-    selectedId = inForce->id;
 }
 
 juce::String PresetLibrary::getCurrentLabel() const

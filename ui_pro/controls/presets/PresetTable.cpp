@@ -117,7 +117,7 @@ void PresetTable::selectedRowsChanged (int row)
     if (row >= 0)
         juce::NullCheckedInvocation::invoke (onPick, rows[static_cast<std::size_t> (row)].id);
     else
-        selectRow (selectedRow, true); // there is always one while there are presets
+        selectRow (selectedRow, true); // none is let go of but by choosing another
 }
 
 void PresetTable::listBoxItemDoubleClicked (int row, const juce::MouseEvent&)
