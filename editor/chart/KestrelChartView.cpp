@@ -4,6 +4,7 @@
 #include "editor/chart/LaneAxes.h"
 #include "editor/lane/LaneKnobs.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
+#include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -187,10 +188,14 @@ void KestrelChartView::paintNodes (juce::Graphics& g) const
 
 juce::String KestrelChartView::nodeText (std::size_t node) const
 {
-    const auto textOf = [this] (std::size_t knob)
-    { return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)].getCurrentValueAsText(); };
+    const auto textOf = [this] (std::size_t knob) { return parameterOf (knob).getCurrentValueAsText(); };
 
     return node == ChartNodes::airNode ? textOf (airAmountKnob) + "  " + textOf (airStepKnob) : textOf (node);
+}
+
+juce::RangedAudioParameter& KestrelChartView::parameterOf (std::size_t knob) const
+{
+    return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)];
 }
 
 void KestrelChartView::setHovered (std::optional<std::size_t> node)
@@ -199,6 +204,7 @@ void KestrelChartView::setHovered (std::optional<std::size_t> node)
         return;
 
     hovered = node;
+    primitives::setParameterIndex (*this, node ? parameterOf (*node).getParameterIndex() : -1);
     setMouseCursor (node ? juce::MouseCursor::PointingHandCursor : juce::MouseCursor::NormalCursor);
     repaint();
 }
@@ -218,8 +224,20 @@ void KestrelChartView::mouseDown (const juce::MouseEvent& event)
     drag.reset();
     grasped = nodes.hit (event.position);
 
-    if (grasped)
-        repaint();
+    if (! grasped)
+        return;
+
+    if (event.mods.isPopupMenu())
+    {
+        const auto node = *std::exchange (grasped, std::nullopt);
+
+        if (onNodeMenu != nullptr)
+            onNodeMenu (parameterOf (node), event.position.roundToInt());
+
+        return;
+    }
+
+    repaint();
 }
 
 void KestrelChartView::mouseDrag (const juce::MouseEvent& event)

@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <random>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -242,6 +243,27 @@ TEST (Conformance, ParameterTextsComeBack)
                 juce::CharPointer_UTF16 (reinterpret_cast<const juce::CharPointer_UTF16::CharType*> (text)));
         }
     }
+}
+
+TEST (Conformance, AControlSurfaceTellsParametersApartByTheirShortNames)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    std::set<std::string> names;
+    const auto text = [] (const Vst::String128& name)
+    {
+        return juce::String (
+            juce::CharPointer_UTF16 (reinterpret_cast<const juce::CharPointer_UTF16::CharType*> (name)))
+            .toStdString();
+    };
+
+    for (const auto& info : parametersOf (*instance.controller))
+    {
+        EXPECT_LE (text (info.shortTitle).size(), 8u);
+        names.insert (text (info.shortTitle));
+    }
+
+    EXPECT_EQ (names.size(), numParameters);
 }
 
 TEST (Conformance, AStateComesBackToTheBitFromAnotherThreadToo)
