@@ -1,6 +1,5 @@
+#include "tests/support/Vst3Host.h"
 #include "tests/support/Vst3Module.h"
-
-#include <pluginterfaces/gui/iplugview.h>
 
 #include <algorithm>
 #include <chrono>
@@ -8,7 +7,6 @@
 #include <iostream>
 #include <malloc.h>
 #include <memory>
-#include <poll.h>
 #include <sys/resource.h>
 #include <vector>
 
@@ -17,75 +15,15 @@
 namespace
 {
 
-using kestreleq::test::HostObject;
+using kestreleq::test::HostLoop;
 using kestreleq::test::Vst3Instance;
 using kestreleq::test::Vst3Module;
 using Clock = std::chrono::steady_clock;
 using Instances = std::vector<std::unique_ptr<Vst3Instance>>;
-namespace Linux = Steinberg::Linux;
 
 constexpr double rate = 48000.0;
 constexpr int block = 512;
 constexpr std::size_t numInstances = 200;
-
-/** The message loop that a Linux host lends to its modules. */
-class HostLoop final : public HostObject<Linux::IRunLoop>
-{
-public:
-    HostLoop()
-        : HostObject (Linux::IRunLoop_iid)
-    {
-    }
-
-    Steinberg::tresult PLUGIN_API registerEventHandler (
-        Linux::IEventHandler* handler, Linux::FileDescriptor file) override
-    {
-        files.push_back ({ file, POLLIN, 0 });
-        handlers.push_back (handler);
-        return Steinberg::kResultOk;
-    }
-
-    Steinberg::tresult PLUGIN_API unregisterEventHandler (Linux::IEventHandler* handler) override
-    {
-        for (auto i = handlers.size(); i-- > 0;)
-            if (handlers[i] == handler)
-            {
-                files.erase (files.begin() + static_cast<std::ptrdiff_t> (i));
-                handlers.erase (handlers.begin() + static_cast<std::ptrdiff_t> (i));
-            }
-
-        return Steinberg::kResultOk;
-    }
-
-    Steinberg::tresult PLUGIN_API registerTimer (Linux::ITimerHandler*, Linux::TimerInterval) override
-    {
-        return Steinberg::kNotImplemented;
-    }
-
-    Steinberg::tresult PLUGIN_API unregisterTimer (Linux::ITimerHandler*) override
-    {
-        return Steinberg::kNotImplemented;
-    }
-
-    void run (std::chrono::milliseconds duration)
-    {
-        const auto end = Clock::now() + duration;
-
-        for (auto now = Clock::now(); now < end; now = Clock::now())
-        {
-            ::poll (files.data(), files.size(),
-                static_cast<int> (std::chrono::ceil<std::chrono::milliseconds> (end - now).count()));
-
-            for (std::size_t i = 0; i < files.size(); ++i) // a handler may change the list
-                if (files[i].revents != 0)
-                    handlers[i]->onFDIsSet (files[i].fd);
-        }
-    }
-
-private:
-    std::vector<pollfd> files;
-    std::vector<Linux::IEventHandler*> handlers;
-};
 
 std::size_t bytesInUse()
 {
@@ -114,9 +52,9 @@ double addInstance (Vst3Module& module, Instances& instances)
 /** The part of a core that the process takes while nothing happens. */
 double idleLoad (HostLoop& loop)
 {
-    loop.run (std::chrono::seconds (2)); // what making the instances has left to do
+    loop.pump (2000); // what making the instances has left to do
     const auto before = processorSeconds();
-    loop.run (std::chrono::seconds (10));
+    loop.pump (10000);
     return (processorSeconds() - before) / 10.0;
 }
 
@@ -124,13 +62,8 @@ double idleLoad (HostLoop& loop)
 
 int main()
 {
-    HostLoop loop;
     Vst3Module module;
-
-    if (const auto factory = kestreleq::test::interfaceOf<Steinberg::IPluginFactory3> (
-            *module.getFactory(), Steinberg::IPluginFactory3_iid))
-        factory->setHostContext (&loop);
-
+    HostLoop loop (module);
     Instances instances;
     addInstance (module, instances); // what all of them share
     const auto loadOfOne = idleLoad (loop);

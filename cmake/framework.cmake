@@ -17,13 +17,18 @@ if(MINGW)
     include("${CMAKE_SOURCE_DIR}/cmake/windows/mingw.cmake")
 endif()
 
-# The framework's build helper is configured by a nested native CMake run, which takes its settings from here only.
-if(NOT framework_bundles_libraries)
+# Elsewhere than on Linux the framework needs a helper program of its own, for icons and version resources, and compiles it
+# while it is configured. That nested native CMake run takes its settings from the environment only.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    set(JUCE_MODULES_ONLY ON)
+elseif(NOT framework_bundles_libraries)
     set(saved_toolchain "$ENV{CMAKE_TOOLCHAIN_FILE}")
     set(ENV{CMAKE_TOOLCHAIN_FILE} "${CMAKE_SOURCE_DIR}/cmake/framework-helper.cmake")
 endif()
 add_subdirectory("${KESTREL_JUCE_DIR}" "${CMAKE_BINARY_DIR}/framework" EXCLUDE_FROM_ALL SYSTEM)
-if(NOT framework_bundles_libraries)
+if(JUCE_MODULES_ONLY)
+    include("${KESTREL_JUCE_DIR}/extras/Build/CMake/JUCEUtils.cmake") # what makes plug-ins of programs
+elseif(NOT framework_bundles_libraries)
     if(saved_toolchain)
         set(ENV{CMAKE_TOOLCHAIN_FILE} "${saved_toolchain}")
     else()

@@ -43,6 +43,14 @@ mend("changes made before a restore come back after it"
     "            pluginInstance->setStateInformation (data, static_cast<int> (size));"
     "        {\n            pluginInstance->setStateInformation (data, static_cast<int> (size));\n            comPluginInstance->forAllChangedParameters ([] (Vst::ParamID, float) {});\n        }")
 
+# A state ends with a part of the wrapper's own, whose length the state tells. A length beyond the state made the rest of it,
+# which is what the plug-in is given, longer than the block of memory.
+mend("a state with a false length is read past its end"
+    "                privateDataSize = ByteOrder::swapIfBigEndian (privateDataSize);"
+    "                privateDataSize = ByteOrder::swapIfBigEndian (privateDataSize);\n\n                if (privateDataSize > size - jucePrivDataIdentifierSize - sizeof (uint64))\n                    privateDataSize = 0;")
+mend("a state with a false length is read past its end"
+    "                size -= sizeof (uint64);" "                size -= jmin (size, (uint64) sizeof (uint64));")
+
 file(CONFIGURE OUTPUT "${copies}/${file}" CONTENT "@text@" @ONLY)
 get_target_property(sources juce_audio_plugin_client_VST3 INTERFACE_SOURCES)
 list(TRANSFORM sources REPLACE ".*/juce_audio_plugin_client_VST3\\.cpp$" "${copies}/${file}")

@@ -24,6 +24,9 @@ EditorFooter::EditorFooter (KestrelProcessor& processorToShow, const juce::Strin
     outputMode.setMode (stereo);
     outputMode.setKnobShown (false);
 
+    inputMeters.setTitle ("Input levels");
+    outputMeters.setTitle ("Output levels");
+
     label.setText (labelText, juce::dontSendNotification);
     label.setFont (style::regularFont (11.0f));
     label.setColour (juce::Label::textColourId, style::Theme::palette().textSecondary);

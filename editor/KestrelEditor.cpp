@@ -39,6 +39,15 @@ std::array<float, numLanes> amplitudesFor (const std::array<float, numLanes>& le
     return { amplitudeFor (levels[0]), amplitudeFor (levels[1]) };
 }
 
+/** Only KestrelEditor::mouseDown decides what a click does with the keyboard. */
+void keepFocusFromClicks (juce::Component& component)
+{
+    component.setMouseClickGrabsKeyboardFocus (false);
+
+    for (auto* child : component.getChildren())
+        keepFocusFromClicks (*child);
+}
+
 constexpr auto idOf (Parameter parameter)
 {
     return infoOf (parameter).id;
@@ -84,12 +93,16 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     }
 
     breakButton.setButtonText ("BREAK");
+    breakButton.setTitle ("BREAK");
+    breakButton.setTooltip ("Distortion of the boosted bands and of the air.");
     initialiseScaffold();
     footer.addTo (content);
     refreshChannelMode();
     refreshLinkState();
     initialiseTooltips();
+    initialiseOverlay();
     initialiseWindow();
+    initialiseKeyboard();
 }
 
 KestrelEditor::~KestrelEditor()
@@ -144,10 +157,43 @@ void KestrelEditor::initialiseTooltips()
     tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);
 }
 
+void KestrelEditor::initialiseOverlay()
+{
+    overlay.onCoverChanged = [this]
+    {
+        content.setAccessible (! overlay.isVisible());
+
+        if (overlay.isVisible())
+            removeKeyListener (&header.getKeyListener());
+        else
+            addKeyListener (&header.getKeyListener());
+    };
+}
+
+void KestrelEditor::initialiseKeyboard()
+{
+    setTitle (manifest.name());
+    setFocusContainerType (FocusContainerType::focusContainer); // for screen readers
+    background.addMouseListener (this, false);
+    keepFocusFromClicks (*this);
+
+    // The Tab key goes as the sections were added: from the header through the lanes and the side panel to the footer.
+    for (int i = 0; i < content.getNumChildComponents(); ++i)
+        content.getChildComponent (i)->setExplicitFocusOrder (i + 1);
+}
+
 void KestrelEditor::mouseDown (const juce::MouseEvent&)
 {
-    if (! hasKeyboardFocus (true) && findOpenPopup() == nullptr)
+    if (! hasKeyboardFocus (false) && findOpenPopup() == nullptr)
         grabKeyboardFocus();
+}
+
+void KestrelEditor::focusGainedWithDirection (FocusChangeType cause, FocusChangeDirection direction)
+{
+    juce::AudioProcessorEditor::focusGainedWithDirection (cause, direction);
+
+    if (cause == focusChangedByTabKey)
+        moveKeyboardFocusToSibling (direction != FocusChangeDirection::backward);
 }
 
 void KestrelEditor::focusGained (FocusChangeType cause)
@@ -182,6 +228,11 @@ juce::Component* KestrelEditor::findOpenPopup()
     return browser != nullptr ? &browser->getSearchField() : nullptr;
 }
 
+std::unique_ptr<juce::AccessibilityHandler> KestrelEditor::createAccessibilityHandler()
+{
+    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::group);
+}
+
 void KestrelEditor::handleAsyncUpdate()
 {
     refreshChannelMode();
@@ -195,7 +246,10 @@ void KestrelEditor::initialiseWindow()
     getConstrainer()->setFixedAspectRatio (static_cast<double> (smallestWidth) / smallestHeight);
 
     if (resizableCorner != nullptr)
+    {
         resizableCorner->setLookAndFeel (&resizeLookAndFeel);
+        resizableCorner->setAccessible (false); // the host's window tells its size
+    }
 
     setWantsKeyboardFocus (true);
     addKeyListener (&header.getKeyListener());

@@ -13,6 +13,7 @@
 #include "ui_pro/controls/panels/EffectEditorScaffold.h"
 #include "ui_pro/controls/support/SupportDiagnosticsPanel.h"
 #include "ui_pro/overlays/SlideInOverlay.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/primitives/RootBackground.h"
 
 #include <array>
@@ -34,13 +35,18 @@ public:
 
     void resized() override;
 
-    /** A press on a control: the editor takes the keyboard, for its shortcuts, unless a popup has it. The keys that it
-        does not take go on to the host. */
+    /** A press anywhere: the editor takes the keyboard, for its shortcuts, unless a popup has it. The keys that it does
+        not take go on to the host. */
     void mouseDown (const juce::MouseEvent& event) override;
+
+    /** The Tab key goes past the editor itself to its controls. */
+    void focusGainedWithDirection (FocusChangeType cause, FocusChangeDirection direction) override;
 
     /** What the window system answers to the click that opened a popup may come after the popup took the keyboard, and
         the framework then hands the keyboard to whoever had it before: the popup gets it back. */
     void focusGained (FocusChangeType cause) override;
+
+    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
     /** Shows the processor as it is now, after anything that may have changed everything. */
     void refreshEditor();
@@ -77,6 +83,8 @@ private:
     void initialiseScaffold();
     void initialiseWindow();
     void initialiseTooltips();
+    void initialiseOverlay();
+    void initialiseKeyboard();
     juce::Component* findOpenPopup();
     void giveKeyboardToPopup();
     void layOutCanvas();
@@ -92,7 +100,7 @@ private:
     ResourceManifest manifest;
     quillon::ui_pro::chrome::ResizeHandleLookAndFeel resizeLookAndFeel;
     quillon::ui_pro::primitives::RootBackground background;
-    juce::Component content;
+    quillon::ui_pro::primitives::SilentComponent content;
     EditorHeader header;
     std::array<std::unique_ptr<LaneSection>, numLanes> lanes;
     quillon::ui_pro::controls::OnOffButton breakButton;

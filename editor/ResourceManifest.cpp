@@ -1,6 +1,6 @@
 #include "editor/ResourceManifest.h"
 
-#include <KestrelResources.h>
+#include "resources/KestrelResources.h"
 
 #include <utility>
 

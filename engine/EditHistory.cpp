@@ -4,6 +4,33 @@
 
 namespace kestreleq
 {
+namespace
+{
+
+struct RecordedAction final : juce::UndoableAction
+{
+    RecordedAction (std::function<void()> functionToRedo, std::function<void()> functionToUndo)
+        : again (std::move (functionToRedo)),
+          back (std::move (functionToUndo))
+    {
+    }
+
+    bool perform() override
+    {
+        again();
+        return true;
+    }
+
+    bool undo() override
+    {
+        back();
+        return true;
+    }
+
+    const std::function<void()> again, back;
+};
+
+} // namespace
 
 EditHistory::EditHistory (ParameterTree& parameterTree, juce::UndoManager& manager, ParameterLinks& parameterLinks)
     : tree (parameterTree),
@@ -35,15 +62,32 @@ void EditHistory::lookAgain()
 void EditHistory::parameterGestureChanged (int index, bool isStarting)
 {
     // A link that answers the host's automation makes gestures too, on any thread; they are not the user's.
-    if (isStarting && stepThread == juce::Thread::getCurrentThreadId())
-        touched[static_cast<std::size_t> (index)] = true;
+    if (! isStarting || stepThread != juce::Thread::getCurrentThreadId())
+        return;
+
+    touched[static_cast<std::size_t> (index)] = true;
+
+    if (nameAtEnd.isEmpty())
+        nameAtEnd = parameterTable[static_cast<std::size_t> (index)].name;
 }
 
 void EditHistory::perform (const juce::String& name, const std::function<void()>& operation)
 {
+    if (! juce::MessageManager::existsAndIsCurrentThread())
+        return operation();
+
     beginStep (name);
+    const juce::ScopeGuard end { [this] { endStep(); } };
     operation();
-    endStep();
+}
+
+void EditHistory::record (std::function<void()> redo, std::function<void()> undo)
+{
+    if (stepThread != juce::Thread::getCurrentThreadId())
+        return redo();
+
+    const juce::ScopedLock scope (lock);
+    undoManager.perform (new RecordedAction (std::move (redo), std::move (undo)));
 }
 
 void EditHistory::beginStep (const juce::String& name)
@@ -51,12 +95,12 @@ void EditHistory::beginStep (const juce::String& name)
     if (depth++ > 0)
         return;
 
-    if (juce::MessageManager::existsAndIsCurrentThread())
-        stepThread = juce::Thread::getCurrentThreadId();
-
+    stepThread = juce::Thread::getCurrentThreadId();
     const juce::ScopedLock scope (lock);
     flush(); // what came before is not part of this step
-    undoManager.beginNewTransaction (name.isEmpty() ? takePendingName() : name);
+    const auto pendingOrNone = takePendingName();
+    nameAtEnd = name.isEmpty() ? pendingOrNone : name;
+    undoManager.beginNewTransaction (nameAtEnd);
 }
 
 void EditHistory::endStep()
@@ -67,6 +111,7 @@ void EditHistory::endStep()
     stepThread = juce::Thread::ThreadID();
     const juce::ScopedLock scope (lock);
     flush();
+    undoManager.setCurrentTransactionName (nameAtEnd);
 
     for (auto& flag : touched)
         flag = false;
@@ -113,8 +158,8 @@ bool EditHistory::step (bool (juce::UndoManager::*move)())
     {
         const auto value = tree.read (parameterTable[i].id);
 
-        if (! tree.holds (static_cast<Parameter> (i), value))
-            tree.setExactly (static_cast<Parameter> (i), value);
+        if (value && ! tree.holds (static_cast<Parameter> (i), *value))
+            tree.setExactly (static_cast<Parameter> (i), *value);
     }
 
     return true;

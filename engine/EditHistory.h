@@ -15,7 +15,8 @@ namespace kestreleq
 /** Decides what becomes a step of the undo history: every gesture of the user (a drag, a click), with whatever was
     linked to it, and every named operation. What the host changes on its own is written into the tree past the history.
 
-    A step belongs to the parameters whose gestures begin within it. Message thread, unless a function says otherwise.
+    A step belongs to the parameters whose gestures begin within it, and goes by the first one's name if it has none of
+   its own. Message thread, unless a function says otherwise.
  */
 class EditHistory final : private juce::AudioProcessorParameter::Listener, private juce::ValueTree::Listener
 {
@@ -29,8 +30,13 @@ public:
     void beginStep (const juce::String& name = {});
     void endStep();
 
-    /** Runs an operation as one step of this name. */
+    /** Runs an operation as one step of this name. Any thread; on another than the message thread it is the host's and
+       no step. */
     void perform (const juce::String& name, const std::function<void()>& operation);
+
+    /** Adds to the step that is being made something else than a parameter: calls `redo`, and later `undo` and `redo`
+       in turn. What they use must outlive the undo manager. Without a step, `redo` is called and that is all. */
+    void record (std::function<void()> redo, std::function<void()> undo);
 
     /** Names the next step that has no name of its own. Any thread. */
     void setPendingName (const juce::String& name);
@@ -74,6 +80,7 @@ private:
     std::array<std::atomic<bool>, numParameters> touched {}; // by the step that is being made
     int depth = 0;                                           // of steps within each other
     std::atomic<juce::Thread::ThreadID> stepThread {};       // the message thread while it makes one
+    juce::String nameAtEnd;                                  // of the step: a given one, or its first parameter's
 
     std::array<float, numParameters> flushed {}; // the tree's values as of the last flush, unless it has changed since
     std::atomic<bool> treeHasChanged { true };

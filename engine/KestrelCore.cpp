@@ -54,9 +54,19 @@ void KestrelCore::replaceState (const juce::ValueTree& newState)
     const ParameterLinks::ScopedPause restoring (links);
     const juce::ScopedLock lock (history.getLock());
     tree.replaceState (newState.createCopy());
-    const auto newValues = valuesIn (newState);
     links.forgetUnannounced(); // a host that restores reads every value
+    setWhatDiffers (valuesIn (newState));
+}
 
+void KestrelCore::bringBack (const juce::ValueTree& state)
+{
+    const ParameterLinks::ScopedPause restoring (links);
+    setWhatDiffers (valuesIn (state));
+    history.flush();
+}
+
+void KestrelCore::setWhatDiffers (const std::array<float, numParameters>& newValues)
+{
     for (std::size_t i = 0; i < numParameters; ++i)
         if (! tree.holds (static_cast<Parameter> (i), newValues[i]))
             tree.setExactly (static_cast<Parameter> (i), newValues[i]);

@@ -63,6 +63,9 @@ public:
         history. Message thread. */
     void applyState (const juce::ValueTree& state, const juce::String& operationName);
 
+    /** Sets the parameters that differ from a whole tree, links or not, past the undo history. Message thread. */
+    void bringBack (const juce::ValueTree& state);
+
     /** Sets every parameter, in host order and each as a host gesture, as one named operation of the undo history.
         Message thread. */
     void setAllParameters (const std::array<float, numParameters>& newValues, const juce::String& operationName);
@@ -78,6 +81,7 @@ public:
     void process (juce::AudioBuffer<float>& buffer);
 
 private:
+    void setWhatDiffers (const std::array<float, numParameters>& newValues);
     void readParameters();
     void processStereo (float* left, float* right, int numSamples);
     void feedAnalysers (std::size_t slot, const float* left, const float* right, int numSamples);

@@ -1,7 +1,6 @@
 #include "engine/KestrelProcessor.h"
 
 #include "engine/Contained.h"
-#include "engine/PluginState.h"
 #include "engine/parameters/FactoryPrograms.h"
 #include "ui/settings/SettingsScopeManager.h"
 
@@ -139,20 +138,39 @@ void KestrelProcessor::setCurrentProgram (int index)
     contain (
         [&]
         {
-            currentProgram = index;
-            core.setAllParameters (
-                valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), "Load preset: " + getProgramName (index));
+            const auto stepName = "Load preset: " + getProgramName (index);
+            core.getHistory().perform (stepName,
+                [&]
+                {
+                    core.setAllParameters (valuesOf (factoryPrograms[static_cast<std::size_t> (index)]), stepName);
+                    choosePreset ({ index, false });
+                });
             ++stateChangeCounter;
+        });
+}
+
+/** A part of the step that is being made: the preset changes with the values. */
+void KestrelProcessor::choosePreset (CurrentPreset newPreset)
+{
+    const auto choose = [this] (CurrentPreset chosen)
+    {
+        return [this, chosen]
+        {
+            preset = chosen;
 
             // On any other thread it is the host that sets the program, and would read its own old values on this.
             if (juce::MessageManager::existsAndIsCurrentThread())
                 updateHostDisplay (ChangeDetails {}.withProgramChanged (true));
-        });
+        };
+    };
+
+    if (const auto before = preset.load(); before != newPreset)
+        core.getHistory().record (choose (newPreset), choose (before));
 }
 
 void KestrelProcessor::getStateInformation (juce::MemoryBlock& destination)
 {
-    contain ([&] { writeState ({ core.copyState(), currentProgram, editorScaleStep }, destination); });
+    contain ([&] { writeState (copyState(), destination); });
 }
 
 void KestrelProcessor::setStateInformation (const void* data, int size)
@@ -166,7 +184,7 @@ void KestrelProcessor::setStateInformation (const void* data, int size)
                 return;
 
             core.replaceState (state->parameters);
-            currentProgram = state->program;
+            preset = state->preset;
             editorScaleStep = state->editorScaleStep;
             ++stateChangeCounter;
         });
@@ -179,9 +197,20 @@ juce::AudioProcessorEditor* KestrelProcessor::createEditor()
     return editor; // without one the wrapper shows an empty window
 }
 
-void KestrelProcessor::applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName)
+void KestrelProcessor::bringBack (const PluginState& snapshot)
 {
-    core.applyState (snapshot, stepName);
+    core.bringBack (snapshot.parameters);
+    preset = snapshot.preset;
+}
+
+void KestrelProcessor::applySnapshot (const PluginState& snapshot, const juce::String& stepName)
+{
+    core.getHistory().perform (stepName,
+        [&]
+        {
+            core.applyState (snapshot.parameters, stepName);
+            choosePreset (snapshot.preset);
+        });
     ++stateChangeCounter;
 }
 

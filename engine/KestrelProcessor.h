@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/KestrelCore.h"
+#include "engine/PluginState.h"
 #include "engine/RealTime.h"
 #include "engine/dsp/LevelMeasure.h"
 #include "ui/strips/FooterTelemetrySource.h"
@@ -73,7 +74,7 @@ public:
 
     int getNumPrograms() override;
 
-    int getCurrentProgram() override { return std::max (0, currentProgram.load()); }
+    int getCurrentProgram() override { return preset.load().program; }
 
     /** Sets every parameter to the program's value, each as a host gesture. An unknown index is ignored. */
     void setCurrentProgram (int index) override;
@@ -91,9 +92,19 @@ public:
     /** Any thread. What is no state of ours changes nothing. */
     void setStateInformation (const void* data, int size) override;
 
-    /** Sets every parameter to a snapshot's value, as one undoable step of this name; the program and the editor's size
-        stay. Message thread. */
-    void applySnapshot (const juce::ValueTree& snapshot, const juce::String& stepName);
+    /** Everything that a host saves, as of now. Any thread. */
+    PluginState copyState() { return { core.copyState(), preset, editorScaleStep }; }
+
+    /** Sets every parameter to a snapshot's value, and which preset that is, as one undoable step of this name; the
+        editor's size stays. Message thread. */
+    void applySnapshot (const PluginState& snapshot, const juce::String& stepName);
+
+    /** Puts right, past the undo history, what a step of it has brought back but for what the host had changed. Message
+        thread. */
+    void bringBack (const PluginState& snapshot);
+
+    /** Which preset sounds. Any thread. */
+    CurrentPreset getPreset() const { return preset; }
 
     /** Advances whenever much has changed at once: a restored state, a program, a snapshot. Any thread. */
     std::uint32_t getStateChangeCounter() const { return stateChangeCounter.load (std::memory_order_acquire); }
@@ -130,11 +141,12 @@ private:
     void measureInput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void measureOutput (const juce::AudioBuffer<float>& buffer, bool link, bool midSide);
     void registerRenderTime (juce::int64 ticks, int numSamples);
+    void choosePreset (CurrentPreset newPreset);
 
     const dsp::simd::Kernels& kernels;
     KestrelCore core;
     const EditorFactory createNewEditor;
-    std::atomic<int> currentProgram { 0 };
+    std::atomic<CurrentPreset> preset {};
     std::atomic<int> editorScaleStep { -1 };
     std::atomic<std::uint32_t> stateChangeCounter { 0 };
 

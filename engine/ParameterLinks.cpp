@@ -38,6 +38,11 @@ ParameterLinks::ParameterLinks (ParameterTree& treeToWatch)
 
     for (const auto linkSwitch : switches)
         watch (linkSwitch);
+
+    // The framework makes room for a parameter's listeners when it first calls them: now, not on the audio thread.
+    const ScopedPause pause (*this);
+    for (const auto& each : watchers)
+        tree[each.parameter].sendValueChangedMessageToListeners (tree[each.parameter].getValue());
 }
 
 ParameterLinks::~ParameterLinks()

@@ -7,6 +7,7 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 
 #include <array>
+#include <optional>
 
 namespace kestreleq
 {
@@ -62,10 +63,12 @@ public:
                 StateListener (this), tree_names::value, static_cast<double> (value), history);
     }
 
-    /** The value that the tree holds, which is the parameter's as of the last write. */
-    float read (const juce::String& id) const
+    /** The value that the tree holds, which is the parameter's as of the last write; none after a state that has none.
+     */
+    std::optional<float> read (const juce::String& id) const
     {
-        return state.getChildWithProperty (tree_names::id, id)[tree_names::value];
+        const auto* value = state.getChildWithProperty (tree_names::id, id).getPropertyPointer (tree_names::value);
+        return value != nullptr ? std::optional<float> (*value) : std::nullopt;
     }
 
 private:

@@ -69,8 +69,9 @@ juce::ValueTree cleaned (const juce::ValueTree& stored)
 std::optional<PluginState> fromXml (const juce::XmlElement& xml)
 {
     const auto tree = juce::ValueTree::fromXml (xml);
-    const int program = tree[programProperty];
-    return PluginState { cleaned (tree), program < static_cast<int> (factoryPrograms.size()) ? program : 0,
+    const int program = tree[programProperty]; // below 0: none
+    const bool isKnown = program >= 0 && program < static_cast<int> (factoryPrograms.size());
+    return PluginState { cleaned (tree), { isKnown ? program : 0, program < 0 },
         tree.getProperty (scaleStepProperty, -1) };
 }
 
@@ -79,7 +80,7 @@ std::optional<PluginState> fromXml (const juce::XmlElement& xml)
 void writeState (const PluginState& state, juce::MemoryBlock& destination)
 {
     auto tree = state.parameters.createCopy();
-    tree.setProperty (programProperty, state.program, nullptr);
+    tree.setProperty (programProperty, state.preset.isCustom ? -1 : state.preset.program, nullptr);
     tree.setProperty (scaleStepProperty, state.editorScaleStep, nullptr);
 
     if (const auto xml = tree.createXml())

@@ -7,12 +7,21 @@
 namespace kestreleq
 {
 
+/** Which preset is in force: a factory program, or settings from elsewhere that have come in its place ("Custom"). */
+struct CurrentPreset
+{
+    int program = 0;
+    bool isCustom = false;
+
+    bool operator== (const CurrentPreset&) const = default;
+};
+
 /** What a saved state holds: the parameters as a tree of type "Parameters" with one child per parameter, and the two
     properties that belong to the processor. */
 struct PluginState
 {
     juce::ValueTree parameters;
-    int program = 0;
+    CurrentPreset preset;
     int editorScaleStep = -1; // -1: the editor's default size
 };
 

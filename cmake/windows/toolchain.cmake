@@ -1,5 +1,5 @@
 # Cross-builds for 64-bit Windows on Debian 12: its GCC 12, with the newer headers and import libraries that
-# scripts/windows-setup lays into .deps/windows/sysroot.
+# scripts/lib/windows-toolchain lays into .deps/windows/sysroot.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 
@@ -9,7 +9,7 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 get_filename_component(sysroot "${CMAKE_CURRENT_LIST_DIR}/../../.deps/windows/sysroot" ABSOLUTE)
 if(NOT EXISTS "${sysroot}/include/windows.h")
-    message(FATAL_ERROR "No Windows headers in '${sysroot}': run scripts/windows-setup")
+    message(FATAL_ERROR "No Windows headers in '${sysroot}': run scripts/lib/windows-toolchain")
 endif()
 
 # The compiler's own folders are named again, because -nostdinc takes them away with the distribution's Windows headers,
@@ -34,7 +34,7 @@ set(CMAKE_SHARED_LINKER_FLAGS_INIT "${link}")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "${link}")
 
 # What the build itself runs, the helper that writes moduleinfo.json, runs under Wine.
-get_filename_component(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../../scripts/wine" ABSOLUTE)
+get_filename_component(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../../scripts/lib/wine" ABSOLUTE)
 
 set(CMAKE_FIND_ROOT_PATH "${sysroot}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

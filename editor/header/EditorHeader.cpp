@@ -70,12 +70,11 @@ void EditorHeader::initialisePresetSelector()
     selectorHooks.load = [this] (int program) { selectProgram (program); };
     presetSelector.setHooks (std::move (selectorHooks));
     presetSelector.setPreviewPainter (paintPresetPreview);
-    showCurrentProgram();
+    showPreset();
 }
 
 void EditorHeader::selectProgram (int program)
 {
-    custom = false;
     processor.setCurrentProgram (program);
     hooks.refreshEditor();
 }
@@ -85,18 +84,15 @@ void EditorHeader::stepProgram (int distance)
     selectProgram ((processor.getCurrentProgram() + distance + numPrograms) % numPrograms);
 }
 
-void EditorHeader::showCurrentProgram()
+void EditorHeader::showPreset()
 {
-    shownProgram = std::clamp (processor.getCurrentProgram(), 0, numPrograms - 1);
-    presetSelector.setEntries (makePresetEntries (shownProgram));
-    presetSelector.setCurrentPreset (shownProgram, numPrograms, processor.getProgramName (shownProgram));
-}
+    const auto preset = processor.getPreset();
+    presetSelector.setEntries (makePresetEntries (preset.isCustom ? -1 : preset.program));
 
-void EditorHeader::showCustom()
-{
-    custom = true;
-    presetSelector.setEntries (makePresetEntries (-1));
-    presetSelector.setCurrentPreset (shownProgram, numPrograms, "Custom");
+    if (preset.isCustom) // it comes after the programs and is none of them
+        presetSelector.setCurrentPreset (numPrograms, numPrograms + 1, "Custom");
+    else
+        presetSelector.setCurrentPreset (preset.program, numPrograms, processor.getProgramName (preset.program));
 }
 
 void EditorHeader::initialiseABControl()
@@ -120,14 +116,14 @@ void EditorHeader::initialiseABControl()
     controls::EditorActions actions;
     actions.canUndo = [&history] { return history.canUndo(); };
     actions.canRedo = [&history] { return history.canRedo(); };
-    actions.undo = [this, &history]
+    actions.undo = [this]
     {
-        if (history.undo())
+        if (comparison.undo())
             hooks.refreshEditor();
     };
-    actions.redo = [this, &history]
+    actions.redo = [this]
     {
-        if (history.redo())
+        if (comparison.redo())
             hooks.refreshEditor();
     };
     actions.undoName = [&manager] { return manager.getUndoDescription(); };
@@ -137,11 +133,8 @@ void EditorHeader::initialiseABControl()
     actions.copy = [this] { clipboard.copy(); };
     actions.paste = [this]
     {
-        if (! clipboard.paste())
-            return;
-
-        showCustom();
-        hooks.refreshEditor();
+        if (clipboard.paste())
+            hooks.refreshEditor();
     };
     actions.copyCaption = [] { return juce::String ("Copy"); };
     commands.setActions (std::move (actions));
@@ -166,12 +159,7 @@ void EditorHeader::place()
 
 void EditorHeader::refresh()
 {
-    if (! custom || processor.getCurrentProgram() != shownProgram)
-    {
-        custom = false;
-        showCurrentProgram();
-    }
-
+    showPreset();
     commands.refresh();
     abControl.refresh();
 }

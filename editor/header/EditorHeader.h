@@ -35,7 +35,7 @@ public:
     void addTo (juce::Component& canvas);
     void place();
 
-    /** Shows which program is in force, and which steps can be undone. */
+    /** Shows which preset is in force, and which steps can be undone. */
     void refresh();
 
     /** Shows what can be undone and pasted. */
@@ -60,8 +60,7 @@ private:
     void initialisePresetSelector();
     void initialiseABControl();
     void stepProgram (int distance);
-    void showCurrentProgram();
-    void showCustom();
+    void showPreset();
     bool chooseMenuItem (const quillon::ui_pro::controls::MenuItem& item);
 
     KestrelProcessor& processor;
@@ -69,8 +68,6 @@ private:
     Hooks hooks;
     AbComparison comparison;
     StateClipboard clipboard;
-    int shownProgram = -1;
-    bool custom = false; // what is in force was pasted
 
     quillon::ui_pro::layout::HeaderBar bar;
     quillon::ui_pro::controls::PresetSelector presetSelector;

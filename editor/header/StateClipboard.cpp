@@ -49,7 +49,7 @@ bool StateClipboard::paste()
     if (! state)
         return false;
 
-    processor.applySnapshot (state->parameters, "Paste");
+    processor.applySnapshot ({ state->parameters, { processor.getCurrentProgram(), true } }, "Paste");
     return true;
 }
 

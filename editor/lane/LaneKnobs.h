@@ -17,6 +17,7 @@ struct LaneKnob
     const char* text;
     int steps;        // 0: continuous
     double frequency; // Hz, of its node on the chart; the air nodes' moves
+    const char* help;
 };
 
 inline constexpr std::size_t airAmountKnob = 5;
@@ -24,13 +25,13 @@ inline constexpr std::size_t airStepKnob = 6;
 
 /** From left to right. */
 inline constexpr std::array<LaneKnob, 7> laneKnobs { {
-    { "SUB", Parameter::sub, 12, 0.5f, "0.0", 0, 24.0 },
-    { "40", Parameter::hz40, 13, 0.5f, "0.0", 0, 40.0 },
-    { "160", Parameter::hz160, 14, 0.5f, "0.0", 0, 160.0 },
-    { "650", Parameter::hz650, 0, 0.5f, "0.0", 0, 650.0 },
-    { "2.5K", Parameter::hz2500, 1, 0.5f, "0.0", 0, 2500.0 },
-    { "AIR", Parameter::airGain, 2, 0.5f, "0.0", 0, 2500.0 },
-    { "FREQ", Parameter::airBand, 2, 0.0f, "2.5K", 5, 2500.0 },
+    { "SUB", Parameter::sub, 12, 0.5f, "0.0", 0, 24.0, "Low shelf around 36 Hz" },
+    { "40", Parameter::hz40, 13, 0.5f, "0.0", 0, 40.0, "Wide bell around 40 Hz" },
+    { "160", Parameter::hz160, 14, 0.5f, "0.0", 0, 160.0, "Wide bell around 155 Hz" },
+    { "650", Parameter::hz650, 0, 0.5f, "0.0", 0, 650.0, "Wide bell around 600 Hz" },
+    { "2.5K", Parameter::hz2500, 1, 0.5f, "0.0", 0, 2500.0, "High shelf, from far below its name" },
+    { "AIR", Parameter::airGain, 2, 0.5f, "0.0", 0, 2500.0, "Amount of air; none while FREQ is at 2.5K" },
+    { "FREQ", Parameter::airBand, 2, 0.0f, "2.5K", 5, 2500.0, "Where the air begins; at 2.5K it is off" },
 } };
 
 } // namespace kestreleq

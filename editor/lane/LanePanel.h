@@ -1,12 +1,13 @@
 #pragma once
 
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 namespace kestreleq
 {
 
 /** The surface of one lane, with its channel's name; the lane's controls stand on it as siblings. */
-class LanePanel final : public juce::Component
+class LanePanel final : public quillon::ui_pro::primitives::TextComponent
 {
 public:
     LanePanel();

@@ -40,6 +40,7 @@ void LaneSection::initialiseLaneControls()
         auto& knob = knobs[i];
         knob.setLabel (row.caption);
         knob.setTitle (juce::String (row.caption) + ", " + laneName);
+        knob.setTooltip (juce::String (row.help) + ". Drag up or down; a double-click sets the default.");
         knob.setColourId (row.colourId);
         knob.setSteps (row.steps);
         knob.setValue (row.position);
@@ -79,10 +80,10 @@ template <typename Function>
 void LaneSection::forEach (Function&& function)
 {
     function (panel);
-    function (*chart);
-    function (meterStrip);
     function (powerButton);
     function (title);
+    function (*chart);
+    function (meterStrip);
 
     for (auto& knob : knobs)
         function (knob);

@@ -164,7 +164,7 @@ void SpectrumEstimator::updatePeaks()
     }
 
     const auto framesToHold = holdTime / 1000.0 * framesPerSecond();
-    const auto fall = static_cast<float> (peakDecay / framesPerSecond());
+    const auto fallPerFrame = static_cast<float> (peakDecay / framesPerSecond());
 
     for (std::size_t k = 0; k < current.size(); ++k)
     {
@@ -175,7 +175,7 @@ void SpectrumEstimator::updatePeaks()
         }
         else if (++heldFrames[k] >= framesToHold)
         {
-            peaks[k] = std::max (current[k], peaks[k] - fall);
+            peaks[k] = std::max (current[k], peaks[k] - fallPerFrame);
         }
     }
 }

@@ -60,14 +60,14 @@ void Crossfade::start (SettingsChange change, int blockLength)
 
 void Crossfade::mix (const StereoPointers<const float>& one, const StereoPointers<float>& other, int numSamples)
 {
-    const auto mixByShare = [&, whole = static_cast<float> (length), next = position + 1] (const auto& curve)
+    const auto mixByShare = [&, step = 1.0f / static_cast<float> (length), next = position + 1] (const auto& curve)
     {
         const auto& [oldLeft, oldRight] = one;
         const auto& [left, right] = other;
 
         for (int n = 0; n < numSamples; ++n)
         {
-            const auto share = curve (static_cast<float> (next + n) / whole);
+            const auto share = curve (static_cast<float> (next + n) * step);
             left[n] = finiteOrZero (oldLeft[n] + share * (left[n] - oldLeft[n]));
             right[n] = finiteOrZero (oldRight[n] + share * (right[n] - oldRight[n]));
         }

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <optional>
+#include <random>
+
 namespace kestreleq::test
 {
 namespace
@@ -23,14 +27,80 @@ TEST (AbComparison, FlipsBetweenTwoSettingsAndStepsAreUndoable)
 
     EXPECT_TRUE (comparison.switchTo (0));
     EXPECT_EQ (rig.get ("sub"), 0.7f);
-    EXPECT_EQ (rig.processor.getCurrentProgram(), 3) << "the program is not part of a slot";
-    EXPECT_TRUE (rig.processor.getCore().getHistory().undo());
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 0) << "the program is part of a slot";
+    EXPECT_TRUE (comparison.undo());
+    EXPECT_EQ (comparison.getSlot(), 1u);
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     const auto program = rig.processor.getCore().copyState();
-    EXPECT_TRUE (rig.processor.getCore().getHistory().redo());
+    EXPECT_TRUE (comparison.redo());
+    EXPECT_EQ (comparison.getSlot(), 0u);
 
     EXPECT_TRUE (comparison.switchTo (1));
     EXPECT_TRUE (rig.processor.getCore().copyState().isEquivalentTo (program));
     EXPECT_FALSE (comparison.switchTo (2));
+}
+
+TEST (AbComparison, NoOrderOfFlipsUndoAndRedoLosesASlot)
+{
+    ProcessorRig rig;
+    AbComparison comparison (rig.processor);
+    auto& history = rig.processor.getCore().getHistory();
+    const auto settings = [&]
+    {
+        juce::MemoryBlock block;
+        rig.processor.getStateInformation (block);
+        return block;
+    };
+
+    std::array<std::optional<juce::MemoryBlock>, 2> left;
+    std::mt19937 random (1);
+    int flips = 0, moves = 0;
+
+    for (int i = 0; i < 3000; ++i)
+    {
+        const auto slot = comparison.getSlot();
+        const auto before = settings();
+        const auto value = static_cast<float> (random() % 101) / 100.0f;
+
+        switch (random() % 6)
+        {
+            case 0:
+                comparison.switchTo (1 - slot);
+                ++flips;
+                break;
+            case 1:
+                history.beginStep();
+                rig.parameter ("sub").beginChangeGesture();
+                rig.set ("sub", value);
+                rig.parameter ("sub").endChangeGesture();
+                history.endStep();
+                break;
+            case 2:
+                rig.set ("trim", value); // the host
+                break;
+            case 3:
+                rig.processor.setCurrentProgram (static_cast<int> (random() % 6));
+                break;
+            case 4:
+                comparison.undo();
+                break;
+            default:
+                comparison.redo();
+        }
+
+        if (comparison.getSlot() == slot)
+            continue;
+
+        ++moves;
+        left[slot] = before;
+
+        if (left[1 - slot])
+        {
+            ASSERT_TRUE (settings() == *left[1 - slot]) << "after " << i << " actions";
+        }
+    }
+
+    EXPECT_GT (moves, flips);
 }
 
 TEST (StateClipboard, TakesBackWhatItGaveAndNothingElse)

@@ -1,13 +1,11 @@
 #include "editor/KestrelEditor.h"
 #include "editor/EditorLayout.h"
 
-#include "tests/support/MessagePump.h"
+#include "tests/support/EditorRig.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
-#include "tests/support/ProcessorRig.h"
 #include "tests/support/RepaintWatch.h"
 #include "tests/support/Signals.h"
-#include "tests/support/Window.h"
 
 #include "ui_pro/style/Theme.h"
 
@@ -19,62 +17,6 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-
-/** A processor with its editor open, in a window that is on no screen. */
-struct EditorRig : ProcessorRig
-{
-    EditorRig()
-        : editor (std::make_unique<KestrelEditor> (processor)),
-          window (editor->getWidth(), editor->getHeight())
-    {
-        editor->setClock ([this] { return now; });
-        window.addAndMakeVisible (*editor);
-        editor->grabKeyboardFocus();
-        clipboard().read = [this] { return clipboardText; };
-        clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
-    }
-
-    ~EditorRig() { editor.reset(); }
-
-    StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
-
-    void tick()
-    {
-        now += 50.0;
-        pumpMessages (1); // what attachments have to tell
-        editor->tick();
-    }
-
-    /** Drags a control's face upwards by so many design pixels. */
-    void drag (juce::Component& control, float distance)
-    {
-        Mouse mouse (control);
-        mouse.down ({ 59.0f, 60.0f });
-        mouse.drag ({ 59.0f, 60.0f - distance / 2.0f });
-        mouse.drag ({ 59.0f, 60.0f - distance });
-        mouse.up ({ 59.0f, 60.0f - distance });
-    }
-
-    std::array<float, numParameters> values()
-    {
-        std::array<float, numParameters> result;
-        for (std::size_t i = 0; i < numParameters; ++i)
-            result[i] = get (parameterTable[i].id);
-        return result;
-    }
-
-    juce::StringArray steps() { return processor.getCore().getUndoManager().getUndoDescriptions(); }
-
-    bool press (int key, int modifiers)
-    {
-        return window.pressKey (juce::KeyPress (key, modifiers, static_cast<juce::juce_wchar> (0)));
-    }
-
-    double now = 1000.0;
-    juce::String clipboardText;
-    std::unique_ptr<KestrelEditor> editor;
-    Window window;
-};
 
 TEST (KestrelEditor, EveryKnobMovesItsParameterAndFollowsIt)
 {
@@ -222,20 +164,78 @@ TEST (KestrelEditor, ProgramsWrapAroundAndAPasteIsCustom)
     EXPECT_EQ (selector.getCurrentLabel(), "03  Bass Boost");
 }
 
+TEST (KestrelEditor, TheLabelTellsWhatSounds)
+{
+    EditorRig rig;
+    const auto label = [&rig]
+    {
+        rig.tick();
+        return rig.editor->getHeader().getPresetSelector().getCurrentLabel().toStdString();
+    };
+    const auto countInForce = [&rig]
+    {
+        const auto& library = rig.editor->getHeader().getPresetSelector().getLibrary();
+        int count = 0;
+
+        for (int id = 0; id < 6; ++id)
+            count += library.isInForce (*library.find (id)) ? 1 : 0;
+
+        return count;
+    };
+    const auto command = juce::ModifierKeys::ctrlModifier;
+    rig.processor.setCurrentProgram (3);
+    rig.press ('c', command);
+    rig.set ("sub", 0.9f);
+    juce::MemoryBlock saved;
+    rig.processor.getStateInformation (saved);
+
+    rig.press ('v', command);
+    EXPECT_EQ (label(), "07  Custom");
+    EXPECT_EQ (countInForce(), 0);
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "04  Bright & Airy");
+    EXPECT_EQ (countInForce(), 1);
+    rig.press ('y', command);
+    rig.editor.reset();
+    rig.editor = std::make_unique<KestrelEditor> (rig.processor);
+    rig.window.addAndMakeVisible (*rig.editor);
+    EXPECT_EQ (label(), "07  Custom") << "in a window that was opened again";
+
+    juce::MemoryBlock custom;
+    rig.processor.getStateInformation (custom);
+    rig.processor.setStateInformation (saved.getData(), static_cast<int> (saved.getSize()));
+    EXPECT_EQ (label(), "04  Bright & Airy") << "restored";
+    rig.processor.setStateInformation (custom.getData(), static_cast<int> (custom.getSize()));
+    EXPECT_EQ (label(), "07  Custom");
+    rig.processor.setCurrentProgram (0);
+    EXPECT_EQ (label(), "01  Flat") << "though it was the number before, too";
+
+    // A slot has its own, and so has a step.
+    auto& control = rig.editor->getHeader().getAbControl();
+    rig.click (control, { 50, 10 });
+    rig.processor.setCurrentProgram (5);
+    rig.click (control, { 20, 10 });
+    EXPECT_EQ (label(), "01  Flat");
+    rig.editor->grabKeyboardFocus();
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "06  Lo-Fi Crunch");
+    EXPECT_EQ (control.getSlot(), controls::ABSlot::B);
+    rig.press ('z', command);
+    EXPECT_EQ (label(), "01  Flat");
+}
+
 TEST (KestrelEditor, FlipsBetweenAAndB)
 {
     EditorRig rig;
     auto& control = rig.editor->getHeader().getAbControl();
     rig.set ("40hz", 0.9f);
-    const auto click = [&] (int x)
-    { rig.window.click (rig.window.getLocalPoint (&control, juce::Point<int> (x, 10))); };
-    click (50);
+    rig.click (control, { 50, 10 });
     rig.set ("40hz", 0.2f);
-    click (20);
+    rig.click (control, { 20, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.9f);
     EXPECT_EQ (control.getSlot(), controls::ABSlot::A);
-    click (35); // between them
-    click (50);
+    rig.click (control, { 35, 10 }); // between them
+    rig.click (control, { 50, 10 });
     EXPECT_EQ (rig.get ("40hz"), 0.2f);
 }
 
@@ -316,6 +316,7 @@ TEST (KestrelEditor, LeavesNoPixelOfItsWindowUnpainted)
 TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
 {
     EditorRig rig;
+    rig.editor->getHeader().selectProgram (3); // something to undo
     rig.editor->openSupport();
     auto& overlay = rig.editor->getOverlay();
     rig.now += 500.0;
@@ -328,10 +329,29 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_EQ (panel->getRecord().sampleRate, 48000.0);
     EXPECT_TRUE (panel->getRecord().supportEmail.containsChar ('@'));
 
+    // Nothing behind it is reached by keys or by a screen reader.
+    auto& selector = rig.editor->getHeader().getPresetSelector();
+    for (int i = 0; i < 30; ++i)
+    {
+        EXPECT_TRUE (overlay.hasKeyboardFocus (true)) << i;
+        rig.press (juce::KeyPress::rightKey, 0);
+        EXPECT_FALSE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
+        rig.press (juce::KeyPress::tabKey, i % 3 == 0 ? juce::ModifierKeys::shiftModifier : 0);
+    }
+
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
+    EXPECT_EQ (selector.getAccessibilityHandler(), nullptr);
+    EXPECT_EQ (rig.editor->getLane (0).getKnob (0).getAccessibilityHandler(), nullptr);
+    const auto buttons = panel->getAccessibilityHandler()->getChildren();
+    EXPECT_GE (buttons.size(), 12u);
+
     EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
     rig.now += 500.0;
     overlay.advance();
     EXPECT_FALSE (overlay.isVisible());
+    EXPECT_TRUE (rig.editor->hasKeyboardFocus (false));
+    EXPECT_NE (selector.getAccessibilityHandler(), nullptr);
+    EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
 }
 
 TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)

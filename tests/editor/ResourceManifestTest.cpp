@@ -1,6 +1,7 @@
 #include "editor/ResourceManifest.h"
 
-#include <KestrelResources.h>
+#include "resources/KestrelResources.h"
+
 #include <gtest/gtest.h>
 
 namespace kestreleq::test

@@ -127,8 +127,13 @@ TEST (EditHistory, ProgramsAndChartDragsHaveNames)
     EXPECT_FALSE (rig.processor.isTransactionPending());
     rig.drag ("trim", 0.2f);
 
+    rig.begin ("laneABypass");
+    rig.set ("laneABypass", 1.0f);
+    rig.end ("laneABypass");
+
     EXPECT_EQ (rig.manager().getUndoDescriptions(),
-        (juce::StringArray { "", "Move chart node", "Load preset: Smiley Curve" }));
+        (juce::StringArray { "Lane 1 Bypass", "TRIM", "Move chart node", "Load preset: Smiley Curve" }));
+    rig.history().undo();
     rig.history().undo();
     rig.history().undo();
     EXPECT_EQ (rig.heard(), program);
@@ -143,7 +148,7 @@ TEST (EditHistory, ASnapshotIsOneStepWithTheLanesAsTheyAre)
         const ParameterLinks::ScopedPause pause (rig.processor.getCore().getLinks());
         rig.set ("subR", 0.1f);
     }
-    const auto snapshot = rig.processor.getCore().copyState();
+    const auto snapshot = rig.processor.copyState();
     const auto heard = rig.heard();
     rig.drag ("sub", 0.9f);
     const auto changed = rig.heard();

@@ -73,39 +73,6 @@ TEST (GainRider, StaysInItsRangeAndHoldsOnNearSilence)
     EXPECT_EQ (rig.rider.getGain(), 0.0);
 }
 
-// What is applied goes in a straight line to each block's gain, and within 5 ms to none when it is released.
-TEST (GainRider, NeverSteps)
-{
-    dsp::GainRider rider;
-    rider.prepare (48000.0, 1);
-    rider.setRate (60.0);
-    auto before = 1.0;
-
-    const auto expectLine = [&] (int length, double to, bool riding, int lineLength)
-    {
-        std::vector<float> samples (static_cast<std::size_t> (length), 0.5f);
-        float* const channels[] = { samples.data() };
-        riding ? rider.process (channels, length) : rider.release (channels, length);
-
-        for (int n = 0; n < length; ++n)
-        {
-            const auto way = std::min (1.0, (n + 1.0) / lineLength);
-            ASSERT_NEAR (samples[static_cast<std::size_t> (n)] * 2.0, before + (to - before) * way, 1e-6) << n;
-        }
-
-        before = samples.back() * 2.0;
-    };
-    const auto gain = [] (double decibels) { return std::pow (10.0, decibels / 20.0); };
-
-    expectLine (4800, gain (-6.0), true, 4800);
-    expectLine (2400, gain (-9.0), true, 2400);
-    expectLine (120, (1.0 + gain (-9.0)) / 2.0, false, 120);
-    expectLine (60, before + (1.0 - before) / 2.0, true, 60); // wanted again, it goes all the way first
-    expectLine (1000, 1.0, true, 60);
-    expectLine (480, gain (-0.6), true, 480);
-    expectLine (480, 1.0, false, 240);
-}
-
 TEST (GainRider, TakesItsSettingsWithinLimits)
 {
     RiderRig rig;

@@ -34,7 +34,7 @@ public:
         editor.work (2);
         rig.processor.setCurrentProgram (turn % rig.processor.getNumPrograms());
         rig.processor.getCore().getHistory().undo();
-        rig.processor.applySnapshot (rig.processor.getCore().copyState(), "A/B");
+        rig.processor.applySnapshot (rig.processor.copyState(), "A/B");
     }
 
 private:

@@ -183,11 +183,10 @@ TEST (RealTime, AHostsAutomationCostsTheFrameworksLocksOnly)
     if (! canGuardRealTime())
         GTEST_SKIP() << "the sanitizer owns the allocator";
 
-    ProcessorRig rig;
-    const auto change = [&] (const char* name, float link)
+    const auto change = [] (const char* name, float link)
     {
+        ProcessorRig rig;
         rig.set ("link", link);
-        rig.set ("sub", 0.25f);
         const RealTimeGuard guard;
         rig.set ("sub", 0.75f);
         const auto locks = guard.locks(), allocations = guard.allocations(), calls = guard.systemCalls();

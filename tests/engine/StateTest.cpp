@@ -127,6 +127,11 @@ TEST (State, TakesOnlyWhatItCanHold)
     EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
     EXPECT_EQ (rig.processor.getEditorScaleStep(), -1);
     EXPECT_FALSE (save (rig).toString().contains ("nobody"));
+
+    // What a state has left out is in the next one that is saved, values of 0 too.
+    const auto saved = save (rig);
+    restore (rig, saved);
+    EXPECT_EQ (save (rig), saved);
 }
 
 TEST (State, RefusesWhatIsHostileOrNoState)

@@ -6,9 +6,12 @@
 
 #include <atomic>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <random>
+#include <string>
 #include <thread>
 
 namespace kestreleq::test
@@ -353,6 +356,34 @@ TEST (Conformance, AStateComesBackToTheBitFromAnotherThreadToo)
         second.restore (bad);
 
     EXPECT_EQ (second.save(), state);
+}
+
+TEST (Conformance, AStateThatEndsWithAFalseLengthIsReadToItsEnd)
+{
+    Vst3Module module;
+    Vst3Instance instance (module);
+    instance.start (48000.0, 512);
+    const auto initial = instance.save();
+    ParameterChanges changes;
+    changes.add (parameterId (*instance.controller, "trim"), 0.25);
+    NoiseBlocks (instance, 512, 512, &changes);
+    const auto state = instance.save();
+
+    // The framework's wrapper puts a length, which is 0, and a name behind every state.
+    const std::string name = "JUCEPrivateData";
+    const auto end = state.size() - name.size();
+    ASSERT_EQ (std::string (state.begin() + static_cast<std::ptrdiff_t> (end), state.end()), name);
+
+    for (const auto length : { std::uint64_t { 1 } << 31, ~std::uint64_t { 0 } << 31, ~std::uint64_t { 0 } })
+    {
+        auto damaged = state;
+        std::memcpy (damaged.data() + end - sizeof (length), &length, sizeof (length));
+        instance.restore (initial);
+        instance.restore (damaged);
+        EXPECT_TRUE (instance.save() == state) << length;
+    }
+
+    instance.stop();
 }
 
 TEST (Conformance, InstancesInTheirOwnThreadsDoNotMeet)

@@ -1,3 +1,5 @@
+#include "engine/parameters/ParameterTable.h"
+#include "tests/support/RealTimeGuard.h"
 #include "tests/support/Vst3Host.h"
 #include "tests/support/Vst3Module.h"
 
@@ -69,14 +71,14 @@ struct Host
     std::optional<Vst3Instance> instance;
 };
 
-class HostChanges : public testing::TestWithParam<bool>
+class HostChangesOn : public testing::TestWithParam<bool>
 {
 };
 
-INSTANTIATE_TEST_SUITE_P (Threads, HostChanges, testing::Bool(),
+INSTANTIATE_TEST_SUITE_P (Threads, HostChangesOn, testing::Bool(),
     [] (const auto& info) { return info.param ? "TheHostsIsTheModules" : "EachItsOwn"; });
 
-TEST_P (HostChanges, ThatLinkingCopiesAreToldOnceTheyRest)
+TEST_P (HostChangesOn, ThatLinkingCopiesAreToldOnceTheyRest)
 {
     Host host (GetParam());
     host.instance->controller->setParamNormalized (host.idOf ("sub"), 0.8);
@@ -105,7 +107,7 @@ TEST_P (HostChanges, ThatLinkingCopiesAreToldOnceTheyRest)
 }
 
 // A host that opens a project may set the program first and the state after it, and process only then.
-TEST_P (HostChanges, ThatWereMadeBeforeARestoreAreNotHandedOverAfterIt)
+TEST_P (HostChangesOn, ThatWereMadeBeforeARestoreAreNotHandedOverAfterIt)
 {
     Host host (GetParam());
     host.automate ({ { "trim", 0.25 }, { "bypass", 1.0 } });
@@ -123,7 +125,7 @@ TEST_P (HostChanges, ThatWereMadeBeforeARestoreAreNotHandedOverAfterIt)
     EXPECT_EQ (handedOver.getParameterCount() > 0, ! GetParam()) << "told at once by its own thread";
 }
 
-TEST_P (HostChanges, AProgramStaysChosen)
+TEST_P (HostChangesOn, AProgramStaysChosen)
 {
     Host host (GetParam());
     auto& controller = *host.instance->controller;
@@ -153,6 +155,28 @@ TEST_P (HostChanges, AProgramStaysChosen)
 
     EXPECT_EQ (kept, 100);
     EXPECT_EQ (restarts > 0, GetParam()) << "its own thread is told at once, no other ever";
+}
+
+TEST (HostChanges, TheFirstOfEachParameterAllocatesNothing)
+{
+    if (! canGuardRealTime())
+        GTEST_SKIP() << "the sanitizer owns the allocator";
+
+    for (const double links : { 0.0, 1.0 })
+    {
+        Host host (false);
+        host.automate ({ { "link", links }, { "inGainLink", links }, { "outGainLink", links } });
+        std::array<float, 64> left {}, right {};
+
+        for (const auto& info : parameterTable)
+        {
+            ParameterChanges changes;
+            changes.add (host.idOf (info.id), info.defaultValue == 1.0f ? 0.0 : 0.75);
+            const RealTimeGuard guard;
+            host.instance->process (left.data(), right.data(), 64, &changes);
+            EXPECT_EQ (guard.allocations(), 0) << info.id << " with links " << links;
+        }
+    }
 }
 
 } // namespace

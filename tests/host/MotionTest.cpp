@@ -17,21 +17,21 @@ namespace
 constexpr double rate = 48000.0;
 
 using Channels = std::array<std::vector<float>, 2>;
-using Setting = std::pair<std::string, double>;
-using Settings = std::vector<Setting>;
+using HostValue = std::pair<std::string, double>;
+using HostValues = std::vector<HostValue>;
 
 /** The built module, and what a host does to it between its blocks. */
 class Player
 {
 public:
-    explicit Player (int blockSize, const Settings& settings = {})
+    explicit Player (int blockSize, const HostValues& settings = {})
         : block (blockSize)
     {
         instance.start (rate, block);
         set (settings);
     }
 
-    void set (const Settings& settings)
+    void set (const HostValues& settings)
     {
         ParameterChanges changes;
 
@@ -89,7 +89,7 @@ public:
 };
 
 /** Lanes apart, so that every switch has something to change. */
-const Settings apart { { "link", 0 }, { "sub", 0.65 }, { "40hz", 0.6 }, { "160hz", 0.4 }, { "650hz", 0.65 },
+const HostValues apart { { "link", 0 }, { "sub", 0.65 }, { "40hz", 0.6 }, { "160hz", 0.4 }, { "650hz", 0.65 },
     { "2500hz", 0.7 }, { "airGain", 0.4 }, { "subR", 0.3 }, { "40hzR", 0.65 }, { "650hzR", 0.4 }, { "airGainR", 0.4 },
     { "airBand", 0.5 }, { "airBandR", 0.75 }, { "inGain1", 0.55 }, { "outGain1", 0.45 } };
 
@@ -133,7 +133,7 @@ class ChangingSine
 public:
     using Action = std::function<void (Player&)>;
 
-    ChangingSine (int block, const Settings& before, const Action& there, const Action& back)
+    ChangingSine (int block, const HostValues& before, const Action& there, const Action& back)
     {
         Player player (block, before);
         auto changes = 0;
@@ -202,7 +202,7 @@ TEST (Motion, ValuesThatJumpDoNotClick)
     std::vector<char> states[2];
 
     for (const bool isBusy : { false, true })
-        states[isBusy] = Player (512, isBusy ? apart : Settings()).instance.save();
+        states[isBusy] = Player (512, isBusy ? apart : HostValues()).instance.save();
 
     for (const int block : { 64, 512 })
     {

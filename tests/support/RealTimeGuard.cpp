@@ -105,7 +105,9 @@ extern "C"
 
     void free (void* block)
     {
-        countAllocation();
+        if (block != nullptr)
+            countAllocation();
+
         __libc_free (block);
     }
 

@@ -104,16 +104,18 @@ public:
     /** Lets the module's messages and timers run for so long. */
     void pump (int milliseconds)
     {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds (milliseconds);
+        using std::chrono::steady_clock;
+        const auto end = steady_clock::now() + std::chrono::milliseconds (milliseconds);
 
-        while (std::chrono::steady_clock::now() < end)
+        for (auto now = steady_clock::now(); now < end; now = steady_clock::now())
         {
+            const auto left = std::chrono::ceil<std::chrono::milliseconds> (end - now).count();
             std::vector<pollfd> files;
 
             for (const auto& [handler, file] : handlers)
                 files.push_back ({ file, POLLIN, 0 });
 
-            if (::poll (files.data(), files.size(), 5) <= 0)
+            if (::poll (files.data(), files.size(), static_cast<int> (left)) <= 0)
                 continue;
 
             for (const auto& file : files)

@@ -189,32 +189,6 @@ TEST (HeaderTools, AreReadAndPressedByAScreenReader)
     EXPECT_TRUE (pumpMessagesUntil ([&] { return actions.calls == "undo "; }, 2000));
 }
 
-TEST (HeaderTools, LookAsStored)
-{
-    Actions actions;
-    UndoRedoControl undoRedo;
-    undoRedo.setActions (actions.make());
-    CopyPasteControl copyPaste;
-    copyPaste.setActions (actions.make());
-    copyPaste.getButton (Part::first).setState (juce::Button::buttonOver);
-    ABControl ab;
-    MenuControl menu;
-
-    juce::Component row;
-    row.setSize (254, 32);
-    auto x = 0;
-
-    for (auto* tool : std::initializer_list<juce::Component*> { &undoRedo, &copyPaste, &ab, &menu })
-    {
-        row.addAndMakeVisible (tool);
-        tool->setTopLeftPosition (x, 0);
-        x = tool->getRight() + 8;
-    }
-
-    EXPECT_EQ (x - 8, row.getWidth());
-    EXPECT_TRUE (looksAsStored (row, "header-tools"));
-}
-
 struct KeyRow
 {
     juce::KeyPress key;

@@ -146,6 +146,68 @@ TEST_F (SlideInOverlayTest, EscapeTurnsAnOpeningBackWithoutAJump)
     EXPECT_TRUE (opened.empty());
 }
 
+TEST_F (SlideInOverlayTest, EscapeInTheMiddleOfAChangeOfContentClosesForGood)
+{
+    for (const auto wait : { 20.0, 80.0, 160.0, 200.0, 300.0 }) // while the first leaves, while the second comes
+    {
+        open (first);
+        overlay.show (&second);
+        advance (std::min (wait, 160.0));
+
+        if (wait > 160.0)
+            advance (wait - 160.0);
+
+        EXPECT_TRUE (window.pressKey (juce::KeyPress (juce::KeyPress::escapeKey))) << wait;
+        advance (400);
+        EXPECT_FALSE (overlay.isVisible()) << wait;
+        EXPECT_FALSE (overlay.isAnimating()) << wait;
+    }
+}
+
+TEST_F (SlideInOverlayTest, LendsItselfTheKeyboardAndKeepsTheTabKey)
+{
+    juce::Component behind;
+    juce::TextButton one ("one"), two ("two");
+    behind.setWantsKeyboardFocus (true);
+    window.addAndMakeVisible (behind);
+    behind.setBounds (0, 0, 50, 50);
+    first.addAndMakeVisible (one);
+    first.addAndMakeVisible (two);
+    one.setBounds (10, 10, 50, 20);
+    two.setBounds (10, 40, 50, 20);
+    second.setWantsKeyboardFocus (true);
+    const auto tab = [this] { return window.pressKey (juce::KeyPress (juce::KeyPress::tabKey)); };
+
+    for (auto* owner : { &behind, static_cast<juce::Component*> (nullptr) })
+    {
+        if (owner != nullptr)
+            owner->grabKeyboardFocus();
+        else
+            juce::Component::unfocusAllComponents();
+
+        overlay.show (&first);
+        advance (50);
+        EXPECT_TRUE (tab());
+        advance (150);
+        EXPECT_TRUE (one.hasKeyboardFocus (false));
+
+        for (auto* expected : { &two, &one, &two })
+        {
+            EXPECT_TRUE (tab());
+            EXPECT_TRUE (expected->hasKeyboardFocus (false));
+        }
+
+        overlay.show (&second); // the loan outlasts a change of content
+        advance (160);
+        EXPECT_TRUE (overlay.hasKeyboardFocus (true));
+        advance (200);
+        EXPECT_TRUE (second.hasKeyboardFocus (false));
+        overlay.close();
+        advance (160);
+        EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), owner);
+    }
+}
+
 TEST_F (SlideInOverlayTest, APressBesideTheContentClosesAndOneOnItDoesNot)
 {
     overlay.show (&first);

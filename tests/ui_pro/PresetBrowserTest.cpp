@@ -233,7 +233,7 @@ TEST (PresetBrowser, FiltersByMouseAndByKeys)
     auto& author = rig.popup().getFilter (PresetSelector::BrowserPopup::author);
     EXPECT_EQ (author.getAccessibilityHandler()->getValueInterface()->getCurrentValueAsString(), "Somebody");
     author.grabKeyboardFocus();
-    rig.press (Key::returnKey);
+    rig.press (Key::spaceKey);
     ASSERT_TRUE (pumpMessagesUntil ([&] { return rig.openList() != nullptr; }, 2000));
     rig.press (Key::escapeKey);
     ASSERT_TRUE (rig.isOpen()) << "only the list closes";
@@ -278,12 +278,62 @@ TEST (PresetBrowser, ActionsRunTheirHooksAndNothingElse)
     EXPECT_TRUE (rig.isOpen()) << "no such preset";
 }
 
+TEST (PresetBrowser, OpensOnWhatIsInForceAndABareReturnLoadsNothing)
+{
+    Rig rig;
+    rig.selector->openBrowser();
+    EXPECT_EQ (rig.selected(), 1);
+    rig.press (Key::upKey);
+    rig.selector->setCollection (4); // without any preset
+    rig.selector->closeBrowser();
+    rig.selector->setCurrentPreset (2, 6, "Bass Boost"); // from elsewhere
+    rig.selector->setSearchText ("air");
+
+    rig.selector->openBrowser();
+    EXPECT_EQ (rig.selected(), 2);
+    EXPECT_EQ (rig.popup().getSearchField().getText(), "") << "what hid it is gone";
+    rig.press (Key::returnKey);
+    EXPECT_FALSE (rig.isOpen());
+    EXPECT_FALSE (rig.calls.joinIntoString (",").contains ("load")) << "edits since then are kept";
+
+    rig.selector->openBrowser();
+    rig.clickPopup (900, 440);
+    EXPECT_EQ (rig.calls[rig.calls.size() - 1], "load 2") << "the button loads it anew";
+
+    auto entries = factoryEntries();
+    entries[1].isLoaded = false;
+    rig.selector->setEntries (entries);
+    rig.selector->setCurrentPreset (6, 7, "Custom"); // what sounds is none of them
+    rig.selector->openBrowser();
+    EXPECT_EQ (rig.selected(), PresetLibrary::none);
+    rig.press (Key::returnKey);
+    EXPECT_TRUE (rig.isOpen());
+    rig.press (Key::downKey);
+    EXPECT_EQ (rig.selected(), 2) << "the first";
+}
+
+TEST (PresetBrowser, TheSearchFieldKeepsItsEditingKeysAndLeavesOthers)
+{
+    Rig rig;
+    rig.selector->openBrowser();
+    constexpr auto command = juce::ModifierKeys::commandModifier;
+
+    for (const auto letter : { 'z', 'y', 'x', 'v', 'a' }) // the field is empty
+        EXPECT_TRUE (rig.editor.pressKey (Key (letter, juce::ModifierKeys (command), 0))) << letter;
+
+    EXPECT_TRUE (rig.editor.pressKey (Key (26, juce::ModifierKeys (command), 0)));
+    EXPECT_TRUE (rig.press (Key::deleteKey));
+    EXPECT_FALSE (rig.editor.pressKey (Key ('s', juce::ModifierKeys (command), 0))) << "the host's";
+    EXPECT_FALSE (rig.press (Key::F1Key));
+}
+
 TEST (PresetBrowser, AHookMayDeleteTheSelector)
 {
     Rig rig;
     rig.hooks.load = [&rig] (int) { rig.selector.reset(); };
     rig.selector->setHooks (rig.hooks);
     rig.selector->openBrowser();
+    rig.press (Key::upKey);
     rig.press (Key::returnKey);
     EXPECT_EQ (rig.selector, nullptr);
     EXPECT_EQ (rig.content.getNumChildComponents(), 0);
@@ -357,8 +407,14 @@ TEST (PresetBrowser, SpeaksToScreenReaders)
     EXPECT_EQ (rig.selected(), 0);
     EXPECT_TRUE (rows[2]->getCurrentState().isSelected());
     rows[2]->getActions().invoke (juce::AccessibilityActionType::toggle);
-    EXPECT_TRUE (rows[2]->getCurrentState().isSelected()) << "there is always one";
+    EXPECT_TRUE (rows[2]->getCurrentState().isSelected()) << "only another choice ends one";
     EXPECT_TRUE (rig.isOpen());
+
+    juce::StringArray heard;
+    rig.popup().announce = [&heard] (const juce::String& text) { heard.add (text); };
+    rig.press (Key::downKey);
+    rig.type ("ai");
+    EXPECT_EQ (heard.joinIntoString ("|"), "Lo-Fi Crunch, Factory, Quillon, Kestrel|6 presets|2 presets");
 }
 
 TEST (PresetBrowser, RepaintsOnlyWhatChanges)
@@ -380,18 +436,6 @@ TEST (PresetBrowser, RepaintsOnlyWhatChanges)
     EXPECT_EQ (row.getWidth() * row.getHeight(), 570 * 34) << "one row lit";
     rig.selector->select (0);
     EXPECT_FALSE (repaints.takeArea().contains (rig.popup().getLocalBounds()));
-}
-
-TEST (PresetBrowser, LooksAsStored)
-{
-    Rig rig (0.5f); // as the window opens
-    rig.selector->openBrowser();
-    juce::Component::unfocusAllComponents();
-    rig.selector->setSearchText ("air");
-    rig.selector->setSortDescending (true);
-    EXPECT_FALSE (looksAsStored (rig.editor, "preset-browser")) << "rows the other way round";
-    rig.selector->setSortDescending (false);
-    EXPECT_TRUE (looksAsStored (rig.editor, "preset-browser"));
 }
 
 } // namespace

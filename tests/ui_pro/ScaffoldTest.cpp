@@ -318,18 +318,6 @@ TEST (Panels, AreTidyInEveryLayout)
     }
 }
 
-TEST (Panels, LookAsStored)
-{
-    ScaffoldRig rig;
-    rig.scaffold->setLaneAreaVisible (false);
-    rig.scaffold->setSize (260, 704);
-    EXPECT_TRUE (looksAsStored (*rig.scaffold, "side-panels"));
-
-    const auto picture = paintPicture (*rig.scaffold);
-    rig.processor.set ("bypass", 1.0f);
-    EXPECT_FALSE (looksLike (paintPicture (*rig.scaffold), picture));
-}
-
 TEST (HeaderBar, PlacesToolsInTheSlotsAndShowsTheDefaultPresetUntilThere)
 {
     layout::HeaderBar header;

@@ -126,22 +126,6 @@ TEST (SpectrumChart, RepaintsForANewPictureOnly)
     EXPECT_EQ (watch.takeCount(), 2);
 }
 
-TEST (SpectrumChart, LooksAsStoredAndMissesAMissingCurve)
-{
-    SpectrumChartComponent chart;
-    chart.setSize (320, 120);
-    chart.setSnapshot ({ true, 48000.0, 128, 0,
-        [] (std::uint64_t i) { return -30.0f + 12.0f * std::sin (static_cast<float> (i) / 6.0f); } });
-    chart.setExtraTraces ({ { "", juce::Colour (0xff20c7d8), 1.15f, [] (std::uint64_t) { return -6.0f; } } });
-    EXPECT_TRUE (looksAsStored (chart, "spectrum-chart"));
-
-    const auto whole = paintPicture (chart);
-    chart.setVisibility ({ true, false, true });
-    EXPECT_GT (countDifferentPixels (whole, paintPicture (chart), 24), 100);
-    chart.setSnapshot ({});
-    EXPECT_TRUE (looksAsStored (chart, "spectrum-chart-waiting"));
-}
-
 /** The same chart through the static routine, with nothing cached. */
 struct PlainChart final : juce::Component
 {

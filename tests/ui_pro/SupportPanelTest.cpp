@@ -131,7 +131,11 @@ protected:
     SupportPanelTest()
     {
         panel.services.now = [] { return noon; };
-        panel.services.copyText = [this] (const juce::String& text) { log.add ("copy " + text); };
+        panel.services.copyText = [this] (const juce::String& text)
+        {
+            log.add ("copy " + text);
+            return isClipboardThere;
+        };
         panel.services.openAddress = [this] (const juce::String& address) { log.add ("open " + address); };
         panel.services.openFolder = [this] (const juce::File& opened) { log.add ("show " + opened.getFileName()); };
         panel.services.chooseFile = [this] (const juce::File& suggestion, auto done)
@@ -168,6 +172,7 @@ protected:
     }
 
     juce::StringArray log;
+    bool isClipboardThere = true;
     std::function<void (const juce::File&)> answerChooser;
     SupportDiagnosticsPanel panel;
 };
@@ -215,6 +220,18 @@ TEST_F (SupportPanelTest, SavesWhereTheUserSaysAndNothingWhenCancelled)
     panel.setRecord ({}); // the report is of the moment of the press
     answerChooser (file);
     EXPECT_EQ (file.loadFileAsString(), storedReport().replace ("\n", "\r\n"));
+    EXPECT_EQ (panel.getMessage(), "Saved as report.txt.");
+    answerChooser (file.getChildFile ("below a file.txt"));
+    EXPECT_EQ (panel.getMessage(), "Cannot write " + file.getChildFile ("below a file.txt").getFullPathName() + ".");
+}
+
+TEST_F (SupportPanelTest, TellsWhetherACopyHasWorked)
+{
+    click (Action::copyDiagnostics);
+    EXPECT_EQ (panel.getMessage(), "The report is on the clipboard.");
+    isClipboardThere = false;
+    click (Action::copyEmail);
+    EXPECT_EQ (panel.getMessage(), "The clipboard cannot be reached.");
 }
 
 TEST_F (SupportPanelTest, TheTabsTellTheRecord)

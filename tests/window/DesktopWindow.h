@@ -23,9 +23,12 @@ public:
 
     ~DesktopWindow() override { clearContentComponent(); }
 
-    /** What the editor does not take is the host's. */
+    /** What the editor does not take is the host's; the Tab key goes through the editor. */
     bool keyPressed (const juce::KeyPress& key) override
     {
+        if (key.isKeyCode (juce::KeyPress::tabKey))
+            return false;
+
         keys.add (key.getTextDescription());
         return true;
     }

@@ -144,19 +144,70 @@ TEST (EditorWindow, LeavesTheHostItsKeys)
     EXPECT_EQ (rig.window->keys.size(), 2) << "the keyboard is back";
 }
 
-TEST (EditorWindow, ShowsATooltipUnderARestingMouse)
+TEST (EditorWindow, TheTabKeyWalksTheControlsAndStaysInTheSheet)
+{
+    ScreenRig rig;
+    const auto focused = []
+    {
+        auto* const component = juce::Component::getCurrentlyFocusedComponent();
+        return component != nullptr ? component->getTitle() : juce::String();
+    };
+    rig.window->click (*rig.editor, { 40, 300 });
+    rig.window->press ("Tab");
+    rig.window->press ("Tab");
+    EXPECT_EQ (focused(), "Previous preset");
+    rig.window->press ("Return");
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 5);
+    rig.window->press ("shift+Tab");
+    EXPECT_EQ (focused(), "Initial preset");
+
+    auto& overlay = rig.editor->getOverlay();
+    rig.window->click (rig.editor->getHeader().getMenu());
+    rig.window->press ("s"); // Support...
+    rig.window->press ("Return");
+    ASSERT_TRUE (pumpMessagesUntil ([&] { return overlay.getProgress() == 1.0f; }, 5000));
+
+    for (int i = 0; i < 15; ++i)
+    {
+        EXPECT_TRUE (overlay.hasKeyboardFocus (true)) << focused();
+        rig.window->press ("Tab");
+    }
+
+    rig.window->press ("ctrl+z");
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 5);
+    rig.window->press ("Escape");
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return ! overlay.isVisible(); }, 5000));
+    const auto before = rig.window->keys.size();
+    rig.window->press ("space");
+    EXPECT_EQ (rig.window->keys.size(), before + 1) << "the keyboard is back";
+}
+
+TEST (EditorWindow, ShowsATooltipUnderARestingMouseAndOverAnOpenList)
 {
     ScreenRig rig;
     const auto shown = [&]
     {
         for (auto* child : rig.editor->getChildren())
             if (dynamic_cast<juce::TooltipWindow*> (child) != nullptr && child->isVisible())
-                return rig.editor->getLocalBounds().contains (child->getBounds());
-        return false;
+                return rig.editor->getLocalBounds().contains (child->getBounds()) ? child : nullptr;
+        return static_cast<juce::Component*> (nullptr);
     };
-    EXPECT_FALSE (shown());
-    rig.window->moveMouse (rig.editor->getHeader().getMenu(), { 16, 16 });
-    EXPECT_TRUE (pumpMessagesUntil (shown, 10000));
+    EXPECT_EQ (shown(), nullptr);
+    auto& menu = rig.editor->getHeader().getMenu();
+    rig.window->moveMouse (menu, { 16, 16 });
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return shown() != nullptr; }, 10000));
+
+    rig.window->click (menu);
+    ASSERT_NE (menu.getPopup(), nullptr);
+    rig.window->press ("End");
+    rig.window->moveMouse (*rig.editor, menu.getPopup()->getListBounds().getCentre());
+    EXPECT_TRUE (pumpMessagesUntil (
+        [&]
+        {
+            return shown() != nullptr &&
+                rig.editor->getIndexOfChildComponent (shown()) > rig.editor->getIndexOfChildComponent (menu.getPopup());
+        },
+        10000));
 }
 
 TEST (EditorWindow, EditorsOfTwoInstancesDoNotMeet)

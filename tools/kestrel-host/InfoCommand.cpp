@@ -48,7 +48,7 @@ juce::var parameterList (const HostedModule& module, bool withTexts)
         object->setProperty ("index", parameters.size());
         object->setProperty ("id", juce::String (id));
         object->setProperty ("name", hosted->getName (textLength));
-        object->setProperty ("default", value);
+        object->setProperty ("default", static_cast<double> (value));
         object->setProperty ("defaultText", hosted->getText (value, textLength));
         object->setProperty ("stepped", hosted->isDiscrete());
 

@@ -6,6 +6,7 @@
 #include "tools/kestrel-host/OptionValues.h"
 #include "tools/kestrel-host/WavReader.h"
 #include "tools/kestrel-shot/Picture.h"
+#include "tools/kestrel-shot/Places.h"
 
 #include <algorithm>
 #include <cmath>
@@ -124,36 +125,46 @@ struct Stage
     std::unique_ptr<KestrelEditor> editor;
 };
 
-} // namespace
-
-juce::Image shootEditor (const ShotOptions& options)
+std::unique_ptr<Stage> setUp (const ShotOptions& options)
 {
     std::optional<host::WavReader> audio;
 
     if (options.audio)
         audio.emplace (*options.audio);
 
-    Stage stage (audio ? static_cast<double> (audio->sampleRate()) : usualRate);
+    auto stage = std::make_unique<Stage> (audio ? static_cast<double> (audio->sampleRate()) : usualRate);
 
     if (options.program)
-        stage.processor.setCurrentProgram (*options.program);
+        stage->processor.setCurrentProgram (*options.program);
 
     for (const auto& assignment : options.sets)
-        stage.set (assignment);
+        stage->set (assignment);
 
-    stage.editor->setSize (juce::roundToInt (layout::designWidth * static_cast<double> (options.scale)),
+    stage->editor->setSize (juce::roundToInt (layout::designWidth * static_cast<double> (options.scale)),
         juce::roundToInt (layout::designHeight * static_cast<double> (options.scale)));
-    stage.tick();
+    stage->tick();
 
     if (audio)
-        stage.play (*audio);
+        stage->play (*audio);
 
-    stage.open (options.open);
+    stage->open (options.open);
 
     if (options.pointer)
-        stage.point (juce::Point<double> (options.pointer->first, options.pointer->second).toFloat());
+        stage->point (juce::Point<double> (options.pointer->first, options.pointer->second).toFloat());
 
-    return paintPicture (*stage.editor, 1.0f);
+    return stage;
+}
+
+} // namespace
+
+juce::Image shootEditor (const ShotOptions& options)
+{
+    return paintPicture (*setUp (options)->editor, 1.0f);
+}
+
+void listEditorPlaces (const ShotOptions& options, std::ostream& out)
+{
+    listPlaces (*setUp (options)->editor, out);
 }
 
 } // namespace kestreleq::shot

@@ -56,6 +56,8 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
 
         if (argument == "--gallery")
             options.gallery = true;
+        else if (argument == "--places")
+            options.places = true;
         else if (argument == "--scale")
             options.scale = static_cast<float> (host::numberFor (argument, next(), 0.5, 2.0));
         else if (argument == "--program")
@@ -76,7 +78,10 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
             options.output = argument;
     }
 
-    if (options.output.empty())
+    if (options.places && (options.gallery || ! options.output.empty()))
+        throw UsageError ("--places draws nothing");
+
+    if (! options.places && options.output.empty())
         throw UsageError ("OUT.png is missing");
 
     if (options.gallery &&
@@ -92,8 +97,10 @@ std::string_view usageText()
     return R"(usage: kestrel-shot OUT.png [--scale S] [--program N] [--set ID=VALUE]... [--audio IN.wav]
                     [--open presets|menu|support|oversampling] [--pointer X,Y]
        kestrel-shot --gallery OUT.png [--scale S]
+       kestrel-shot --places [--scale S] [--program N] [--set ID=VALUE]... [--open ...]
 
-Draws the editor, or every control of the library in its states, without a window. A scale is 0.5 to 2, a program 0 to 5,
+Draws the editor, or every control of the library in its states, without a window; with --places, prints where each named
+control of the editor stands instead, as lines of x, y, width, height (pixels) and the name. A scale is 0.5 to 2, a program 0 to 5,
 ID a parameter ID and VALUE 0 to 1. --set acts in the order given, after --program. With --audio the picture shows the
 editor while the file's end plays. --pointer puts the mouse over a chart, at a place of the 1672 x 858 design pixels.
 )";

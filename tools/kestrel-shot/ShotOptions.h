@@ -25,6 +25,7 @@ enum class OpenPart
 struct ShotOptions
 {
     bool gallery = false;
+    bool places = false; // told instead of drawn
     std::string output;
     float scale = 1.0f; // pixels per design pixel
 

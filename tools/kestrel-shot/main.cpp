@@ -16,6 +16,13 @@ int main (int argc, char* argv[])
         const std::vector<std::string_view> arguments (argv + std::min (argc, 1), argv + argc);
         const auto options = shot::parseOptions (arguments);
         const juce::ScopedJuceInitialiser_GUI framework;
+
+        if (options.places)
+        {
+            shot::listEditorPlaces (options, std::cout);
+            return 0;
+        }
+
         const auto picture =
             options.gallery ? shot::paintPicture (*shot::makeGallery(), options.scale) : shot::shootEditor (options);
         shot::writePng (picture, options.output);

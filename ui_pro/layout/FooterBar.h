@@ -1,12 +1,13 @@
 #pragma once
 
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 namespace quillon::ui_pro::layout
 {
 
 /** The strip below an editor, on which the editor places its read-outs. */
-class FooterBar final : public juce::Component
+class FooterBar final : public primitives::SilentComponent
 {
 public:
     FooterBar();

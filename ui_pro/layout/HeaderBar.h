@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <memory>
 #include <vector>
@@ -10,7 +11,7 @@ namespace quillon::ui_pro::layout
 
 /** The bar above an editor: the maker's logo and name, what the product is, and the editor's tools in the slots of the
     theme. */
-class HeaderBar final : public juce::Component
+class HeaderBar final : public primitives::TextComponent
 {
 public:
     HeaderBar();

@@ -23,12 +23,6 @@ float easeIn (float t)
     return t * t * t;
 }
 
-void focusIfPossible (juce::Component& component)
-{
-    if (component.isShowing() && component.getWantsKeyboardFocus())
-        component.grabKeyboardFocus();
-}
-
 } // namespace
 
 SlideInOverlay::SlideInOverlay()
@@ -63,7 +57,7 @@ void SlideInOverlay::show (juce::Component* component)
     if (content != nullptr && component != content)
     {
         pendingContent = component;
-        close();
+        slideOut();
         return;
     }
 
@@ -74,13 +68,24 @@ void SlideInOverlay::show (juce::Component* component)
     pendingContent = nullptr;
     placeContent();
     component->setVisible (true);
-    setVisible (true);
     toFront (false);
+
+    if (! isVisible())
+    {
+        setVisible (true);
+        keyboard.take (*this);
+    }
+
     startAnimation (true);
-    focusIfPossible (*this);
 }
 
 void SlideInOverlay::close()
+{
+    pendingContent = nullptr;
+    slideOut();
+}
+
+void SlideInOverlay::slideOut()
 {
     const auto alreadyClosing = animating && ! opening;
 
@@ -129,8 +134,8 @@ void SlideInOverlay::finishOpening()
         callback (content);
 
     // The callback may have closed the sheet, deleted it or put something else in it.
-    if (self != nullptr && opening && ! animating && content != nullptr)
-        focusIfPossible (*content);
+    if (self != nullptr && opening && ! animating && content != nullptr && content->isShowing())
+        content->grabKeyboardFocus(); // or the first within it that takes it
 }
 
 void SlideInOverlay::finishClosing()
@@ -141,10 +146,15 @@ void SlideInOverlay::finishClosing()
         shown->setVisible (false);
     }
 
-    setVisible (false);
-
     if (auto* next = pendingContent.getComponent())
+    {
         show (next);
+    }
+    else
+    {
+        keyboard.giveBack (*this);
+        setVisible (false);
+    }
 }
 
 void SlideInOverlay::setContent (juce::Component* component)
@@ -187,6 +197,11 @@ void SlideInOverlay::resized()
     placeContent();
 }
 
+void SlideInOverlay::visibilityChanged()
+{
+    juce::NullCheckedInvocation::invoke (onCoverChanged);
+}
+
 void SlideInOverlay::mouseDown (const juce::MouseEvent& event)
 {
     if (event.eventComponent == this)
@@ -195,10 +210,19 @@ void SlideInOverlay::mouseDown (const juce::MouseEvent& event)
 
 bool SlideInOverlay::keyPressed (const juce::KeyPress& key, juce::Component*)
 {
-    if (key.getKeyCode() != juce::KeyPress::escapeKey)
+    if (key.isKeyCode (juce::KeyPress::escapeKey))
+    {
+        close();
+        return true;
+    }
+
+    // From the sheet itself the Tab key would lead out of it.
+    if (! key.isKeyCode (juce::KeyPress::tabKey) || ! hasKeyboardFocus (false))
         return false;
 
-    close();
+    if (content != nullptr)
+        content->grabKeyboardFocus();
+
     return true;
 }
 

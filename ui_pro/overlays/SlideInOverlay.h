@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ui_pro/primitives/KeyboardLoan.h"
+#include "ui_pro/primitives/RoleComponent.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <functional>
@@ -9,8 +12,10 @@ namespace quillon::ui_pro::overlays
 
 /** A modal side sheet: covers its parent, dims it, and slides one component in from the right edge. A press on the
     dimmed area or the Escape key slides it out again. The content takes the overlay's whole area; one that is drawn
-    smaller lets the presses beside it through with its hit test. Owns no content. Message thread. */
-class SlideInOverlay final : public juce::Component, private juce::Timer, private juce::KeyListener
+    smaller lets the presses beside it through with its hit test. While it is visible it has the keyboard, which the Tab
+    key keeps in the content, and gives it back to whom it was taken from; its owner keeps everything else from voice
+   and shortcuts. Owns no content. Message thread. */
+class SlideInOverlay final : public primitives::SilentComponent, private juce::Timer, private juce::KeyListener
 {
 public:
     SlideInOverlay();
@@ -20,7 +25,7 @@ public:
         opening already. */
     void show (juce::Component* component);
 
-    /** Slides the content out, from wherever it has got to. */
+    /** Slides the content out, from wherever it has got to, and forgets what waits. */
     void close();
 
     /** Moves a running animation to where the clock has got to, as its timer does. */
@@ -36,11 +41,15 @@ public:
     /** Runs with the content when it has slid in. */
     std::function<void (juce::Component*)> onOpened;
 
+    /** Runs when the sheet has begun to cover its parent, and when it has left it. */
+    std::function<void()> onCoverChanged;
+
     /** The time in milliseconds. */
     std::function<double()> clock = [] { return juce::Time::getMillisecondCounterHiRes(); };
 
     void paint (juce::Graphics& g) override;
     void resized() override;
+    void visibilityChanged() override;
     void mouseDown (const juce::MouseEvent& event) override;
 
 private:
@@ -62,6 +71,7 @@ private:
     using Component::keyPressed;
     bool keyPressed (const juce::KeyPress& key, juce::Component* origin) override;
 
+    void slideOut();
     void startAnimation (bool shouldOpen);
     void finishOpening();
     void finishClosing();
@@ -77,6 +87,7 @@ private:
     double animationStartMs = 0.0;
     float startProgress = 0.0f;
     DeletionWatcher watcher { *this };
+    primitives::KeyboardLoan keyboard;
 };
 
 } // namespace quillon::ui_pro::overlays

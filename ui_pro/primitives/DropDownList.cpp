@@ -2,7 +2,7 @@
 
 #include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/primitives/DropDownRow.h"
-#include "ui_pro/primitives/SilentComponent.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/style/Theme.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>

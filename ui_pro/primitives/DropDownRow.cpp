@@ -20,6 +20,7 @@ DropDownList::Row::Row (DropDownList& owner, ListItem shown)
     setTooltip (item.help);
     setHelpText (item.help);
     setOnlyLeftButton (true);
+    setWantsKeyboardFocus (false); // the list has it
     setRole (canBeChosen() ? juce::AccessibilityRole::menuItem : juce::AccessibilityRole::staticText);
     setToggleState (item.isTicked, juce::dontSendNotification);
     setAccessible (item.kind != Kind::separator);

@@ -84,7 +84,6 @@ FaceButton::FaceButton (const juce::String& name, juce::Colour accentColour)
       accent (accentColour)
 {
     setButtonText ({});
-    setWantsKeyboardFocus (false);
     setMouseClickGrabsKeyboardFocus (false);
 }
 
@@ -123,7 +122,16 @@ void FaceButton::mouseDrag (const juce::MouseEvent& event)
 
 bool FaceButton::keyPressed (const juce::KeyPress& key)
 {
-    return (onKey != nullptr && onKey (key)) || juce::Button::keyPressed (key);
+    if (onKey != nullptr && onKey (key))
+        return true;
+
+    if (open.has_value() && isEnabled() && key == juce::KeyPress::downKey)
+    {
+        triggerClick();
+        return true;
+    }
+
+    return juce::Button::keyPressed (key);
 }
 
 std::unique_ptr<juce::AccessibilityHandler> FaceButton::createAccessibilityHandler()

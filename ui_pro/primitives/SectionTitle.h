@@ -1,12 +1,14 @@
 #pragma once
 
+#include "ui_pro/primitives/RoleComponent.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 namespace quillon::ui_pro::primitives
 {
 
 /** A heading with an engraved rule beneath it. */
-class SectionTitle final : public juce::Component
+class SectionTitle final : public TextComponent
 {
 public:
     explicit SectionTitle (juce::String initialText = {});

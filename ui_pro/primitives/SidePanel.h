@@ -1,12 +1,13 @@
 #pragma once
 
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 namespace quillon::ui_pro::primitives
 {
 
 /** The rounded surface behind a group of controls, with an optional engraved vertical divider. */
-class SidePanel final : public juce::Component
+class SidePanel final : public SilentComponent
 {
 public:
     SidePanel();

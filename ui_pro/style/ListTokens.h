@@ -8,7 +8,7 @@ namespace quillon::ui_pro::style
 /** A drop-down list, in design pixels; as it stands, the list of a chooser. */
 struct ListTokens
 {
-    /** The list of the header's menu button: readable in the smallest window, too. */
+    /** The list of the header's menu button. */
     static ListTokens forMenu()
     {
         ListTokens menu;
@@ -20,7 +20,6 @@ struct ListTokens
         menu.headingSize = 11.0f;
         menu.cornerRadius = 8.0f;
         menu.signAt = 19.5f;
-        menu.minimumScale = 0.8f;
         menu.endsAtAnchor = true;
         menu.surface = juce::Colour (0xfa151b20);
         menu.edge = juce::Colour (0xff3a4650);
@@ -70,7 +69,7 @@ struct ListTokens
     bool opensUpwards = false; // where there is room
     bool endsAtAnchor = false; // with its right edge; otherwise it begins with its left one
 
-    float minimumScale = 0.0f; // window pixels per design pixel, at least
+    float minimumScale = 0.8f; // window pixels per design pixel, at least: readable in the smallest window
 
     juce::Colour surface { 0xff151b20 };
     juce::Colour edge { 0xff68727d };

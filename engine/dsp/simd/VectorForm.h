@@ -156,11 +156,12 @@ bool processChunk (
 
     // What this chunk can change.
     const bool breaking = chunk != nullptr && chunk->running != 0;
-    const auto toneBefore = state.tone;
-    BreakMemory breakBefore;
+    EngineState before;
 
     if (breaking)
-        breakBefore = state.breaking;
+        before = state;
+    else
+        before.tone = state.tone;
 
     ChunkBuffers buffers;
     enter<midSide> (plan, left, right, buffers.pairs, numSamples);
@@ -176,10 +177,10 @@ bool processChunk (
     if (leave (buffers.pairs, leftOut, rightOut, numSamples))
         return true;
 
-    state.tone = toneBefore;
-
     if (breaking)
-        state.breaking = breakBefore;
+        state = before;
+    else
+        state.tone = before.tone;
 
     memcpy (left, kept[0], size);
     memcpy (right, kept[1], size);

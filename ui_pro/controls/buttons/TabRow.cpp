@@ -1,5 +1,6 @@
 #include "ui_pro/controls/buttons/TabRow.h"
 
+#include "ui_pro/primitives/FaceButton.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
 
@@ -13,16 +14,17 @@ constexpr float tabTextSize = 12.0f;
 
 } // namespace
 
-class TabRow::Tab final : public juce::Button
+class TabRow::Tab final : public primitives::FaceButton
 {
 public:
     explicit Tab (const juce::String& caption)
-        : juce::Button (caption)
+        : FaceButton (caption, style::Theme::palette().accent)
     {
+        setTitle (caption);
+        setButtonText (caption);
+        setRole (juce::AccessibilityRole::radioButton);
         setClickingTogglesState (true);
         setRadioGroupId (1);
-        setWantsKeyboardFocus (false);
-        setMouseClickGrabsKeyboardFocus (false);
     }
 
     int getPreferredWidth() const
@@ -31,26 +33,28 @@ public:
             2 * tabPadding;
     }
 
-    void paintButton (juce::Graphics& g, bool isHighlighted, bool) override
+    void paintFace (juce::Graphics& g, const ButtonLook& look) const override
     {
         const auto& palette = style::Theme::palette();
-        const auto on = getToggleState();
 
-        if (isHighlighted && ! on)
+        if (look.hovered && ! look.on)
         {
             g.setColour (palette.whiteWash);
             g.fillRoundedRectangle (getLocalBounds().toFloat().withTrimmedBottom (3.0f), 4.0f);
         }
 
-        g.setColour (on || isHighlighted ? palette.textPrimary : palette.textSecondary);
-        g.setFont (on ? style::boldFont (tabTextSize) : style::regularFont (tabTextSize));
+        g.setColour (look.on || look.hovered ? palette.textPrimary : palette.textSecondary);
+        g.setFont (look.on ? style::boldFont (tabTextSize) : style::regularFont (tabTextSize));
         g.drawText (getButtonText(), getLocalBounds().withTrimmedBottom (2), juce::Justification::centred, false);
 
-        if (on)
+        if (look.on)
         {
-            g.setColour (palette.accent);
+            g.setColour (getColour());
             g.fillRect (getLocalBounds().removeFromBottom (2));
         }
+
+        if (look.focused)
+            primitives::paintFocusRing (g, getLocalBounds().toFloat(), 4.0f);
     }
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui_pro/primitives/RoleComponent.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 #include <functional>
@@ -10,7 +12,7 @@ namespace quillon::ui_pro::controls
 {
 
 /** A row of tabs of which one is chosen. Message thread. */
-class TabRow final : public juce::Component
+class TabRow final : public primitives::SilentComponent
 {
 public:
     explicit TabRow (const juce::StringArray& captions);

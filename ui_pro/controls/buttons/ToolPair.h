@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/primitives/FaceButton.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/style/HeaderToolTokens.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -13,7 +14,7 @@ namespace quillon::ui_pro::controls
 
 /** Two buttons side by side on one surface, with a gap that belongs to neither: what the header's undo/redo, copy/paste
     and A/B controls share. Message thread. */
-class ToolPair : public juce::Component
+class ToolPair : public primitives::GroupComponent
 {
 public:
     enum class Part

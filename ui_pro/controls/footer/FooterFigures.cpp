@@ -35,7 +35,7 @@ LatencyControl::LatencyControl()
 void LatencyControl::setLatency (float newLatencyMs)
 {
     latencyMs = sanitisedFigure (newLatencyMs);
-    showText (figureText (latencyMs, " ms"));
+    showText (figureText (static_cast<double> (latencyMs), " ms"));
 }
 
 SampleRateControl::SampleRateControl()
@@ -57,7 +57,7 @@ CpuUsageControl::CpuUsageControl()
 void CpuUsageControl::setCpuLoad (float newPercent)
 {
     percent = sanitisedFigure (newPercent);
-    showText (figureText (percent, "%"));
+    showText (figureText (static_cast<double> (percent), "%"));
 }
 
 } // namespace quillon::ui_pro::controls

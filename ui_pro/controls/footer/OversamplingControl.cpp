@@ -145,6 +145,9 @@ void OversamplingControl::paintFace (juce::Graphics& g, const primitives::Button
     g.setColour (list.isOpen() ? palette.accent : look.hovered ? palette.outlineStrong : palette.outline);
     g.drawRoundedRectangle (area.reduced (0.5f), faceRadius - 0.5f, 1.0f);
 
+    if (look.focused)
+        primitives::paintFocusRing (g, area, faceRadius);
+
     FooterReadout::paint (g);
 
     // An arrow towards where the popup stands.

@@ -31,7 +31,13 @@ public:
         juce::NullCheckedInvocation::invoke (knob.onDragEnd);
     }
 
-    void setValueAsString (const juce::String& newValue) override { setValue (newValue.getDoubleValue()); }
+    /** What is no number changes nothing. */
+    void setValueAsString (const juce::String& newValue) override
+    {
+        if (newValue.containsAnyOf ("0123456789"))
+            setValue (knob.positionOf != nullptr ? static_cast<double> (knob.positionOf (newValue))
+                                                 : newValue.getDoubleValue() / 100.0);
+    }
 
     AccessibleValueRange getRange() const override
     {

@@ -25,6 +25,7 @@ KnobAttachment::KnobAttachment (juce::RangedAudioParameter& parameterToUse, Knob
         juce::NullCheckedInvocation::invoke (hooks.end);
     };
     knob.onDoubleClick = [this] { reset(); };
+    knob.positionOf = [this] (const juce::String& text) { return parameter.getValueForText (text); };
     sendInitialUpdate();
 }
 
@@ -35,6 +36,7 @@ KnobAttachment::~KnobAttachment()
     knob.onValueChange = nullptr;
     knob.onDragEnd = nullptr;
     knob.onDoubleClick = nullptr;
+    knob.positionOf = nullptr;
 }
 
 void KnobAttachment::show (float position)

@@ -22,6 +22,9 @@ public:
     std::function<void()> onDragEnd;
     std::function<void()> onDoubleClick; // the reset action; the knob does not know its default
 
+    /** The position that a text such as the shown one stands for; without it a text is a percentage. */
+    std::function<float (const juce::String&)> positionOf;
+
     /** Moves the knob without a callback and without quantising. Not finite counts as 0; clamped to 0 to 1. */
     void setValue (float newValue);
 

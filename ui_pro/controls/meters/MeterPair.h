@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/meters/SmallMeter.h"
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <array>
 #include <functional>
@@ -10,7 +11,7 @@ namespace quillon::ui_pro::controls
 {
 
 /** Two rows, each a caption, a level bar and the level in dB. Message thread. */
-class MeterPair final : public juce::Component
+class MeterPair final : public primitives::GroupComponent
 {
 public:
     MeterPair (const juce::String& captionA, const juce::String& captionB);

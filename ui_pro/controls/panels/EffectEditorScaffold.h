@@ -4,6 +4,7 @@
 #include "ui_pro/controls/panels/InputOutputPanel.h"
 #include "ui_pro/controls/panels/LaneStackPanel.h"
 #include "ui_pro/controls/panels/ParameterIds.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
@@ -16,7 +17,7 @@ namespace quillon::ui_pro::controls
 
 /** The body of an effect's editor: lane strips at the left, the global panel above the input and output panel at the
     right, all connected to the effect's parameters. Message thread. */
-class EffectEditorScaffold final : public juce::Component
+class EffectEditorScaffold final : public primitives::SilentComponent
 {
 public:
     /** The state and the undo manager, which may be null, must outlive the scaffold. */

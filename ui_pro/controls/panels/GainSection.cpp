@@ -22,8 +22,11 @@ GainSection::GainSection (const juce::String& title, juce::Colour accent)
       link (accent),
       autoGain (accent)
 {
+    setTitle (title);
     link.setButtonText ("LINK");
     link.setTitle (title + " LINK");
+    link.setTooltip ("Both gains move together.");
+    autoGain.setTooltip ("Ride the level of both channels toward -18 dB RMS; the gains then have no effect.");
     autoGain.setButtonText ("AUTO GAIN");
     autoGain.setTitle (title + " AUTO GAIN");
 
@@ -33,6 +36,7 @@ GainSection::GainSection (const juce::String& title, juce::Colour accent)
     {
         knob->setLabel ("GAIN");
         knob->setTitle (title + " GAIN " + juce::String (++number));
+        knob->setTooltip ("Drag up or down; a double-click sets the default.");
         knob->setColourId (static_cast<int> (style::Theme::roleOf (accent)));
         knob->setMaxDiameter (largestKnob);
         knob->setLabelGap (2);

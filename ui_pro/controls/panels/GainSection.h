@@ -3,13 +3,14 @@
 #include "ui_pro/controls/buttons/LinkIconButton.h"
 #include "ui_pro/controls/buttons/OnOffButton.h"
 #include "ui_pro/controls/knob/KnobControl.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/primitives/SectionTitle.h"
 
 namespace quillon::ui_pro::controls
 {
 
 /** The gains of one side of an effect: a titled pair of knobs with their link between them, and the automatic gain. */
-class GainSection final : public juce::Component
+class GainSection final : public primitives::GroupComponent
 {
 public:
     GainSection (const juce::String& title, juce::Colour accent);

@@ -22,13 +22,19 @@ GlobalIoPanel::GlobalIoPanel (juce::Colour primary)
       input ("INPUT", primary),
       output ("OUTPUT", primary)
 {
+    setTitle ("GLOBAL");
+
     // Their captions may be shortened, their titles not.
     bypass.setTitle ("MASTER BYPASS");
     link.setTitle ("LINK L/R");
     msMode.setTitle ("M/S MODE");
     link.setButtonText ("LINK L/R");
+    bypass.setTooltip ("Pass the input on untouched.");
+    link.setTooltip ("Both lanes have the same settings.");
+    msMode.setTooltip ("The lanes carry mid and side; needs LINK L/R off.");
 
     trim.setLabel ("TRIM");
+    trim.setTooltip ("Level of both channels at the end. Drag up or down; a double-click sets the default.");
     trim.setColourId (static_cast<int> (style::Theme::roleOf (primary)));
     trim.setMaxDiameter (largestTrim);
     trim.setLabelFont (12.0f, style::Theme::palette().textPrimary);

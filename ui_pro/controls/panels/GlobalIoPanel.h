@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/controls/panels/GainSection.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/primitives/SidePanel.h"
 
 namespace quillon::ui_pro::controls
@@ -8,7 +9,7 @@ namespace quillon::ui_pro::controls
 
 /** The switches that hold for the whole effect, a place for one component of the editor's own, and either the trim knob
     or, for an editor without an InputOutputPanel, the input and output gains. */
-class GlobalIoPanel final : public juce::Component
+class GlobalIoPanel final : public primitives::GroupComponent
 {
 public:
     explicit GlobalIoPanel (juce::Colour primary);

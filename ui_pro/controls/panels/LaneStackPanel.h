@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/buttons/OnOffButton.h"
 #include "ui_pro/controls/panels/LaneModeSelector.h"
+#include "ui_pro/primitives/RoleComponent.h"
 #include "ui_pro/primitives/SidePanel.h"
 
 #include <memory>
@@ -11,7 +12,7 @@ namespace quillon::ui_pro::controls
 {
 
 /** One strip per lane, of equal heights from top to bottom: its channel mode and whether it is enabled. */
-class LaneStackPanel final : public juce::Component
+class LaneStackPanel final : public primitives::SilentComponent
 {
 public:
     LaneStackPanel (juce::Colour primary, int numLanes);

@@ -50,6 +50,7 @@ struct Action
     juce::String text; // what it is known by
     juce::String label;
     juce::Rectangle<int> area;
+    juce::String help;
 };
 
 /** Made on first use. */

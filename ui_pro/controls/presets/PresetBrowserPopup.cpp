@@ -29,7 +29,14 @@ PresetSelector::BrowserPopup::BrowserPopup (PresetSelector& owner)
 
     search.setBounds (presets::searchField);
     search.onKey = [this] (const juce::KeyPress& key) { return keyPressed (key); };
-    search.onEdit = [this] (const juce::String& text) { selector.setSearchText (text); };
+    search.onEdit = [this] (const juce::String& text)
+    {
+        if (text == selector.getLibrary().getSearchText())
+            return;
+
+        selector.setSearchText (text);
+        announce (status.getCountText());
+    };
     addAndMakeVisible (search);
     addButtons();
 
@@ -54,7 +61,6 @@ PresetSelector::BrowserPopup::Button PresetSelector::BrowserPopup::makeButton (L
     const juce::String& text, juce::Rectangle<int> area, std::function<void()> action)
 {
     auto button = std::make_unique<PresetButton> (look, title, text);
-    button->setWantsKeyboardFocus (true);
     button->setBounds (area);
     button->onClick = [action = std::move (action)]
     {
@@ -71,12 +77,15 @@ void PresetSelector::BrowserPopup::addButtons()
     addFilter (category, Look::chooser, "Category", presets::categoryFilter);
     addFilter (author, Look::chooser, "Author", presets::authorFilter);
     filters[both]->setButtonText ("FILTER");
+    filters[both]->setTooltip ("Choose a category and an author.");
     filters[category]->valueText = [this] { return selector.getLibrary().getCategoryFilter(); };
     filters[author]->valueText = [this] { return selector.getLibrary().getAuthorFilter(); };
 
     sort = makeButton (Look::button, {}, {}, presets::sortToggle,
         [this] { selector.setSortDescending (! selector.getLibrary().isSortDescending()); });
+    sort->setTooltip ("Turn the order round.");
     closer = makeButton (Look::button, "Close", "X", presets::closeButton, [this] { selector.closeBrowser(); });
+    closer->setTooltip ("Close the browser; so does Escape.");
 
     for (int i = 0; i < PresetLibrary::numCollections; ++i)
     {
@@ -86,8 +95,11 @@ void PresetSelector::BrowserPopup::addButtons()
     }
 
     for (const auto& action : presets::actions())
+    {
         actions.push_back (makeButton (actions.empty() ? Look::primary : Look::button, action.text, action.label,
             action.area, [this, &action] { selector.runAction (action.text); }));
+        actions.back()->setTooltip (action.help);
+    }
 }
 
 void PresetSelector::BrowserPopup::addFilter (Filter filter, Look look, const char* title, juce::Rectangle<int> area)
@@ -118,6 +130,7 @@ void PresetSelector::BrowserPopup::refresh()
     const auto showFilter = [this] (Filter filter, const juce::String& caption, const juce::String& value)
     {
         filters[filter]->setButtonText (caption + value);
+        filters[filter]->setTooltip (caption + value); // for what does not fit
         filters[filter]->setToggleState (value != "All", juce::dontSendNotification);
     };
     showFilter (category, "Category: ", shown.getCategoryFilter());
@@ -198,18 +211,36 @@ void PresetSelector::BrowserPopup::mouseWheelMove (const juce::MouseEvent&, cons
     selector.moveSelection (static_cast<int> (-rows));
 }
 
+void PresetSelector::BrowserPopup::moveSelection (int rows)
+{
+    selector.moveSelection (rows);
+    announce (table.getSelectedName());
+}
+
+void PresetSelector::BrowserPopup::loadSelected()
+{
+    // What is in force already is not loaded anew by a bare key: that would undo every edit since. LOAD does it.
+    if (const auto* selected = selector.getLibrary().getSelected())
+    {
+        if (selector.getLibrary().isInForce (*selected))
+            selector.closeBrowser();
+        else
+            selector.load (selected->id);
+    }
+}
+
 bool PresetSelector::BrowserPopup::keyPressed (const juce::KeyPress& key)
 {
     if (key == juce::KeyPress::upKey)
-        selector.moveSelection (-1);
+        moveSelection (-1);
     else if (key == juce::KeyPress::downKey)
-        selector.moveSelection (1);
+        moveSelection (1);
     else if (key == juce::KeyPress::pageUpKey)
-        selector.moveSelection (-table.getRowsPerPage());
+        moveSelection (-table.getRowsPerPage());
     else if (key == juce::KeyPress::pageDownKey)
-        selector.moveSelection (table.getRowsPerPage());
+        moveSelection (table.getRowsPerPage());
     else if (key == juce::KeyPress::returnKey)
-        selector.load (selector.getLibrary().getSelectedId()); // deletes this
+        loadSelected(); // may delete this
     else if (key == juce::KeyPress::escapeKey)
         selector.closeBrowser(); // deletes this
     else if (auto* focused = dynamic_cast<PresetButton*> (getCurrentlyFocusedComponent());
@@ -219,11 +250,6 @@ bool PresetSelector::BrowserPopup::keyPressed (const juce::KeyPress& key)
         return false;
 
     return true;
-}
-
-std::unique_ptr<juce::AccessibilityHandler> PresetSelector::BrowserPopup::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::group);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -10,6 +10,7 @@
 #include "ui_pro/controls/presets/PresetTable.h"
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/primitives/DropDownList.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <array>
 #include <memory>
@@ -20,7 +21,7 @@ namespace quillon::ui_pro::controls
 
 /** The panel in which presets are searched, filtered and loaded. It shows the selector's library and passes everything
     that the user does to the selector; it lives from `openBrowser` to `closeBrowser`. */
-class PresetSelector::BrowserPopup final : public juce::Component, private juce::ComponentMovementWatcher
+class PresetSelector::BrowserPopup final : public primitives::GroupComponent, private juce::ComponentMovementWatcher
 {
 public:
     explicit BrowserPopup (PresetSelector& owner);
@@ -54,6 +55,10 @@ public:
 
     primitives::DropDownList& getFilterList (Filter filter) { return *filterLists[filter]; }
 
+    /** Says something to a screen reader. Replaced in tests. */
+    std::function<void (const juce::String&)> announce = [] (const juce::String& text)
+    { juce::AccessibilityHandler::postAnnouncement (text, juce::AccessibilityHandler::AnnouncementPriority::medium); };
+
     /** Closes an open filter list. */
     void closeLists();
 
@@ -61,7 +66,6 @@ public:
     void parentSizeChanged() override;
     void mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
     bool keyPressed (const juce::KeyPress& key) override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
     using Button = std::unique_ptr<PresetButton>;
@@ -81,6 +85,8 @@ private:
     void addButtons();
     void addFilter (Filter filter, PresetButton::Look look, const char* title, juce::Rectangle<int> area);
     void place();
+    void moveSelection (int rows);
+    void loadSelected();
 
     PresetSelector& selector;
     primitives::CachedLayer background;

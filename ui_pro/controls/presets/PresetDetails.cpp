@@ -125,9 +125,4 @@ void PresetDetails::paintTags (juce::Graphics& g, juce::Rectangle<int> area) con
     }
 }
 
-std::unique_ptr<juce::AccessibilityHandler> PresetDetails::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::staticText);
-}
-
 } // namespace quillon::ui_pro::controls

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/controls/presets/PresetEntry.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -10,7 +11,7 @@ namespace quillon::ui_pro::controls
 {
 
 /** What the preset browser tells of the selected preset. */
-class PresetDetails final : public juce::Component
+class PresetDetails final : public primitives::TextComponent
 {
 public:
     PresetDetails();
@@ -19,7 +20,6 @@ public:
     void show (const PresetEntry* newEntry);
 
     void paint (juce::Graphics& g) override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
     void paintTags (juce::Graphics& g, juce::Rectangle<int> area) const;

@@ -134,6 +134,24 @@ bool PresetLibrary::setCurrent (int index, int count, const juce::String& name)
     return true;
 }
 
+void PresetLibrary::selectInForce()
+{
+    const auto* inForce = find (currentIndex);
+
+    for (const auto& entry : entries)
+        if (inForce == nullptr && entry.isLoaded)
+            inForce = &entry;
+
+    selectedId = inForce != nullptr ? inForce->id : none;
+
+    if (inForce != nullptr && visibleIndexOf (selectedId) < 0)
+    {
+        collection = allPresets;
+        categoryFilter = authorFilter = searchText = {};
+        listVisible();
+    }
+}
+
 juce::String PresetLibrary::getCurrentLabel() const
 {
     if (currentIndex < 0 || currentIndex >= currentCount)

@@ -69,6 +69,9 @@ public:
     /** Moves the selection down by so many visible entries (up when negative), stopping at the ends. */
     bool moveSelection (int rows);
 
+    /** Selects the entry that is in force, or none; what hides it is cleared: collection, filters and search. */
+    void selectInForce();
+
     bool isInForce (const PresetEntry& entry) const { return entry.isLoaded || entry.id == currentIndex; }
 
 private:

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "ui_pro/controls/presets/PresetSelector.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 namespace quillon::ui_pro::controls
 {
 
 /** The area of the preset browser where the owner draws what the selected preset does; without a painter it names the
     preset's mode. */
-class PresetPreview final : public juce::Component
+class PresetPreview final : public primitives::SilentComponent
 {
 public:
     PresetPreview();

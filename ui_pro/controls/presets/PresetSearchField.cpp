@@ -20,6 +20,22 @@ void drawMagnifier (juce::Graphics& g, juce::Point<float> centre)
     g.drawLine ({ centre.translated (2.2f, 2.2f), centre.translated (6.5f, 6.5f) }, 2.0f);
 }
 
+/** Whether the field has a use for a key when it holds the right text: then it is never the editor's or the host's. */
+bool isEditingKey (const juce::KeyPress& key)
+{
+    const auto held = key.getModifiers();
+    auto letter = juce::CharacterFunctions::toLowerCase (static_cast<juce::juce_wchar> (key.getKeyCode()));
+
+    if (letter < ' ') // some hosts send a control character
+        letter += 'a' - 1;
+
+    if (held.isCommandDown() && ! held.isAltDown())
+        return juce::String ("acvxyz").containsChar (letter);
+
+    return key == juce::KeyPress::deleteKey || key == juce::KeyPress::backspaceKey || key == juce::KeyPress::leftKey ||
+        key == juce::KeyPress::rightKey || key == juce::KeyPress::homeKey || key == juce::KeyPress::endKey;
+}
+
 } // namespace
 
 PresetSearchField::PresetSearchField()
@@ -59,7 +75,7 @@ bool PresetSearchField::keyPressed (const juce::KeyPress& key)
 
     const auto isUsed = juce::TextEditor::keyPressed (key);
     reportEdit();
-    return isUsed;
+    return isUsed || isEditingKey (key);
 }
 
 void PresetSearchField::focusGained (FocusChangeType cause)

@@ -38,7 +38,6 @@ PresetSelector::Parts PresetSelector::Parts::within (juce::Rectangle<int> area)
 PresetSelector::PresetSelector()
 {
     setTitle ("Presets");
-    setFocusContainerType (FocusContainerType::focusContainer);
     setInterceptsMouseClicks (false, true);
 
     initialiseButton.onClick = [this] { call (hooks.initialise); };
@@ -47,7 +46,6 @@ PresetSelector::PresetSelector()
     display.onClick = [this] { toggleBrowser(); };
     display.onKey = [this] (const juce::KeyPress& key) { return handleDisplayKey (key); };
     display.valueText = [this] { return display.getButtonText(); };
-    display.setWantsKeyboardFocus (true);
     display.setButtonText (library.getCurrentLabel());
 
     for (auto* part : { &initialiseButton, &previousButton, &display, &nextButton })
@@ -192,6 +190,7 @@ void PresetSelector::openBrowser()
     if (browser != nullptr || parent == this || ! isEnabled())
         return;
 
+    library.selectInForce();
     browser = std::make_unique<BrowserPopup> (*this);
     browser->setPreviewPainter (previewPainter);
     browser->showOver (*parent);
@@ -265,11 +264,6 @@ void PresetSelector::enablementChanged()
 {
     if (! isEnabled())
         closeBrowser();
-}
-
-std::unique_ptr<juce::AccessibilityHandler> PresetSelector::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::group);
 }
 
 } // namespace quillon::ui_pro::controls

@@ -3,6 +3,7 @@
 #include "ui_pro/controls/presets/PresetButton.h"
 #include "ui_pro/controls/presets/PresetLibrary.h"
 #include "ui_pro/primitives/KeyboardLoan.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <functional>
 #include <memory>
@@ -14,7 +15,7 @@ namespace quillon::ui_pro::controls
 /** The header's control for presets: a button for the initial preset, one step back or forth, and a display of the
     current preset that opens a browser of all presets. It changes no preset itself: it asks through its hooks, and the
     owner reports what is in force. Message thread. */
-class PresetSelector final : public juce::Component
+class PresetSelector final : public primitives::GroupComponent
 {
 public:
     class BrowserPopup;
@@ -95,7 +96,6 @@ public:
     void resized() override;
     void visibilityChanged() override;
     void enablementChanged() override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
     std::function<void()> hookOf (const juce::String& action) const;

@@ -59,9 +59,4 @@ void PresetStatusLine::paint (juce::Graphics& g)
     presets::drawText (g, nameText, area, juce::Justification::centredRight);
 }
 
-std::unique_ptr<juce::AccessibilityHandler> PresetStatusLine::createAccessibilityHandler()
-{
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::staticText);
-}
-
 } // namespace quillon::ui_pro::controls

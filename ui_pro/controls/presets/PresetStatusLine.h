@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/controls/presets/PresetLibrary.h"
+#include "ui_pro/primitives/RoleComponent.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -9,7 +10,7 @@ namespace quillon::ui_pro::controls
 
 /** The line under the preset table: how many presets are shown, and the selected one with "Loaded" beside it when it is
     the one in force. */
-class PresetStatusLine final : public juce::Component
+class PresetStatusLine final : public primitives::TextComponent
 {
 public:
     PresetStatusLine();
@@ -23,7 +24,6 @@ public:
     const juce::String& getMarkText() const { return markText; }
 
     void paint (juce::Graphics& g) override;
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
 private:
     juce::String countText;

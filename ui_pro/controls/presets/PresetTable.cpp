@@ -12,6 +12,21 @@
 
 namespace quillon::ui_pro::controls
 {
+namespace
+{
+
+juce::Font fontOf (std::size_t column)
+{
+    const auto size = style::Theme::get().presetBrowser.bodyText;
+    return column == 0 ? style::boldFont (size) : style::regularFont (size);
+}
+
+int widthOf (std::size_t column)
+{
+    return presets::columns[column].header.getWidth() - 6;
+}
+
+} // namespace
 
 PresetTable::PresetTable()
 {
@@ -102,7 +117,7 @@ void PresetTable::selectedRowsChanged (int row)
     if (row >= 0)
         juce::NullCheckedInvocation::invoke (onPick, rows[static_cast<std::size_t> (row)].id);
     else
-        selectRow (selectedRow, true); // there is always one while there are presets
+        selectRow (selectedRow, true); // none is let go of but by choosing another
 }
 
 void PresetTable::listBoxItemDoubleClicked (int row, const juce::MouseEvent&)
@@ -117,8 +132,23 @@ juce::String PresetTable::getNameForRow (int row)
         return {};
 
     const auto& shown = rows[static_cast<std::size_t> (row)];
-    return juce::StringArray { shown.name, shown.category, shown.author, shown.mode }.joinIntoString (", ") +
+    const auto cells = shown.cells();
+    return juce::StringArray (cells.data(), static_cast<int> (cells.size())).joinIntoString (", ") +
         (shown.isInForce ? ", Loaded" : "");
+}
+
+juce::String PresetTable::getTooltipForRow (int row)
+{
+    if (row < 0 || row >= getNumRows())
+        return {};
+
+    const auto cells = rows[static_cast<std::size_t> (row)].cells();
+
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        if (juce::GlyphArrangement::getStringWidthInt (fontOf (i), cells[i]) > widthOf (i))
+            return getNameForRow (row); // something is cut off
+
+    return {};
 }
 
 void PresetTable::paintListBoxItem (int row, juce::Graphics& g, int width, int height, bool isSelected)
@@ -128,7 +158,6 @@ void PresetTable::paintListBoxItem (int row, juce::Graphics& g, int width, int h
 
     const auto& shown = rows[static_cast<std::size_t> (row)];
     const auto& palette = style::Theme::palette();
-    const auto& tokens = style::Theme::get().presetBrowser;
     juce::Rectangle<int> area (width, height);
 
     g.setColour (palette.outline.withMultipliedAlpha (0.6f));
@@ -138,15 +167,14 @@ void PresetTable::paintListBoxItem (int row, juce::Graphics& g, int width, int h
     if (shown.isInForce)
         primitives::drawTick (g, { 36.0f, area.toFloat().getCentreY() });
 
-    const std::array<juce::String, 4> texts { shown.name, shown.category, shown.author, shown.mode };
+    const auto cells = shown.cells();
 
-    for (std::size_t i = 0; i < texts.size(); ++i)
+    for (std::size_t i = 0; i < cells.size(); ++i)
     {
-        const auto column = presets::columns[i].header;
         g.setColour (i == 0 || isSelected ? palette.textPrimary : palette.textSecondary);
-        g.setFont (i == 0 ? style::boldFont (tokens.bodyText) : style::regularFont (tokens.bodyText));
-        presets::drawText (g, texts[i],
-            area.withX (column.getX() - presets::table.getX()).withWidth (column.getWidth() - 6),
+        g.setFont (fontOf (i));
+        presets::drawText (g, cells[i],
+            area.withX (presets::columns[i].header.getX() - presets::table.getX()).withWidth (widthOf (i)),
             juce::Justification::centredLeft);
     }
 }

@@ -4,6 +4,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -20,6 +21,9 @@ public:
 
     /** Shows what the library lets through; repaints the rows that changed. */
     void show (const PresetLibrary& library);
+
+    /** What a screen reader hears of the selected row. */
+    juce::String getSelectedName() { return getNameForRow (selectedRow); }
 
     /** How many whole rows fit. */
     int getRowsPerPage() const;
@@ -44,6 +48,8 @@ private:
         juce::String mode;
         bool isInForce = false;
 
+        std::array<juce::String, 4> cells() const { return { name, category, author, mode }; }
+
         bool operator== (const Row&) const = default;
     };
 
@@ -51,6 +57,7 @@ private:
 
     void paintListBoxItem (int row, juce::Graphics& g, int width, int height, bool isSelected) override;
     juce::String getNameForRow (int row) override;
+    juce::String getTooltipForRow (int row) override;
     void selectedRowsChanged (int row) override;
     void listBoxItemDoubleClicked (int row, const juce::MouseEvent& event) override;
 

@@ -55,6 +55,7 @@ SupportDiagnosticsPanel::SupportDiagnosticsPanel()
     addAndMakeVisible (*sheet);
     setTitle ("Support / Diagnostics");
     setMouseClickGrabsKeyboardFocus (false);
+    setFocusContainerType (FocusContainerType::focusContainer); // a screen reader finds the buttons in the dialog
     sheet->refreshRows();
     refreshButtons();
 }
@@ -150,13 +151,13 @@ void SupportDiagnosticsPanel::run (Action action)
     switch (action)
     {
         case Action::copyDiagnostics:
-            return give (services.copyText, makeDiagnosticsReport (record, services.now()));
+            return copy (makeDiagnosticsReport (record, services.now()), "The report is on the clipboard.");
         case Action::saveDiagnostics:
             return saveReport();
         case Action::contactSupport:
             return give (services.openAddress, record.supportLink);
         case Action::copyEmail:
-            return give (services.copyText, record.supportEmail);
+            return copy (record.supportEmail, record.supportEmail + " is on the clipboard.");
         case Action::resetDsp:
             return call (hooks.resetDsp);
         case Action::openConfigFolder:
@@ -171,6 +172,33 @@ void SupportDiagnosticsPanel::run (Action action)
     }
 }
 
+void SupportDiagnosticsPanel::copy (const juce::String& text, const juce::String& done)
+{
+    if (text.isEmpty())
+        return;
+
+    const auto isCopied = services.copyText (text);
+    tell (isCopied ? done : "The clipboard cannot be reached.", isCopied);
+}
+
+void SupportDiagnosticsPanel::tell (const juce::String& newMessage, bool isGood)
+{
+    constexpr int shownFor = 5000; // ms
+    message = newMessage;
+    sheet->showMessage (message, isGood);
+
+    if (message.isEmpty())
+        return;
+
+    juce::AccessibilityHandler::postAnnouncement (message, juce::AccessibilityHandler::AnnouncementPriority::medium);
+    juce::Timer::callAfterDelay (shownFor,
+        [self = SafePointer (this), number = ++messageNumber]
+        {
+            if (self != nullptr && self->messageNumber == number)
+                self->tell ({}, true);
+        });
+}
+
 void SupportDiagnosticsPanel::saveReport()
 {
     const auto now = services.now();
@@ -178,10 +206,17 @@ void SupportDiagnosticsPanel::saveReport()
         juce::File::getSpecialLocation (juce::File::userHomeDirectory).getChildFile (diagnosticsFileName (record, now));
 
     // The panel may be gone when the user has chosen.
-    const auto save = [report = makeDiagnosticsReport (record, now)] (const juce::File& file)
+    const auto save = [report = makeDiagnosticsReport (record, now), self = SafePointer (this)] (const juce::File& file)
     {
-        if (file != juce::File())
-            writeDiagnosticsReport (file, report);
+        if (file == juce::File())
+            return;
+
+        const auto isSaved = writeDiagnosticsReport (file, report);
+
+        if (self != nullptr)
+            self->tell (
+                isSaved ? "Saved as " + file.getFileName() + "." : "Cannot write " + file.getFullPathName() + ".",
+                isSaved);
     };
 
     if (services.chooseFile != nullptr)

@@ -50,7 +50,14 @@ public:
     struct Services
     {
         std::function<juce::Time()> now = [] { return juce::Time::getCurrentTime(); };
-        std::function<void (const juce::String&)> copyText = juce::SystemClipboard::copyTextToClipboard;
+
+        /** Whether the text is now on the clipboard. */
+        std::function<bool (const juce::String&)> copyText = [] (const juce::String& text)
+        {
+            juce::SystemClipboard::copyTextToClipboard (text);
+            return juce::SystemClipboard::getTextFromClipboard() == text;
+        };
+
         std::function<void (const juce::String&)> openAddress = [] (const juce::String& address)
         { juce::URL (address).launchInDefaultBrowser(); };
         std::function<void (const juce::File&)> openFolder = [] (const juce::File& folder) { folder.startAsProcess(); };
@@ -75,6 +82,9 @@ public:
 
     IconActionButton& getButton (Action action) const;
 
+    /** What the last action that shows nothing else has come to; empty after a few seconds. */
+    const juce::String& getMessage() const { return message; }
+
     /** The part of the panel that is drawn, in its coordinates. */
     juce::Rectangle<int> getSheetBounds() const;
 
@@ -88,6 +98,8 @@ private:
     class Sheet;
 
     void run (Action action);
+    void copy (const juce::String& text, const juce::String& done);
+    void tell (const juce::String& newMessage, bool isGood);
     void saveReport();
     void askForFile (const juce::File& suggestion, std::function<void (const juce::File&)> done);
     void refreshButtons();
@@ -98,6 +110,8 @@ private:
     std::unique_ptr<Sheet> sheet;
     std::unique_ptr<juce::FileChooser> chooser; // while its dialog is open, and until the next one
     bool isChoosing = false;
+    juce::String message;
+    int messageNumber = 0;
 };
 
 } // namespace quillon::ui_pro::controls

@@ -27,7 +27,7 @@ const juce::Colour cardColour { 0xff0d1114 };
 } // namespace
 
 /** A label and its value, or a text over the whole width when there is no label. */
-class SupportDiagnosticsPanel::Sheet::Row final : public juce::Component
+class SupportDiagnosticsPanel::Sheet::Row final : public primitives::TextComponent
 {
 public:
     Row (const juce::String& rowLabel, const juce::String& rowValue)
@@ -56,11 +56,6 @@ public:
         g.drawText (label, area.removeFromLeft (factLabelWidth), juce::Justification::centredLeft, true);
         g.setColour (palette.textPrimary);
         g.drawFittedText (value, area, juce::Justification::centredLeft, 1, 0.8f);
-    }
-
-    std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override
-    {
-        return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::staticText);
     }
 
     bool isParagraph() const { return label.isEmpty(); }
@@ -167,6 +162,14 @@ void SupportDiagnosticsPanel::Sheet::resized()
     }
 }
 
+void SupportDiagnosticsPanel::Sheet::showMessage (const juce::String& text, bool isGood)
+{
+    message = text;
+    isGoodMessage = isGood;
+    surface.invalidate();
+    repaint();
+}
+
 void SupportDiagnosticsPanel::Sheet::paint (juce::Graphics& g)
 {
     surface.draw (g, *this, [this] (juce::Graphics& picture) { paintSurface (picture); });
@@ -209,9 +212,20 @@ void SupportDiagnosticsPanel::Sheet::paintSurface (juce::Graphics& g) const
     g.setColour (palette.textPrimary);
     g.setFont (style::boldFont (19.0f));
     g.drawText ("Support / Diagnostics", header.withBottom (middle), juce::Justification::bottomLeft, true);
-    g.setColour (palette.textSecondary);
-    g.setFont (style::regularFont (11.0f));
-    g.drawText ("SYSTEM SUMMARY & DIAGNOSTICS", header.withTop (middle + 2), juce::Justification::topLeft, true);
+    const auto subtitle = header.withTop (middle + 2);
+
+    if (message.isEmpty())
+    {
+        g.setColour (palette.textSecondary);
+        g.setFont (style::regularFont (11.0f));
+        g.drawText ("SYSTEM SUMMARY & DIAGNOSTICS", subtitle, juce::Justification::topLeft, true);
+    }
+    else
+    {
+        g.setColour (isGoodMessage ? palette.green : palette.red.brighter (0.3f));
+        g.setFont (style::regularFont (13.0f));
+        g.drawFittedText (message, subtitle, juce::Justification::topLeft, 1, 0.7f);
+    }
 
     primitives::fillPanel (g, card.toFloat(), cardColour, 6.0f);
     primitives::drawInnerShadow (g, card.toFloat(), 6.0f, 0.35f);
