@@ -70,6 +70,15 @@ void paintChartCurve (
     g.fillPath (response.line);
 }
 
+void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour colour)
+{
+    const auto disc = [&] (float r) { return juce::Rectangle<float> (2.0f * r, 2.0f * r).withCentre (centre); };
+    g.setColour (style::Theme::palette().surface3);
+    g.fillEllipse (disc (4.5f));
+    g.setColour (colour);
+    g.fillEllipse (disc (3.5f));
+}
+
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state)
 {
     const auto disc = [&] (float r) { return juce::Rectangle<float> (2.0f * r, 2.0f * r).withCentre (centre); };
@@ -86,37 +95,6 @@ void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius,
     g.fillEllipse (disc (radius - 0.5f));
     g.setColour (style::Theme::palette().surface3.withAlpha (0.75f));
     g.fillEllipse (disc (state == NodeState::dragged ? radius * 0.25f : radius * 0.45f));
-}
-
-void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, juce::Point<float> node,
-    const juce::String& name, const juce::String& value, juce::Colour colour)
-{
-    const auto nameFont = style::boldFont (11.5f);
-    const auto valueFont = style::regularFont (12.0f);
-    const auto nameWidth = juce::GlyphArrangement::getStringWidth (nameFont, name);
-    const auto valueWidth = juce::GlyphArrangement::getStringWidth (valueFont, value);
-    constexpr auto padding = 8.0f;
-    constexpr auto gap = 8.0f;
-
-    juce::Rectangle<float> box (nameWidth + valueWidth + gap + 2.0f * padding, 24.0f);
-    box.setCentre (node.translated (0.0f, -26.0f));
-
-    if (box.getY() < axes.plot.getY())
-        box.setCentre (node.translated (0.0f, 26.0f));
-
-    box = box.constrainedWithin (axes.plot);
-
-    const auto& palette = style::Theme::palette();
-    primitives::fillPanel (g, box, palette.scrim2, 5.0f);
-    g.setColour (palette.outlineStrong);
-    g.drawRoundedRectangle (box.reduced (0.5f), 5.0f, 1.0f);
-
-    g.setColour (colour);
-    g.setFont (nameFont);
-    g.drawText (name, box.reduced (padding, 0.0f), juce::Justification::centredLeft, false);
-    g.setColour (palette.textPrimary);
-    g.setFont (valueFont);
-    g.drawText (value, box.reduced (padding, 0.0f), juce::Justification::centredRight, false);
 }
 
 } // namespace kestreleq

@@ -27,10 +27,9 @@ enum class NodeState
     dragged
 };
 
-void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state);
+/** Where the pointer meets the curve. */
+void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour colour);
 
-/** A node's name and value in a box beside it, within the plot. */
-void paintChartReadout (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes, juce::Point<float> node,
-    const juce::String& name, const juce::String& value, juce::Colour colour);
+void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state);
 
 } // namespace kestreleq

@@ -1,5 +1,6 @@
 #include "editor/chart/ChartNodes.h"
 
+#include "editor/chart/ResponsePath.h"
 #include "editor/lane/LaneKnobs.h"
 #include "engine/dsp/AirFilter.h"
 
@@ -12,17 +13,6 @@ namespace
 {
 
 constexpr float reach = 14.0f; // design pixels around a node's centre
-
-/** The curve's height at a place on the plot, between its points. */
-float curveAt (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> curve, float x)
-{
-    const auto last = static_cast<float> (curve.size() - 1);
-    const auto point = std::clamp ((x - axes.plot.getX()) / axes.plot.getWidth() * last, 0.0f, last);
-    const auto below = static_cast<std::size_t> (point);
-    const auto above = std::min (below + 1, curve.size() - 1);
-    const auto fraction = static_cast<double> (point - std::floor (point));
-    return axes.yFor (std::lerp (curve[below], curve[above], fraction));
-}
 
 } // namespace
 
@@ -46,7 +36,8 @@ void ChartNodes::place (
         }
 
         x = std::clamp (x, axes.plot.getX() + radius, axes.plot.getRight() - radius);
-        const auto y = std::clamp (curveAt (axes, curve, x), axes.plot.getY() + radius, axes.plot.getBottom() - radius);
+        const auto y = std::clamp (
+            axes.yFor (levelAt (axes, curve, x)), axes.plot.getY() + radius, axes.plot.getBottom() - radius);
         positions[node] = { x, y };
     }
 }

@@ -3,7 +3,9 @@
 #include "editor/chart/ChartFace.h"
 #include "editor/chart/LaneAxes.h"
 #include "editor/lane/LaneKnobs.h"
+#include "engine/dsp/AirFilter.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
+#include "ui_pro/primitives/ButtonLook.h"
 #include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
@@ -27,11 +29,6 @@ double drawingRateFor (double sampleRate)
 {
     return std::isfinite (sampleRate) && sampleRate > 0.0 ? std::max (lowestDrawingRate, sampleRate)
                                                           : lowestDrawingRate;
-}
-
-juce::Colour nodeColour (std::size_t node)
-{
-    return style::Theme::accent (laneKnobs[node].colourId);
 }
 
 } // namespace
@@ -115,6 +112,12 @@ void KestrelChartView::setSurface (std::function<void (juce::Graphics&)> newSurf
     repaint();
 }
 
+void KestrelChartView::setActive (bool shouldBeActive)
+{
+    if (std::exchange (active, shouldBeActive) != shouldBeActive)
+        repaint();
+}
+
 void KestrelChartView::resized()
 {
     axes = makeLaneAxes (getWidth(), getHeight());
@@ -151,14 +154,27 @@ void KestrelChartView::paint (juce::Graphics& g)
         paintSpectrum (g);
     }
     paintChartGrid (g, axes, pixels);
-    paintChartCurve (g, axes, curve, colour);
+    paintChartCurve (g, axes, curve, shownColour());
     paintNodes (g);
+
+    if (const auto readout = makeReadout())
+    {
+        if (! hovered && ! grasped)
+            paintChartMark (g, readout->at, shownColour());
+
+        paintChartReadout (g, axes, response.getCurve(), *readout, pixels);
+    }
+}
+
+juce::Colour KestrelChartView::shownColour() const
+{
+    return active ? colour : primitives::disabledAccent (colour);
 }
 
 void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
-    const std::array colours { palette.textMuted, colour };
+    const std::array colours { palette.textMuted, shownColour() };
     auto levelAxes = axes;
     levelAxes.lowestDb = static_cast<double> (SpectrumDisplay::floorLevel);
     levelAxes.highestDb = highestSpectrumLevel;
@@ -171,26 +187,87 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 
 void KestrelChartView::paintNodes (juce::Graphics& g) const
 {
-    const auto active = grasped ? grasped : hovered;
+    const auto chosen = grasped ? grasped : hovered;
 
     for (std::size_t node = 0; node < ChartNodes::count; ++node)
-        if (node != active)
+        if (node != chosen)
             paintChartNode (g, nodes.position (node), ChartNodes::radius, nodeColour (node), NodeState::idle);
 
-    if (! active)
-        return;
-
-    paintChartNode (g, nodes.position (*active), ChartNodes::radius, nodeColour (*active),
-        grasped ? NodeState::dragged : NodeState::hovered);
-    paintChartReadout (
-        g, axes, nodes.position (*active), laneKnobs[*active].caption, nodeText (*active), nodeColour (*active));
+    if (chosen)
+        paintChartNode (g, nodes.position (*chosen), ChartNodes::radius, nodeColour (*chosen),
+            grasped ? NodeState::dragged : NodeState::hovered);
 }
 
-juce::String KestrelChartView::nodeText (std::size_t node) const
+juce::Colour KestrelChartView::nodeColour (std::size_t node) const
 {
-    const auto textOf = [this] (std::size_t knob) { return parameterOf (knob).getCurrentValueAsText(); };
+    const auto own = style::Theme::accentForId (style::accentRole (laneKnobs[node].colourId));
+    return active && ! (node == ChartNodes::airNode && isAirOff()) ? own : primitives::disabledAccent (own);
+}
 
-    return node == ChartNodes::airNode ? textOf (airAmountKnob) + "  " + textOf (airStepKnob) : textOf (node);
+bool KestrelChartView::isAirOff() const
+{
+    return dsp::airIndexFor (readValue (airStepKnob, 0.0f)) == 0;
+}
+
+juce::String KestrelChartView::textOf (std::size_t knob) const
+{
+    return parameterOf (knob).getCurrentValueAsText();
+}
+
+std::optional<ChartReadout> KestrelChartView::makeReadout() const
+{
+    if (grasped || hovered)
+        return describeNode (grasped ? *grasped : *hovered);
+
+    if (! pointer || axes.plot.isEmpty())
+        return {};
+
+    const auto& palette = style::Theme::palette();
+    const auto level = levelAt (axes, response.getCurve(), pointer->x);
+    return ChartReadout { { { describeFrequency (axes.frequencyAt (pointer->x)), palette.textPrimary },
+                              { describeLevel (level), palette.textSecondary } },
+        { pointer->x, axes.yFor (level) } };
+}
+
+ChartReadout KestrelChartView::describeNode (std::size_t node) const
+{
+    const auto& palette = style::Theme::palette();
+    const auto at = nodes.position (node);
+    ChartReadout readout { { { laneKnobs[node].caption, nodeColour (node), true },
+                               { textOf (node), palette.textPrimary } },
+        at, ChartNodes::radius + 8.0f };
+
+    if (node == ChartNodes::airNode)
+        readout.words.push_back ({ textOf (airStepKnob), palette.textPrimary });
+
+    // There the air adds nothing, whatever its amount, and the node does not move.
+    readout.words.push_back (node == ChartNodes::airNode && isAirOff()
+            ? ChartReadout::Word { "off: drag right", palette.yellow }
+            : ChartReadout::Word { describeLevel (levelAt (axes, response.getCurve(), at.x)), palette.textSecondary });
+    return readout;
+}
+
+juce::String KestrelChartView::getReadoutText() const
+{
+    juce::StringArray words;
+
+    if (const auto readout = makeReadout())
+        for (const auto& word : readout->words)
+            words.add (word.text);
+
+    return words.joinIntoString (" ");
+}
+
+void KestrelChartView::setPointer (std::optional<juce::Point<float>> position)
+{
+    if (position && ! axes.plot.contains (*position))
+        position.reset();
+
+    if (pointer == position)
+        return;
+
+    pointer = position;
+    repaint (axes.plot.getSmallestIntegerContainer());
 }
 
 juce::RangedAudioParameter& KestrelChartView::parameterOf (std::size_t knob) const
@@ -211,11 +288,13 @@ void KestrelChartView::setHovered (std::optional<std::size_t> node)
 
 void KestrelChartView::mouseMove (const juce::MouseEvent& event)
 {
+    setPointer (event.position);
     setHovered (nodes.hit (event.position));
 }
 
 void KestrelChartView::mouseExit (const juce::MouseEvent&)
 {
+    setPointer ({});
     setHovered ({});
 }
 
@@ -259,6 +338,7 @@ void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
 void KestrelChartView::mouseUp (const juce::MouseEvent& event)
 {
     letGo();
+    setPointer (event.position);
     setHovered (nodes.hit (event.position));
 }
 

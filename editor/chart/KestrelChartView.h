@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/chart/ChartNodes.h"
+#include "editor/chart/ChartReadout.h"
 #include "editor/chart/NodeDrag.h"
 #include "editor/chart/ResponsePath.h"
 #include "editor/chart/SpectrumDisplay.h"
@@ -39,6 +40,12 @@ public:
     /** The lane's colour. */
     void setColour (juce::Colour newColour);
 
+    /** A lane that is bypassed is drawn dim. */
+    void setActive (bool shouldBeActive);
+
+    /** What the readout on the chart says, with single spaces between its words; empty while there is none. */
+    juce::String getReadoutText() const;
+
     const dsp::LaneResponse& getResponse() const { return response; }
 
     const ChartNodes& getNodes() const { return nodes; }
@@ -69,7 +76,13 @@ private:
     void rebuildCurve();
     void paintSpectrum (juce::Graphics& g) const;
     void paintNodes (juce::Graphics& g) const;
-    juce::String nodeText (std::size_t node) const;
+    std::optional<ChartReadout> makeReadout() const;
+    ChartReadout describeNode (std::size_t node) const;
+    juce::String textOf (std::size_t knob) const;
+    juce::Colour nodeColour (std::size_t node) const;
+    bool isAirOff() const;
+    juce::Colour shownColour() const;
+    void setPointer (std::optional<juce::Point<float>> position);
     void letGo();
     void setHovered (std::optional<std::size_t> node);
     juce::RangedAudioParameter& parameterOf (std::size_t knob) const;
@@ -88,6 +101,8 @@ private:
     std::function<void (juce::Graphics&)> surface;
     quillon::ui_pro::primitives::CachedLayer background;
 
+    bool active = true;
+    std::optional<juce::Point<float>> pointer; // while it is over the plot
     std::optional<std::size_t> hovered;
     std::optional<std::size_t> grasped;
     std::unique_ptr<NodeDrag> drag;

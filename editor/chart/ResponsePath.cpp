@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/chart/CurvePainter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestreleq
@@ -16,6 +17,15 @@ std::vector<double> spreadFrequencies (const quillon::ui_pro::controls::ChartAxe
             std::pow (axes.highestHz / axes.lowestHz, static_cast<double> (i) / static_cast<double> (count - 1));
 
     return frequencies;
+}
+
+double levelAt (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> levels, float x)
+{
+    const auto last = static_cast<float> (levels.size() - 1);
+    const auto point = std::clamp ((x - axes.plot.getX()) / axes.plot.getWidth() * last, 0.0f, last);
+    const auto below = static_cast<std::size_t> (point);
+    const auto above = std::min (below + 1, levels.size() - 1);
+    return std::lerp (levels[below], levels[above], static_cast<double> (point - std::floor (point)));
 }
 
 ResponsePath ResponsePath::of (

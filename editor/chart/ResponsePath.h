@@ -11,6 +11,9 @@ namespace kestreleq
 /** So many frequencies in Hz, evenly along a chart's axis from end to end. */
 std::vector<double> spreadFrequencies (const quillon::ui_pro::controls::ChartAxes& axes, std::size_t count);
 
+/** The level in dB at a place on the plot, between the points of such a curve. */
+double levelAt (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> levels, float x);
+
 /** The outlines of a response, made once per change: the line of some width, and the area between it and 0 dB. */
 struct ResponsePath
 {

@@ -1,5 +1,6 @@
 #include "editor/lane/LanePanel.h"
 
+#include "ui_pro/primitives/ButtonLook.h"
 #include "ui_pro/primitives/Drawing.h"
 #include "ui_pro/style/Fonts.h"
 #include "ui_pro/style/Theme.h"
@@ -35,6 +36,16 @@ void LanePanel::setCaption (const juce::String& newCaption, juce::Colour newColo
     repaint();
 }
 
+void LanePanel::setActive (bool shouldBeActive)
+{
+    if (active == shouldBeActive)
+        return;
+
+    active = shouldBeActive;
+    layer.invalidate();
+    repaint();
+}
+
 void LanePanel::setTall (bool shouldBeTall)
 {
     if (tall == shouldBeTall)
@@ -61,13 +72,14 @@ void LanePanel::paintPanel (juce::Graphics& g) const
     g.drawRoundedRectangle (r.reduced (0.5f), panelRadius, 1.0f);
 
     // The lane's colour runs down its left edge.
-    g.setColour (captionColour.withAlpha (0.85f));
+    const auto colour = active ? captionColour : primitives::disabledAccent (captionColour);
+    g.setColour (colour.withAlpha (0.85f));
     g.fillRoundedRectangle (12.0f, 24.0f, 3.0f, r.getHeight() - 48.0f, 1.5f);
 
     g.setColour (palette.textSecondary);
     g.setFont (style::regularFont (11.0f));
     g.drawText ("CHANNEL", captionLeft, 22, 108, 14, juce::Justification::centredLeft, false);
-    g.setColour (captionColour);
+    g.setColour (colour);
     g.setFont (style::boldFont (19.0f));
     g.drawText (caption, captionLeft, 38, 108, 24, juce::Justification::centredLeft, false);
 }

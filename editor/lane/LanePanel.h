@@ -15,6 +15,9 @@ public:
     /** What the lane carries ("LEFT", "MID"), and the colour it goes by. */
     void setCaption (const juce::String& newCaption, juce::Colour newColour);
 
+    /** A lane that is bypassed has its caption dim. */
+    void setActive (bool shouldBeActive);
+
     /** Tall while the panel takes the place of both lanes. */
     void setTall (bool shouldBeTall);
 
@@ -32,6 +35,7 @@ public:
 private:
     juce::String caption { "LEFT" };
     juce::Colour captionColour;
+    bool active = true;
     bool tall = false;
     quillon::ui_pro::primitives::CachedLayer layer;
 };

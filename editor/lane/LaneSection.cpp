@@ -126,4 +126,18 @@ void LaneSection::setLook (const ChannelMode::Lane& look)
     meterStrip.setBarColours (ChannelMode::neutral(), look.meterColour);
 }
 
+void LaneSection::refreshPower()
+{
+    powerAttachment.sendInitialUpdate();
+
+    const auto& values = processor.getCore().getValues();
+    const auto bypassed = values.isOn (lane == 0 ? Parameter::laneABypass : Parameter::laneBBypass);
+    const auto active = ! bypassed && ! values.isOn (Parameter::bypass);
+    const auto& palette = style::Theme::palette();
+    chart->setActive (active);
+    panel.setActive (active);
+    title.setText (bypassed ? "OFF" : "ENABLED", juce::dontSendNotification);
+    title.setColour (juce::Label::textColourId, active ? palette.textPrimary : palette.textMuted);
+}
+
 } // namespace kestreleq

@@ -32,8 +32,8 @@ public:
     void setVisible (bool shouldBeVisible);
     void setLook (const ChannelMode::Lane& look);
 
-    /** Follows the lane's bypass, whoever changed it. */
-    void refreshPower() { powerAttachment.sendInitialUpdate(); }
+    /** Follows the lane's bypass and the master bypass, whoever changed them: what is off looks off. */
+    void refreshPower();
 
     /** Takes the levels of the lane's input and output, linear. */
     void setLevels (float input, float output) { meterStrip.setLevels (input, output); }

@@ -187,6 +187,85 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     EXPECT_EQ (rig.undo().getUndoDescriptions().size(), 2);
 }
 
+TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
+{
+    ChartRig rig;
+    rig.set ("650hz", 1.0f);
+    rig.set ("sub", 0.0f);
+    rig.set ("airBand", 0.5f);
+    rig.set ("airGain", 0.6f);
+    rig.view->refresh();
+    const auto& axes = rig.view->getAxes();
+    const auto curve = rig.view->getResponse().getCurve();
+
+    rig.mouse.move ({ axes.xFor (2000.0), axes.plot.getBottom() - 3.0f });
+    const auto level = describeLevel (levelAt (axes, curve, axes.xFor (2000.0)));
+    EXPECT_EQ (rig.view->getReadoutText(), "2.00 kHz " + level);
+    const auto told = paintPicture (*rig.view);
+    rig.mouse.exit ({ 0.0f, -1.0f });
+    EXPECT_EQ (rig.view->getReadoutText(), "");
+    EXPECT_GT (countDifferentPixels (told, paintPicture (*rig.view), 16), 200);
+    rig.mouse.move ({ 3.0f, 60.0f });
+    EXPECT_EQ (rig.view->getReadoutText(), "") << "beside the plot";
+
+    for (std::size_t node = 0; node < ChartNodes::count; ++node)
+    {
+        const auto at = rig.view->getNodes().position (node);
+        rig.mouse.move (at);
+        EXPECT_TRUE (rig.view->getReadoutText().endsWith (describeLevel (levelAt (axes, curve, at.x)))) << node;
+    }
+    EXPECT_TRUE (rig.view->getReadoutText().startsWith ("AIR 0.6 10K "));
+
+    // Nowhere is the box in the curve's way, at half size either.
+    for (auto x = axes.plot.getX(); x < axes.plot.getRight(); x += 13.0f)
+    {
+        const juce::Point<float> at (x, axes.yFor (levelAt (axes, curve, x)));
+
+        for (const auto distance : { 0.0f, 14.0f })
+        {
+            const auto box = placeReadout (axes, curve, { {}, at, distance }, { 230.0f, 29.0f });
+            EXPECT_TRUE (axes.plot.contains (box));
+
+            for (auto place = box.getX(); place <= box.getRight(); place += 2.0f)
+                EXPECT_FALSE (box.contains (place, axes.yFor (levelAt (axes, curve, place)))) << x;
+        }
+    }
+}
+
+TEST (ChartView, TheAirNodeSaysWhenItIsOffAndABypassedLaneLooksOff)
+{
+    ChartRig rig;
+    rig.set ("airGain", 0.5f);
+    rig.view->refresh();
+    const auto air = rig.view->getNodes().position (ChartNodes::airNode);
+    const auto brightness = [&rig] (juce::Point<float> at)
+    {
+        const auto picture = paintPicture (*rig.view);
+        auto brightest = 0.0f;
+
+        for (int y = -4; y <= 4; ++y)
+            for (int x = -4; x <= 4; ++x)
+                brightest = std::max (brightest,
+                    picture.getPixelAt (juce::roundToInt (at.x) + x, juce::roundToInt (at.y) + y).getBrightness());
+
+        return brightest;
+    };
+
+    EXPECT_LT (brightness (air), 0.6f);
+    rig.mouse.move (air);
+    EXPECT_TRUE (rig.view->getReadoutText().contains ("2.5K off")) << rig.view->getReadoutText();
+    rig.mouse.exit ({ 0.0f, -1.0f });
+
+    rig.set ("airBand", 0.25f);
+    rig.view->refresh();
+    EXPECT_GT (brightness (rig.view->getNodes().position (ChartNodes::airNode)), 0.8f);
+
+    const auto node = rig.view->getNodes().position (2);
+    const auto lit = brightness (node);
+    rig.view->setActive (false);
+    EXPECT_LT (brightness (node), 0.6f * lit) << "node and curve";
+}
+
 TEST (ChartView, ShowsTheSameCurveAtEveryHostRateUpTo96kHz)
 {
     ChartRig slow (44100.0);

@@ -108,6 +108,32 @@ TEST (KestrelEditor, ShowsTheChannelModeWithinATick)
     EXPECT_EQ (rig.editor->getLane (0).getKnob (0).getBounds(), layout::placeLane (0, true).knobs[0]);
 }
 
+TEST (KestrelEditor, WhatIsBypassedLooksOff)
+{
+    EditorRig rig;
+    rig.set ("link", 0.0f);
+    rig.tick();
+    const auto pictures = [&rig] {
+        return std::array { paintPicture (*rig.editor), paintPicture (rig.editor->getLane (1).getPanel()) };
+    };
+    const auto on = pictures();
+
+    for (const auto* id : { "laneBBypass", "bypass" })
+    {
+        rig.set (id, 1.0f);
+        rig.tick();
+        const auto off = pictures();
+        EXPECT_GT (countDifferentPixels (on[1], off[1], 16), 300) << "caption, " << id;
+        EXPECT_GT (countDifferentPixels (on[0].getClippedImage ({ 80, 225, 560, 100 }),
+                       off[0].getClippedImage ({ 80, 225, 560, 100 }), 16),
+            400)
+            << "curve and nodes, " << id;
+        rig.set (id, 0.0f);
+        rig.tick();
+        EXPECT_EQ (countDifferentPixels (on[0], pictures()[0], 16), 0);
+    }
+}
+
 TEST (KestrelEditor, ProgramsWrapAroundAndAPasteIsCustom)
 {
     EditorRig rig;

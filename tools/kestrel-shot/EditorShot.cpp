@@ -106,6 +106,20 @@ struct Stage
         }
     }
 
+    void point (juce::Point<float> at)
+    {
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+        {
+            auto& chart = editor->getLane (lane).getChart();
+            const auto place = chart.getLocalPoint (chart.getParentComponent(), at);
+            const auto time = juce::Time::getCurrentTime();
+
+            if (chart.isVisible() && chart.getLocalBounds().toFloat().contains (place))
+                chart.mouseMove ({ juce::Desktop::getInstance().getMainMouseSource(), place, {}, 0.0f, 0.0f, 0.0f, 0.0f,
+                    0.0f, &chart, &chart, time, place, time, 0, false });
+        }
+    }
+
     double now = 1000.0; // ms
     KestrelProcessor processor;
     std::unique_ptr<KestrelEditor> editor;
@@ -134,6 +148,10 @@ std::unique_ptr<Stage> setUp (const ShotOptions& options)
         stage->play (*audio);
 
     stage->open (options.open);
+
+    if (options.pointer)
+        stage->point (juce::Point<double> (options.pointer->first, options.pointer->second).toFloat());
+
     return stage;
 }
 

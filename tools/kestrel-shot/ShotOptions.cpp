@@ -3,6 +3,7 @@
 #include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-host/OptionValues.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -27,6 +28,13 @@ OpenPart parseOpenPart (std::string_view text)
             return part;
 
     throw UsageError ("--open needs presets, menu, support or oversampling, not " + host::inQuotes (text));
+}
+
+std::pair<double, double> parsePlace (std::string_view option, std::string_view text)
+{
+    const auto comma = std::min (text.find (','), text.size());
+    return { host::numberFor (option, text.substr (0, comma), 0.0, 1672.0),
+        host::numberFor (option, text.substr (std::min (comma + 1, text.size())), 0.0, 858.0) };
 }
 
 } // namespace
@@ -60,6 +68,8 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
             options.audio = next();
         else if (argument == "--open")
             options.open = parseOpenPart (next());
+        else if (argument == "--pointer")
+            options.pointer = parsePlace (argument, next());
         else if (argument.starts_with ('-'))
             throw UsageError ("unknown option " + host::inQuotes (argument));
         else if (! options.output.empty())
@@ -75,7 +85,8 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
         throw UsageError ("OUT.png is missing");
 
     if (options.gallery &&
-        (options.program || ! options.sets.empty() || options.audio || options.open != OpenPart::nothing))
+        (options.program || ! options.sets.empty() || options.audio || options.pointer ||
+            options.open != OpenPart::nothing))
         throw UsageError ("--gallery goes with --scale only");
 
     return options;
@@ -84,14 +95,14 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
 std::string_view usageText()
 {
     return R"(usage: kestrel-shot OUT.png [--scale S] [--program N] [--set ID=VALUE]... [--audio IN.wav]
-                    [--open presets|menu|support|oversampling]
+                    [--open presets|menu|support|oversampling] [--pointer X,Y]
        kestrel-shot --gallery OUT.png [--scale S]
        kestrel-shot --places [--scale S] [--program N] [--set ID=VALUE]... [--open ...]
 
 Draws the editor, or every control of the library in its states, without a window; with --places, prints where each named
 control of the editor stands instead, as lines of x, y, width, height (pixels) and the name. A scale is 0.5 to 2, a program 0 to 5,
 ID a parameter ID and VALUE 0 to 1. --set acts in the order given, after --program. With --audio the picture shows the
-editor while the file's end plays.
+editor while the file's end plays. --pointer puts the mouse over a chart, at a place of the 1672 x 858 design pixels.
 )";
 }
 

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kestreleq::shot
@@ -33,6 +34,7 @@ struct ShotOptions
     std::vector<host::Assignment> sets;
     std::optional<std::string> audio; // a WAV file that plays
     OpenPart open = OpenPart::nothing;
+    std::optional<std::pair<double, double>> pointer; // over a chart, in design pixels
 };
 
 /** Reads the arguments that follow the program's name. Throws host::UsageError, or host::Failure for a parameter value

@@ -1,0 +1,120 @@
+#include "editor/chart/ChartReadout.h"
+
+#include "editor/chart/ResponsePath.h"
+#include "ui_pro/primitives/Drawing.h"
+#include "ui_pro/style/Fonts.h"
+#include "ui_pro/style/Theme.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace kestreleq
+{
+namespace
+{
+
+using namespace quillon::ui_pro;
+
+constexpr float textSize = 11.5f;
+constexpr float padding = 0.7f;   // of the text's size, round the words and between them
+constexpr float rowHeight = 1.9f; // of the text's size
+constexpr float clearance = 4.0f; // pixels between the box and the curve
+constexpr float edgeGap = 4.0f;   // between the box and the plot's edge
+
+/** How far the curve stays away from a box; negative where it runs through. */
+float distanceToCurve (const controls::ChartAxes& axes, std::span<const double> curve, juce::Rectangle<float> box)
+{
+    constexpr auto samples = 24;
+    auto highest = axes.plot.getBottom();
+    auto lowest = axes.plot.getY();
+
+    for (int i = 0; i <= samples; ++i)
+    {
+        const auto x = box.getX() + box.getWidth() * static_cast<float> (i) / samples;
+        const auto y = axes.yFor (levelAt (axes, curve, x));
+        highest = std::min (highest, y);
+        lowest = std::max (lowest, y);
+    }
+
+    return std::max (highest - box.getBottom(), box.getY() - lowest);
+}
+
+} // namespace
+
+juce::Rectangle<float> placeReadout (const controls::ChartAxes& axes, std::span<const double> curve,
+    const ChartReadout& readout, juce::Point<float> size)
+{
+    const auto inside = axes.plot.reduced (edgeGap);
+    const auto boxAt = [&] (float centreY) {
+        return juce::Rectangle<float> (size.x, size.y)
+            .withCentre ({ readout.at.x, centreY })
+            .constrainedWithin (inside);
+    };
+    const auto reach = readout.distance + 0.5f * size.y;
+    const std::array places { boxAt (readout.at.y - reach), boxAt (readout.at.y + reach), boxAt (inside.getBottom()),
+        boxAt (inside.getY()) };
+    auto best = places.back();
+    auto bestDistance = -1.0e9f;
+
+    for (std::size_t i = readout.distance > 0.0f ? 0 : 2; i < places.size(); ++i)
+    {
+        const auto distance = std::min (distanceToCurve (axes, curve, places[i]), clearance);
+
+        if (distance > bestDistance)
+        {
+            best = places[i];
+            bestDistance = distance;
+        }
+    }
+
+    return best;
+}
+
+void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, std::span<const double> curve,
+    const ChartReadout& readout, const primitives::PixelGrid& pixels)
+{
+    const auto size = pixels.legible (textSize);
+    const auto gap = padding * size;
+    const auto fontOf = [size] (const ChartReadout::Word& word)
+    { return word.bold ? style::boldFont (size) : style::regularFont (size); };
+    auto width = gap;
+
+    for (const auto& word : readout.words)
+        width += std::ceil (juce::GlyphArrangement::getStringWidth (fontOf (word), word.text)) + 1.0f + gap;
+
+    auto box = pixels.snap (placeReadout (axes, curve, readout, { width, rowHeight * size }));
+    const auto& palette = style::Theme::palette();
+    const auto line = pixels.wholePixels (1.0f);
+    primitives::fillPanel (g, box, palette.scrim2, 5.0f);
+    g.setColour (palette.outlineStrong);
+    g.drawRoundedRectangle (box.reduced (0.5f * line), 5.0f, line);
+    box.removeFromLeft (gap);
+
+    for (const auto& word : readout.words)
+    {
+        const auto font = fontOf (word);
+        g.setFont (font);
+        g.setColour (word.colour);
+        g.drawText (word.text,
+            box.removeFromLeft (std::ceil (juce::GlyphArrangement::getStringWidth (font, word.text)) + 1.0f),
+            juce::Justification::centredLeft, false);
+        box.removeFromLeft (gap);
+    }
+}
+
+juce::String describeFrequency (double hz)
+{
+    if (hz < 999.5)
+        return juce::String (juce::roundToInt (hz)) + " Hz";
+
+    return juce::String (hz / 1000.0, hz < 9995.0 ? 2 : 1) + " kHz";
+}
+
+juce::String describeLevel (double db)
+{
+    const auto tenths = std::round (db * 10.0) / 10.0;
+    return (tenths > 0.0 ? "+" : "") + juce::String (tenths == 0.0 ? 0.0 : tenths, 1, false) + " dB";
+}
+
+} // namespace kestreleq
