@@ -340,7 +340,8 @@ TEST (Conformance, AStateThatEndsWithAFalseLengthIsReadToItsEnd)
     const auto initial = instance.save();
     ParameterChanges changes;
     changes.add (parameterId (*instance.controller, "trim"), 0.25);
-    NoiseBlocks (instance, 512, 512, &changes);
+    std::vector<float> left (512), right (512);
+    EXPECT_EQ (instance.process (left.data(), right.data(), 512, &changes), kResultOk);
     const auto state = instance.save();
 
     // The framework's wrapper puts a length, which is 0, and a name behind every state.
