@@ -179,14 +179,19 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
         return count;
     };
     const auto command = juce::ModifierKeys::ctrlModifier;
+    juce::String copied; // nothing yet
     rig.processor.setCurrentProgram (3);
     rig.press ('c', command);
     rig.set ("sub", 0.9f);
     juce::MemoryBlock saved;
     rig.processor.getStateInformation (saved);
 
+    rig.clipboardText.swapWith (copied);
+    rig.tick(); // sees nothing to paste; then another instance copies
+    rig.clipboardText.swapWith (copied);
     rig.press ('v', command);
     EXPECT_EQ (label(), "07  Custom");
+    EXPECT_EQ (rig.editor->getHeader().getBar().getPresetName(), "Custom");
     EXPECT_EQ (countInForce(), 0);
     EXPECT_EQ (rig.steps()[0], "Paste");
     rig.press ('z', command);
