@@ -342,5 +342,19 @@ TEST (HeaderBar, PlacesToolsInTheSlotsAndShowsTheDefaultPresetUntilThere)
     EXPECT_EQ (countDifferentPixels (plain.getClippedImage (tools), named.getClippedImage (tools), 0), 0);
 }
 
+TEST (Panels, KnobsTakeTheColourThatTheirPanelIsGiven)
+{
+    GlobalIoPanel panel (juce::Colour (0xff00f080)); // none of the theme's
+    panel.setSize (272, 348);
+    const auto picture = paintPicture (panel.getTrimKnob());
+    auto green = 0;
+
+    for (int y = 0; y < picture.getHeight(); ++y)
+        for (int x = 0; x < picture.getWidth(); ++x)
+            green += picture.getPixelAt (x, y) == juce::Colour (0xff00f080);
+
+    EXPECT_GT (green, 50);
+}
+
 } // namespace
 } // namespace kestreleq::test
