@@ -37,6 +37,11 @@ foreach(edit begin end)
         "        if (! inParameterChangedCallback && ! inSetState && MessageManager::getInstance()->isThisTheMessageThread())\n            ${edit}Edit (vstParamId);")
 endforeach()
 
+# A host may have no menu for a parameter.
+mend("a host without a menu for a parameter is not survived"
+    "            return std::make_unique<EditorContextMenu> (editor, menu);"
+    "            return menu != nullptr ? std::make_unique<EditorContextMenu> (editor, menu) : nullptr;")
+
 # Changes that another thread than the message thread has made wait for the next block, to be handed over to the host. What
 # waits when the host restores a state is no change of that state.
 mend("changes made before a restore come back after it"

@@ -26,6 +26,12 @@ public:
     void setMode (const ChannelMode& mode);
 
     /** Takes linear levels of both channels. */
+    void clearLevels()
+    {
+        inputMeters.clear();
+        outputMeters.clear();
+    }
+
     void setLevels (const std::array<float, numLanes>& input, const std::array<float, numLanes>& output);
 
     /** Reads latency, sample rate and load. */

@@ -2,13 +2,13 @@
 
 #include "editor/EditorLayout.h"
 #include "editor/SupportRecord.h"
-#include "engine/dsp/LevelMeasure.h"
 #include "ui_pro/controls/presets/PresetBrowserPopup.h"
 #include "ui_pro/primitives/DropDownList.h"
+#include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace kestreleq
 {
@@ -27,17 +27,6 @@ constexpr int largestHeight = layout::designHeight * 2;
 constexpr double smallestScale = 0.5;
 constexpr double scaleStep = 0.05;
 constexpr int largestScaleStep = 30;
-
-/** What a meter takes for a level in dB; silence must not light it. */
-float amplitudeFor (float level)
-{
-    return level <= dsp::silenceLevel ? 0.0f : std::pow (10.0f, level / 20.0f);
-}
-
-std::array<float, numLanes> amplitudesFor (const std::array<float, numLanes>& levels)
-{
-    return { amplitudeFor (levels[0]), amplitudeFor (levels[1]) };
-}
 
 /** Only KestrelEditor::mouseDown decides what a click does with the keyboard. */
 void keepFocusFromClicks (juce::Component& component)
@@ -75,6 +64,7 @@ controls::ParameterIds globalParameters()
 KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     : AudioProcessorEditor (processorToEdit),
       processor (processorToEdit),
+      levels (processorToEdit),
       header (processorToEdit, manifest, { [this] { refreshEditor(); }, [this] { openSupport(); } }),
       breakButton (style::Theme::accent (16)),
       footer (processorToEdit, "v" + manifest.version())
@@ -90,6 +80,8 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     {
         lanes[lane] = std::make_unique<LaneSection> (processor, lane, stepHooks());
         lanes[lane]->addTo (content);
+        lanes[lane]->getChart().onNodeMenu = [this, lane] (const auto& parameter, juce::Point<int> position)
+        { openHostMenu (parameter, getLocalPoint (&lanes[lane]->getChart(), position)); };
     }
 
     breakButton.setButtonText ("BREAK");
@@ -194,6 +186,18 @@ void KestrelEditor::focusGainedWithDirection (FocusChangeType cause, FocusChange
 
     if (cause == focusChangedByTabKey)
         moveKeyboardFocusToSibling (direction != FocusChangeDirection::backward);
+}
+
+int KestrelEditor::getControlParameterIndex (juce::Component& control)
+{
+    return primitives::parameterIndexAt (control);
+}
+
+void KestrelEditor::openHostMenu (const juce::AudioProcessorParameter& parameter, juce::Point<int> position)
+{
+    if (const auto* context = getHostContext())
+        if (const auto menu = context->getContextMenuForParameter (&parameter))
+            menu->showNativeMenu (position);
 }
 
 void KestrelEditor::focusGained (FocusChangeType cause)
@@ -362,22 +366,20 @@ void KestrelEditor::refreshEditor()
 
 void KestrelEditor::tick()
 {
-    auto& core = processor.getCore();
-
     if (! processor.isCapturing()) // preparing switches it off
         processor.setCapturing (true);
 
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-        core.getAnalyser (lane).update();
+    levels.update();
 
     if (const auto counter = processor.getStateChangeCounter(); counter != seenStateChange)
     {
         seenStateChange = counter;
+        levels.clear();
 
-        if (processor.isCapturing())
-            for (std::size_t lane = 0; lane < numLanes; ++lane)
-                core.getAnalyser (lane).clear();
+        for (auto& lane : lanes)
+            lane->clearLevels();
 
+        footer.clearLevels();
         header.refresh();
     }
 
@@ -391,17 +393,16 @@ void KestrelEditor::tick()
 
 void KestrelEditor::pushLevels()
 {
-    const auto input = amplitudesFor (processor.getInputLevels());
-    const auto output = amplitudesFor (processor.getOutputLevels());
-
     for (std::size_t lane = 0; lane < numLanes; ++lane)
-        lanes[lane]->setLevels (input[lane], output[lane]);
+        lanes[lane]->setLevels (levels.getInput()[lane], levels.getOutput()[lane]);
 
-    footer.setLevels (input, output);
+    footer.setLevels (levels.getInput(), levels.getOutput());
 }
 
 void KestrelEditor::setClock (const std::function<double()>& clock)
 {
+    levels.clock = clock;
+
     for (auto& lane : lanes)
         lane->setClock (clock);
 

@@ -3,6 +3,7 @@
 #include "editor/BreakWrapper.h"
 #include "editor/ChannelMode.h"
 #include "editor/EditorFooter.h"
+#include "editor/LiveLevels.h"
 #include "editor/ResourceManifest.h"
 #include "editor/header/EditorHeader.h"
 #include "editor/lane/LaneSection.h"
@@ -48,6 +49,9 @@ public:
 
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
 
+    /** The parameter that a control changes, for a host that asks what is under the mouse; -1 for none. */
+    int getControlParameterIndex (juce::Component& control) override;
+
     /** Shows the processor as it is now, after anything that may have changed everything. */
     void refreshEditor();
 
@@ -87,6 +91,7 @@ private:
     void initialiseKeyboard();
     juce::Component* findOpenPopup();
     void giveKeyboardToPopup();
+    void openHostMenu (const juce::AudioProcessorParameter& parameter, juce::Point<int> position);
     void layOutCanvas();
     void storeScaleStep();
 
@@ -97,6 +102,7 @@ private:
     void pushLevels();
 
     KestrelProcessor& processor;
+    LiveLevels levels;
     ResourceManifest manifest;
     quillon::ui_pro::chrome::ResizeHandleLookAndFeel resizeLookAndFeel;
     quillon::ui_pro::primitives::RootBackground background;

@@ -80,6 +80,7 @@ void KestrelProcessor::measureOutput (const juce::AudioBuffer<float>& buffer, bo
     if (buffer.getNumChannels() == 0 || buffer.getNumSamples() == 0)
         return;
 
+    numBlocks.store (numBlocks.load (std::memory_order_relaxed) + 1, std::memory_order_relaxed);
     const auto measured = dsp::measureOutput (
         kernels, buffer.getReadPointer (0), secondChannel (buffer), buffer.getNumSamples(), link, midSide);
     outputLevels.store (measured.levels);

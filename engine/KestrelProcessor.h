@@ -31,6 +31,9 @@ public:
 
     // What the last block measured; any thread.
 
+    /** How many blocks with samples there were, over and over: while it stands still, so does the host's audio. */
+    std::uint32_t getNumBlocks() const { return numBlocks.load (std::memory_order_relaxed); }
+
     /** RMS levels in dB, at least -120: of both channels with link on, else of mid and side, or of left and right. */
     std::array<float, numLanes> getInputLevels() const { return inputLevels.load(); }
 
@@ -150,6 +153,7 @@ private:
     std::atomic<int> editorScaleStep { -1 };
     std::atomic<std::uint32_t> stateChangeCounter { 0 };
 
+    std::atomic<std::uint32_t> numBlocks { 0 };
     LevelPair inputLevels;
     LevelPair outputLevels;
     std::atomic<float> correlation { 0.0f };

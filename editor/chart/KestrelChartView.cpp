@@ -6,6 +6,7 @@
 #include "engine/dsp/AirFilter.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
 #include "ui_pro/primitives/ButtonLook.h"
+#include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -210,7 +211,7 @@ bool KestrelChartView::isAirOff() const
 
 juce::String KestrelChartView::textOf (std::size_t knob) const
 {
-    return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)].getCurrentValueAsText();
+    return parameterOf (knob).getCurrentValueAsText();
 }
 
 std::optional<ChartReadout> KestrelChartView::makeReadout() const
@@ -269,12 +270,18 @@ void KestrelChartView::setPointer (std::optional<juce::Point<float>> position)
     repaint (axes.plot.getSmallestIntegerContainer());
 }
 
+juce::RangedAudioParameter& KestrelChartView::parameterOf (std::size_t knob) const
+{
+    return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)];
+}
+
 void KestrelChartView::setHovered (std::optional<std::size_t> node)
 {
     if (hovered == node)
         return;
 
     hovered = node;
+    primitives::setParameterIndex (*this, node ? parameterOf (*node).getParameterIndex() : -1);
     setMouseCursor (node ? juce::MouseCursor::PointingHandCursor : juce::MouseCursor::NormalCursor);
     repaint();
 }
@@ -296,8 +303,20 @@ void KestrelChartView::mouseDown (const juce::MouseEvent& event)
     drag.reset();
     grasped = nodes.hit (event.position);
 
-    if (grasped)
-        repaint();
+    if (! grasped)
+        return;
+
+    if (event.mods.isPopupMenu())
+    {
+        const auto node = *std::exchange (grasped, std::nullopt);
+
+        if (onNodeMenu != nullptr)
+            onNodeMenu (parameterOf (node), event.position.roundToInt());
+
+        return;
+    }
+
+    repaint();
 }
 
 void KestrelChartView::mouseDrag (const juce::MouseEvent& event)

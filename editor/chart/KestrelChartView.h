@@ -30,6 +30,9 @@ public:
     /** Takes the lane's parameters and what the analyser's last update left; repaints when either moved. */
     void refresh();
 
+    /** Called for a right click on a node with its parameter and the place in the view. */
+    std::function<void (const juce::AudioProcessorParameter&, juce::Point<int>)> onNodeMenu;
+
     /** Paints what lies beneath the view, and beyond its edges, in the view's coordinates. With it the view covers its
         whole area, and nothing beneath it is painted in vain. Also for when that has changed. */
     void setSurface (std::function<void (juce::Graphics&)> newSurface);
@@ -82,6 +85,7 @@ private:
     void setPointer (std::optional<juce::Point<float>> position);
     void letGo();
     void setHovered (std::optional<std::size_t> node);
+    juce::RangedAudioParameter& parameterOf (std::size_t knob) const;
 
     KestrelProcessor& processor;
     const std::size_t lane;

@@ -27,11 +27,16 @@ bool SpectrumDisplay::refresh (const analysis::SpectrumAnalyser& analyser)
 
     for (std::size_t trace = 0; trace < numTraces; ++trace)
     {
-        if (! analyser.hasData (trace))
-            continue;
+        if (analyser.hasData (trace))
+        {
+            snapshot[trace].resize (analyser.numPoints());
+            analyser.copyCurve (trace, snapshot[trace]);
+        }
+        else
+        {
+            snapshot[trace].assign (traces[trace].size(), floorLevel);
+        }
 
-        snapshot[trace].resize (analyser.numPoints());
-        analyser.copyCurve (trace, snapshot[trace]);
         views[trace] = snapshot[trace];
     }
 
@@ -67,6 +72,12 @@ bool SpectrumDisplay::refresh (const std::array<std::span<const float>, numTrace
     }
 
     return moved;
+}
+
+void SpectrumDisplay::clear()
+{
+    for (auto& levels : traces)
+        std::fill (levels.begin(), levels.end(), floorLevel);
 }
 
 bool SpectrumDisplay::placeBins (std::size_t count, double sampleRate)

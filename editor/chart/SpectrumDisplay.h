@@ -21,12 +21,16 @@ public:
 
     SpectrumDisplay();
 
-    /** Takes the analyser's curves as its last update left them. True when anything that is drawn has moved. */
+    /** Takes the analyser's curves as its last update left them, silence for one that has none. True when anything that
+        is drawn has moved. */
     bool refresh (const analysis::SpectrumAnalyser& analyser);
 
     /** The same for any snapshot: levels in dB at log-spaced bins from 20 Hz to half of the sample rate, in Hz. An
        empty snapshot leaves its trace as it is. */
     bool refresh (const std::array<std::span<const float>, numTraces>& snapshots, double sampleRate);
+
+    /** Shows nothing from now on, without a fall. */
+    void clear();
 
     /** In dB, one per frequency. Empty for a trace that has none of these frequencies yet. */
     std::span<const float> getLevels (std::size_t trace) const { return traces[trace]; }

@@ -38,6 +38,13 @@ public:
     /** Takes the levels of the lane's input and output, linear. */
     void setLevels (float input, float output) { meterStrip.setLevels (input, output); }
 
+    /** Shows silence, without a fall. */
+    void clearLevels()
+    {
+        meterStrip.clear();
+        chart->getSpectrum().clear();
+    }
+
     /** In milliseconds; of the meters' and the spectrum's fall. */
     void setClock (const std::function<double()>& clock)
     {

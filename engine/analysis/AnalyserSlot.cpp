@@ -108,6 +108,8 @@ void AnalyserSlot::clear()
 {
     ring.skip (ring.available());
     fill = 0;
+    dataPresent = false;
+    std::fill (display.begin(), display.end(), spectrumFloor);
 }
 
 } // namespace kestreleq::analysis

@@ -26,7 +26,7 @@ public:
         the slot is not shown. */
     void update (const DisplayMapping& mapping, bool shown);
 
-    /** Forgets the samples that wait; the curve stays. */
+    /** Forgets the samples that wait, and the curve. */
     void clear();
 
     /** True once a frame was shown. */

@@ -10,34 +10,45 @@ namespace kestreleq
 namespace
 {
 
-/** A float parameter that holds only 0 and 1, and tells the host so: the base class reports its interval to nobody. */
-class SteppedParameter final : public juce::AudioParameterFloat
+/** A float parameter as its row of the table describes it. */
+class TableParameter final : public juce::AudioParameterFloat
 {
 public:
-    using AudioParameterFloat::AudioParameterFloat;
+    explicit TableParameter (const ParameterInfo& infoToUse)
+        : AudioParameterFloat (juce::ParameterID { infoToUse.id, 1 }, infoToUse.name,
+              juce::NormalisableRange<float> { 0.0f, 1.0f, infoToUse.stepped ? 1.0f : 0.0f, 1.0f },
+              infoToUse.defaultValue, attributesOf (infoToUse)),
+          info (infoToUse)
+    {
+    }
 
-    int getNumSteps() const override { return 2; }
+    /** The base class cuts a name off, and parts of the name that tell parameters apart with it. */
+    juce::String getName (int maximumLength) const override
+    {
+        const bool isTooLong = info.shortName != nullptr && maximumLength < AudioParameterFloat::getName (128).length();
+        return isTooLong ? juce::String (info.shortName).substring (0, maximumLength)
+                         : AudioParameterFloat::getName (maximumLength);
+    }
 
-    bool isDiscrete() const override { return true; }
+    // A stepped one holds only 0 and 1; the base class reports its interval to nobody.
 
-    bool isBoolean() const override { return true; }
+    int getNumSteps() const override { return info.stepped ? 2 : RangedAudioParameter::getNumSteps(); }
+
+    bool isDiscrete() const override { return info.stepped; }
+
+    bool isBoolean() const override { return info.stepped; }
+
+private:
+    static juce::AudioParameterFloatAttributes attributesOf (const ParameterInfo& info)
+    {
+        const auto& conversion = textConversion (info.text);
+        return juce::AudioParameterFloatAttributes()
+            .withStringFromValueFunction (conversion.toText)
+            .withValueFromStringFunction (conversion.toValue);
+    }
+
+    const ParameterInfo& info;
 };
-
-std::unique_ptr<juce::AudioParameterFloat> createParameter (const ParameterInfo& info)
-{
-    const juce::ParameterID id { info.id, 1 };
-    const auto& conversion = textConversion (info.text);
-    const auto attributes = juce::AudioParameterFloatAttributes()
-                                .withStringFromValueFunction (conversion.toText)
-                                .withValueFromStringFunction (conversion.toValue);
-
-    if (info.stepped)
-        return std::make_unique<SteppedParameter> (
-            id, info.name, juce::NormalisableRange<float> { 0.0f, 1.0f, 1.0f, 1.0f }, info.defaultValue, attributes);
-
-    return std::make_unique<juce::AudioParameterFloat> (
-        id, info.name, juce::NormalisableRange<float> { 0.0f, 1.0f, 0.0f, 1.0f }, info.defaultValue, attributes);
-}
 
 } // namespace
 
@@ -46,7 +57,7 @@ juce::AudioProcessorValueTreeState::ParameterLayout createParameterLayout()
     juce::AudioProcessorValueTreeState::ParameterLayout layout;
 
     for (const auto& info : parameterTable)
-        layout.add (createParameter (info));
+        layout.add (std::make_unique<TableParameter> (info));
 
     return layout;
 }

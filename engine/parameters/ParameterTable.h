@@ -29,6 +29,7 @@ struct ParameterInfo
     bool stepped;
     float defaultValue;
     TextKind text;
+    const char* shortName = nullptr; // of at most 8 characters, where the name has more
 };
 
 /** Row numbers of parameterTable, which are also the host's parameter indices. */
@@ -79,23 +80,23 @@ inline constexpr std::array<ParameterInfo, 29> parameterTable { {
     { "160hzR", "160 R/S", false, 0.5f, TextKind::bandGain },
     { "650hzR", "650 R/S", false, 0.5f, TextKind::bandGain },
     { "2500hzR", "2.5K R/S", false, 0.5f, TextKind::bandGain },
-    { "airGainR", "AIR GAIN R/S", false, 0.0f, TextKind::airAmount },
-    { "airBandR", "AIR BAND R/S", false, 0.0f, TextKind::airStep },
+    { "airGainR", "AIR GAIN R/S", false, 0.0f, TextKind::airAmount, "AIR R/S" },
+    { "airBandR", "AIR BAND R/S", false, 0.0f, TextKind::airStep, "FREQ R/S" },
     { "trim", "TRIM", false, 0.5f, TextKind::trimGain },
     { "bypass", "BYPASS", true, 0.0f, TextKind::bypassState },
     { "breakMode", "BREAK", true, 0.0f, TextKind::breakMode },
     { "link", "LINK", true, 1.0f, TextKind::onOff },
     { "msMode", "M/S MODE", true, 0.0f, TextKind::onOff },
-    { "inAutoGain", "Input Auto Gain", true, 0.0f, TextKind::onOff },
-    { "outAutoGain", "Output Auto Gain", true, 0.0f, TextKind::onOff },
-    { "inGainLink", "Input Gain Link", true, 1.0f, TextKind::onOff },
-    { "inGain1", "Input Gain 1", false, 0.5f, TextKind::stageGain },
-    { "inGain2", "Input Gain 2", false, 0.5f, TextKind::stageGain },
-    { "outGainLink", "Output Gain Link", true, 1.0f, TextKind::onOff },
-    { "outGain1", "Output Gain 1", false, 0.5f, TextKind::stageGain },
-    { "outGain2", "Output Gain 2", false, 0.5f, TextKind::stageGain },
-    { "laneABypass", "Lane 1 Bypass", true, 0.0f, TextKind::bypassState },
-    { "laneBBypass", "Lane 2 Bypass", true, 0.0f, TextKind::bypassState },
+    { "inAutoGain", "Input Auto Gain", true, 0.0f, TextKind::onOff, "In Auto" },
+    { "outAutoGain", "Output Auto Gain", true, 0.0f, TextKind::onOff, "Out Auto" },
+    { "inGainLink", "Input Gain Link", true, 1.0f, TextKind::onOff, "In Link" },
+    { "inGain1", "Input Gain 1", false, 0.5f, TextKind::stageGain, "In 1" },
+    { "inGain2", "Input Gain 2", false, 0.5f, TextKind::stageGain, "In 2" },
+    { "outGainLink", "Output Gain Link", true, 1.0f, TextKind::onOff, "Out Link" },
+    { "outGain1", "Output Gain 1", false, 0.5f, TextKind::stageGain, "Out 1" },
+    { "outGain2", "Output Gain 2", false, 0.5f, TextKind::stageGain, "Out 2" },
+    { "laneABypass", "Lane 1 Bypass", true, 0.0f, TextKind::bypassState, "Lane 1" },
+    { "laneBBypass", "Lane 2 Bypass", true, 0.0f, TextKind::bypassState, "Lane 2" },
 } };
 
 inline constexpr std::size_t numParameters = parameterTable.size();

@@ -47,7 +47,6 @@ read_places() {
 }
 # place NAME / middle NAME : a control's x, y, width and height / the x and y of its middle.
 place() { [ -n "${places[$1]:-}" ] && echo "${places[$1]}" || fail "the places of the controls" "there is no '$1'" >&2; }
-area() { place "$1" | awk '{ print $3 "x" $4 "+" $1 "+" $2 }'; } # as ImageMagick takes it
 middle() { place "$1" | awk '{ print int($1 + $3 / 2), int($2 + $4 / 2) }'; }
 
 window_id() { timeout 5 xdotool search --onlyvisible --name '^Kestrel ?EQ$' 2>/dev/null | tail -n 1; }

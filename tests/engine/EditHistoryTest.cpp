@@ -5,7 +5,6 @@
 
 #include <array>
 #include <atomic>
-#include <random>
 #include <thread>
 
 namespace kestreleq::test
@@ -94,13 +93,7 @@ TEST (EditHistory, AGestureIsOneStepHoweverTheTreeIsFlushed)
 TEST (EditHistory, LinkingLanesThatDifferIsTakenBackBitByBit)
 {
     HistoryRig rig;
-    std::mt19937 random (1);
-    for (const auto* id : { "link", "inGainLink", "outGainLink" })
-        rig.set (id, 0.0f);
-    for (const auto& info : parameterTable)
-        if (info.text != TextKind::onOff)
-            rig.set (info.id, static_cast<float> (random()) / 4294967295.0f);
-
+    rig.setRandomly (1);
     const auto before = rig.heard();
     rig.begin ("link");
     rig.set ("link", 1.0f);
@@ -173,19 +166,19 @@ TEST (EditHistory, TheHostsAutomationPassesBy)
     std::thread host (
         [&]
         {
-            for (int i = 0; i < 600; ++i)
+            for (int i = 0; i < 300; ++i)
             {
                 rig.set ("650hz", static_cast<float> (i % 100) / 100.0f);
                 rig.set ("airGainR", static_cast<float> (i % 77) / 77.0f);
                 std::this_thread::sleep_for (std::chrono::milliseconds (1));
             }
         });
-    pumpMessages (700);
+    pumpMessages (400);
     host.join();
     EXPECT_EQ (rig.manager().getUndoDescriptions().size(), 1);
 
-    // Ten minutes of it, at the pace of the flushes.
-    for (int flush = 0; flush < 6000; ++flush)
+    // A minute of it, at the pace of the flushes.
+    for (int flush = 0; flush < 600; ++flush)
     {
         rig.set ("160hz", static_cast<float> (flush % 100) / 100.0f);
         rig.set ("trim", static_cast<float> (flush % 77) / 77.0f);
@@ -219,19 +212,16 @@ TEST (EditHistory, StandsStatesFromAnotherThread)
 {
     HistoryRig rig;
     rig.drag ("sub", 0.7f);
-    juce::MemoryBlock state;
-    rig.processor.getStateInformation (state);
+    const auto state = rig.save();
     std::atomic<bool> stop { false };
     std::thread host (
         [&]
         {
             for (int i = 0; ! stop; ++i)
             {
-                juce::MemoryBlock block;
-                rig.processor.getStateInformation (block);
-                EXPECT_GT (block.getSize(), 100u);
+                EXPECT_GT (rig.save().getSize(), 100u);
                 if (i % 5 == 0)
-                    rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+                    rig.restore (state);
             }
         });
 
@@ -247,7 +237,7 @@ TEST (EditHistory, StandsStatesFromAnotherThread)
     host.join();
 
     // A restore forgets the steps before it, and the history works on from there.
-    rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+    rig.restore (state);
     EXPECT_FALSE (rig.history().canUndo());
     rig.drag ("sub", 0.1f);
     rig.history().undo();

@@ -72,69 +72,11 @@ TEST (EngineState, IsClearedByReleasingABypass)
     }
 }
 
-TEST (EngineState, ALaneBypassLeavesTheOtherLaneAlone)
-{
-    auto settings = busySettings();
-    EngineRig both (settings);
-    settings.lanes[1].bypass = true;
-    settings.lanes[1].inputGain = 1.0f;
-    settings.trim = 0.5f;
-    EngineRig one (settings);
-
-    const auto expected = both.run (noise);
-    const auto actual = one.run (noise);
-    EXPECT_EQ (actual[0], expected[0]);
-    EXPECT_EQ (actual[1], noise[1]);
-}
-
-TEST (EngineState, SwitchingBreakOffForgetsTheBreakStage)
-{
-    auto settings = busySettings();
-    EngineRig toggled (settings), steady (settings), silent (settings);
-    toggled.run (noise);
-    toggled.settings.breakMode = false;
-    toggled.run (silence);
-    toggled.settings.breakMode = true;
-    const auto after = toggled.run (silence);
-
-    // Left without a memory of the noise, the break stage adds what it adds to the same silence from rest.
-    silent.settings.breakMode = false;
-    silent.run (noise);
-    silent.run (silence);
-    silent.settings.breakMode = true;
-    EXPECT_EQ (after[0], silent.run (silence)[0]);
-
-    steady.run (noise);
-    steady.run (silence);
-    EXPECT_NE (after[0], steady.run (silence)[0]);
-}
-
-TEST (EngineState, MidSideIsForUnlinkedLanesOnly)
-{
-    dsp::EngineParameters settings;
-    settings.midSide = true;
-    settings.lanes[0].inputGain = 1.0f; // +9 dB on left, or on mid
-    const Channels left { whiteNoise (3, 64, 0.25), std::vector<float> (64) };
-
-    settings.link = true;
-    EXPECT_EQ (EngineRig (settings).run (left)[1], left[1]);
-
-    settings.link = false;
-    const auto encoded = EngineRig (settings).run (left);
-    const auto gain = std::pow (10.0, 9.0 / 20.0);
-    const auto lift = EngineRig ({}).run (left)[0];
-    for (std::size_t n = 0; n < 64; ++n)
-    {
-        EXPECT_NEAR (encoded[0][n], lift[n] * (gain + 1.0) / 2.0, 1e-6);
-        EXPECT_NEAR (encoded[1][n], lift[n] * (gain - 1.0) / 2.0, 1e-6);
-    }
-}
-
 TEST (EngineState, BadSamplesLeaveNoTrace)
 {
     const auto infinity = std::numeric_limits<float>::infinity();
     const auto greatest = std::numeric_limits<float>::max();
-    const Channels longSilence { std::vector<float> (240000), std::vector<float> (240000) };
+    const Channels longSilence { std::vector<float> (96000), std::vector<float> (96000) };
 
     for (const bool midSide : { false, true })
     {
@@ -174,16 +116,6 @@ TEST (EngineState, BadSamplesLeaveNoTrace)
     EXPECT_EQ (std::vector<float> (output.begin() + 1001, output.end()), fresh.run (rest)[0]);
 }
 
-TEST (EngineState, DenormalInputStaysHarmless)
-{
-    EngineRig rig (busySettings());
-    const Channels denormals { std::vector<float> (4096, 1e-40f), std::vector<float> (4096, -1e-44f) };
-    EXPECT_LT (peak (rig.run (denormals)[0]), 1e-15);
-
-    const Channels zeros { std::vector<float> (64), std::vector<float> (64) };
-    EXPECT_EQ (EngineRig (busySettings()).run (zeros)[0], zeros[0]);
-}
-
 TEST (EngineState, IgnoresGainsThatAreNoNumbers)
 {
     const auto nan = std::numeric_limits<float>::quiet_NaN();
@@ -196,9 +128,8 @@ TEST (EngineState, IgnoresGainsThatAreNoNumbers)
     EXPECT_EQ (EngineRig (odd).run (noise)[0], EngineRig (settings).run (noise)[0]);
 }
 
-class EveryRate : public testing::TestWithParam<double>
-{
-};
+using EveryRate = testing::TestWithParam<double>;
+} // namespace
 
 TEST_P (EveryRate, StaysBoundedAndFreeOfDrift)
 {
@@ -220,5 +151,4 @@ INSTANTIATE_TEST_SUITE_P (EngineState, EveryRate,
     testing::Values (8000.0, 11025.0, 44100.0, 48000.0, 88200.0, 96000.0, 176400.0, 192000.0, 352800.0, 384000.0,
         705600.0, 768000.0));
 
-} // namespace
 } // namespace kestreleq::test

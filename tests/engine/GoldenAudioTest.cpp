@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <string>
 #include <utility>
 
 namespace kestreleq::test
@@ -62,20 +61,6 @@ std::vector<float> render (const Golden& golden)
     return result;
 }
 
-juce::File fileOf (const Golden& golden)
-{
-    return juce::File (KESTREL_TEST_DATA "/golden").getChildFile (juce::String (golden.name) + ".bin");
-}
-
-std::vector<float> load (const Golden& golden)
-{
-    juce::MemoryBlock bytes;
-    fileOf (golden).loadFileAsData (bytes);
-    std::vector<float> samples (bytes.getSize() / sizeof (float));
-    bytes.copyTo (samples.data(), 0, samples.size() * sizeof (float));
-    return samples;
-}
-
 constexpr double limit = -120.0; // dB below the stored peak
 
 using GoldenAudio = testing::TestWithParam<Golden>;
@@ -85,13 +70,17 @@ using GoldenAudio = testing::TestWithParam<Golden>;
 TEST_P (GoldenAudio, SoundsAsStored)
 {
     const auto now = render (GetParam());
+    const auto file = juce::File (KESTREL_TEST_DATA "/golden").getChildFile (juce::String (GetParam().name) + ".bin");
 
     if (std::getenv ("KESTREL_STORE_GOLDEN") != nullptr)
     {
-        ASSERT_TRUE (fileOf (GetParam()).replaceWithData (now.data(), now.size() * sizeof (float)));
+        ASSERT_TRUE (file.replaceWithData (now.data(), now.size() * sizeof (float)));
     }
 
-    const auto golden = load (GetParam());
+    juce::MemoryBlock bytes;
+    file.loadFileAsData (bytes);
+    std::vector<float> golden (bytes.getSize() / sizeof (float));
+    bytes.copyTo (golden.data(), 0, golden.size() * sizeof (float));
     ASSERT_EQ (golden.size(), now.size()) << "nothing stored; KESTREL_STORE_GOLDEN=1 stores what is rendered now";
     EXPECT_LT (differenceDb (now, golden), limit)
         << GetParam().name << " has changed; if it must, store it anew with KESTREL_STORE_GOLDEN=1";
@@ -103,11 +92,6 @@ TEST_P (GoldenAudio, SoundsAsStored)
 }
 
 INSTANTIATE_TEST_SUITE_P (Settings, GoldenAudio, testing::ValuesIn (goldens),
-    [] (const auto& instance)
-    {
-        auto name = std::string (instance.param.name);
-        std::replace (name.begin(), name.end(), '-', '_');
-        return name;
-    });
+    [] (const auto& instance) { return juce::String (instance.param.name).replaceCharacter ('-', '_').toStdString(); });
 
 } // namespace kestreleq::test

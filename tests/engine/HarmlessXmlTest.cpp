@@ -77,7 +77,7 @@ TEST (HarmlessXml, ReadsAsTheParserDoesAfterMutations)
     std::mt19937 random (15);
     int passed = 0;
 
-    for (int i = 0; i < 50000; ++i)
+    for (int i = 0; i < 10000; ++i)
     {
         std::string text = "<?xml v='1'?><a c='&#x41;'>x<b d=\"1\" e=''/><b> <a/>&lt;</b></a>";
 
@@ -98,8 +98,8 @@ TEST (HarmlessXml, ReadsAsTheParserDoesAfterMutations)
         }
     }
 
-    EXPECT_GT (passed, 1000); // else it shows nothing
-    EXPECT_LT (passed, 40000);
+    EXPECT_GT (passed, 200); // else it shows nothing
+    EXPECT_LT (passed, 8000);
 }
 
 TEST (HarmlessXml, IsUtf8)

@@ -119,32 +119,12 @@ TEST (ParameterLinks, AGainLinkWorksAloneAndTheLaneLinkWithoutIt)
     rig.set ("link", 0.0f);
     rig.set ("inGain2", 0.9f);
     EXPECT_EQ (rig.get ("inGain1"), 0.9f);
-    rig.set ("outGain1", 0.1f);
-    EXPECT_EQ (rig.get ("outGain2"), 0.1f);
-
     rig.set ("inGainLink", 0.0f);
     rig.set ("inGain2", 0.3f);
     EXPECT_EQ (rig.get ("inGain1"), 0.9f);
-
     rig.set ("link", 1.0f);
     rig.set ("inGain2", 0.6f);
     EXPECT_EQ (rig.get ("inGain1"), 0.6f);
-}
-
-TEST (ParameterLinks, APauseLetsValuesStandAsTheyAre)
-{
-    ProcessorRig rig;
-    ParameterLinks& links = rig.processor.getCore().getLinks();
-    {
-        const ParameterLinks::ScopedPause outer (links);
-        {
-            const ParameterLinks::ScopedPause inner (links);
-        }
-        rig.set ("sub", 0.9f);
-    }
-    EXPECT_EQ (rig.get ("subR"), 0.5f);
-    rig.set ("sub", 0.8f);
-    EXPECT_EQ (rig.get ("subR"), 0.8f);
 }
 
 TEST (ParameterLinks, PausesOfTwoThreadsMayEndInAnyOrder)
@@ -169,7 +149,7 @@ TEST (ParameterLinks, TwoThreadsAtBothEndsOfALinkNeitherWaitForEachOtherNorPart)
     {
         juce::Random random (seed);
 
-        for (int i = 0; i < 300000; ++i)
+        for (int i = 0; i < 40000; ++i)
             rig.set (id, random.nextFloat());
     };
     auto other = std::async (std::launch::async, move, "subR", 1);

@@ -28,37 +28,60 @@ struct Pair
         parameters.set (id, value);
     }
 
-    /** The worse channel's greatest difference over the reference's peak, in dB. */
-    double difference (Stereo signal)
+    /** A block of the signal through both. */
+    void play (const Stereo& signal, int start, int length)
     {
-        auto left = widened (signal[0]);
-        auto right = widened (signal[1]);
-        rig.process (signal, blockSize);
+        Stereo block;
+        std::array<std::vector<double>, 2> exact;
 
-        for (int start = 0, total = static_cast<int> (left.size()); start < total; start += blockSize)
-            reference.process (
-                parameters, left.data() + start, right.data() + start, std::min (blockSize, total - start));
+        for (std::size_t i = 0; i < 2; ++i)
+            exact[i] = widened (block[i] = { signal[i].begin() + start, signal[i].begin() + start + length });
 
-        return std::max (differenceDb (signal[0], left), differenceDb (signal[1], right));
+        rig.process (block, length);
+        reference.process (parameters, exact[0].data(), exact[1].data(), length);
+
+        for (std::size_t i = 0; i < 2; ++i)
+        {
+            actual[i].insert (actual[i].end(), block[i].begin(), block[i].end());
+            expected[i].insert (expected[i].end(), exact[i].begin(), exact[i].end());
+        }
+    }
+
+    /** All of it, in blocks. What was played before no longer counts. */
+    void play (const Stereo& signal)
+    {
+        actual = {};
+        expected = {};
+
+        for (int start = 0, total = static_cast<int> (signal[0].size()); start < total; start += blockSize)
+            play (signal, start, std::min (blockSize, total - start));
+    }
+
+    /** The worse channel's greatest difference in all that was played, over the reference's peak, in dB. */
+    double difference() const
+    {
+        return std::max (differenceDb (actual[0], expected[0]), differenceDb (actual[1], expected[1]));
     }
 
     ProcessorRig rig;
     ReferenceParameters parameters;
     ReferenceEq reference;
     int blockSize;
+    Stereo actual;
+    std::array<std::vector<double>, 2> expected;
 };
 
-class RandomSettings : public testing::TestWithParam<std::tuple<double, int, unsigned>>
-{
-};
+using RandomSettings = testing::TestWithParam<std::tuple<double, int, unsigned>>;
+} // namespace
 
 TEST_P (RandomSettings, SoundLikeThePlainReference)
 {
-    const auto [rate, block, seed] = GetParam();
+    const auto [rate, block, run] = GetParam();
+    const auto seed = 7 * static_cast<unsigned> (rate + block) + run; // other settings in every case
     std::mt19937 random (seed);
     Pair pair (rate, block);
 
-    for (unsigned segment = 0; segment < 6; ++segment)
+    for (unsigned segment = 0; segment < 3; ++segment)
     {
         for (const auto& info : parameterTable)
         {
@@ -70,8 +93,8 @@ TEST_P (RandomSettings, SoundLikeThePlainReference)
         }
 
         const auto length = static_cast<int> (rate / 8.0);
-        const Stereo signal { musicalMix (seed + segment, rate, length), whiteNoise (seed + segment, length, 0.3) };
-        EXPECT_LT (pair.difference (signal), -110.0) << "segment " << segment;
+        pair.play ({ musicalMix (seed + segment, rate, length), whiteNoise (seed + segment, length, 0.3) });
+        EXPECT_LT (pair.difference(), -110.0) << "segment " << segment;
     }
 }
 
@@ -88,10 +111,8 @@ TEST (ReferenceComparison, SettingsInMotionSoundLikeThePlainReference)
         Pair pair (rate, 4096);
         std::mt19937 random (static_cast<unsigned> (rate));
         const auto oneIn = [&] (unsigned n) { return random() % n == 0; };
-        const auto total = static_cast<int> (4.0 * rate);
+        constexpr int total = 220000;
         const Stereo signal { musicalMix (5, rate, total), whiteNoise (5, total, 0.3) };
-        Stereo actual { std::vector<float>(), std::vector<float>() };
-        std::array<std::vector<double>, 2> expected;
 
         for (int start = 0; start < total;)
         {
@@ -106,57 +127,31 @@ TEST (ReferenceComparison, SettingsInMotionSoundLikeThePlainReference)
 
             const auto size = oneIn (2) ? 1 + random() % 100 : 1 + random() % 3000;
             const auto length = std::min (static_cast<int> (size), total - start);
-            Stereo block;
-
-            for (std::size_t i = 0; i < 2; ++i)
-                block[i].assign (signal[i].begin() + start, signal[i].begin() + start + length);
-
-            auto left = widened (block[0]), right = widened (block[1]);
-            pair.rig.process (block, length);
-            pair.reference.process (pair.parameters, left.data(), right.data(), length);
-
-            for (std::size_t i = 0; i < 2; ++i)
-            {
-                actual[i].insert (actual[i].end(), block[i].begin(), block[i].end());
-                const auto& reference = i == 0 ? left : right;
-                expected[i].insert (expected[i].end(), reference.begin(), reference.end());
-            }
-
+            pair.play (signal, start, length);
             start += length;
         }
 
-        EXPECT_LT (differenceDb (actual[0], expected[0]), -110.0) << rate;
-        EXPECT_LT (differenceDb (actual[1], expected[1]), -110.0) << rate;
+        EXPECT_LT (pair.difference(), -110.0) << rate;
     }
 }
 
-TEST (ReferenceComparison, AFullBoostSweepKeepsTheNoiseDown)
+// A rounding to single precision anywhere in the recursions, or before the waveshapers, shows here and hardly anywhere
+// else: in a sweep under full boost, and at a slow sine's turning points.
+TEST (ReferenceComparison, FullBoostKeepsTheNoiseDown)
 {
     for (const auto rate : { 48000.0, 192000.0 })
-    {
-        Pair pair (rate, 512);
-        for (const auto* id : { "sub", "40hz", "160hz", "650hz", "2500hz", "airGain", "airBand" })
-            pair.set (id, 1.0f);
+        for (const bool breakMode : { false, true })
+        {
+            Pair pair (rate, 512);
+            for (const auto* id : { "sub", "40hz", "160hz", "650hz", "2500hz", breakMode ? "breakMode" : "airGain" })
+                pair.set (id, 1.0f);
 
-        const auto sweep = logSweep (20.0, 20000.0, rate, static_cast<int> (5.0 * rate), 0.5);
-        EXPECT_LT (pair.difference ({ sweep, sweep }), -120.0) << rate;
-    }
-}
-
-TEST (ReferenceComparison, BreakModeKeepsSlowTurningPointsExact)
-{
-    // A rounding to single precision anywhere before the waveshapers shows here, and hardly anywhere else.
-    for (const auto rate : { 44100.0, 192000.0 })
-    {
-        Pair pair (rate, 512);
-        for (const auto* id : { "sub", "40hz", "160hz", "650hz", "2500hz", "breakMode" })
-            pair.set (id, 1.0f);
-
-        pair.set ("inGain1", 0.6f);
-        const auto length = static_cast<int> (rate);
-        const auto low = sine (50.0, rate, length, 0.5);
-        EXPECT_LT (pair.difference ({ low, logSweep (20.0, 20000.0, rate, length, 0.5) }), -110.0) << rate;
-    }
+            pair.set ("airBand", 1.0f);
+            pair.set ("inGain1", breakMode ? 0.6f : 0.5f);
+            const auto length = static_cast<int> ((breakMode ? 1.0 : 3.0) * rate);
+            pair.play ({ sine (50.0, rate, length, 0.5), logSweep (20.0, 20000.0, rate, length, 0.5) });
+            EXPECT_LT (pair.difference(), breakMode ? -110.0 : -120.0) << rate;
+        }
 }
 
 TEST (ReferenceComparison, BlockSizesDoNotMatter)
@@ -187,5 +182,4 @@ TEST (ReferenceComparison, BlockSizesDoNotMatter)
     }
 }
 
-} // namespace
 } // namespace kestreleq::test

@@ -11,6 +11,13 @@ namespace
 
 const juce::String module = KESTREL_MODULE_PATH;
 
+HostRun render (const TemporaryFolder& work, const juce::String& out, const juce::StringArray& options)
+{
+    juce::StringArray arguments { "render", module, work.path ("in.wav"), work.path (out) };
+    arguments.addArray (options);
+    return runHost (arguments, HostStream::errors);
+}
+
 TEST (HostTool, TellsWhatTheModuleIs)
 {
     const auto run = runHost ({ "info", module, "--json" }, HostStream::output);
@@ -89,14 +96,8 @@ TEST (HostTool, RendersEveryKindOfWavAndTheSameEachTime)
             const auto rate = bits == 24 ? 44100.0 : 96000.0;
             const std::vector<std::vector<float>> both { left, right };
             writeWav (work.path ("in.wav"), { both.begin(), both.begin() + channels }, rate, bits);
-            const auto render = [&] (const juce::String& out, const juce::String& block)
-            {
-                return runHost (
-                    { "render", module, work.path ("in.wav"), work.path (out), "--set", "bypass=1", "--block", block },
-                    HostStream::errors);
-            };
-            ASSERT_EQ (render ("a.wav", "512").exitCode, 0);
-            ASSERT_EQ (render ("b.wav", "7").exitCode, 0);
+            ASSERT_EQ (render (work, "a.wav", { "--set", "bypass=1", "--block", "512" }).exitCode, 0);
+            ASSERT_EQ (render (work, "b.wav", { "--set", "bypass=1", "--block", "7" }).exitCode, 0);
             const auto out = readWav (work.path ("a.wav"));
             EXPECT_TRUE (out.isFloat && out.bits == 32 && out.sampleRate == rate && out.channels.size() == 2);
             EXPECT_LT (differenceDb (out.channels[0], left), bits == 16 ? -80.0 : -130.0);
@@ -111,24 +112,23 @@ TEST (HostTool, KeepsTheOrderOfWhatIsSet)
     const TemporaryFolder work;
     const auto steady = std::vector<float> (4800, 0.1f);
     writeWav (work.path ("in.wav"), { steady, steady }, 48000.0, 32);
-    const auto render = [&] (const juce::StringArray& options)
+    const auto play = [&] (juce::StringArray options)
     {
-        juce::StringArray arguments { "render", module, work.path ("in.wav"), work.path ("out.wav"), "--block", "480" };
-        arguments.addArray (options);
-        EXPECT_EQ (runHost (arguments, HostStream::errors).exitCode, 0);
+        options.addArray ({ "--block", "480" });
+        EXPECT_EQ (render (work, "out.wav", options).exitCode, 0);
         return readWav (work.path ("out.wav")).channels;
     };
 
     // Linked, so the last of the two holds for both lanes; unlinked at the end, so that each lane shows its own.
-    const auto high = render ({ "--set", "inGain1=0.2", "--set", "inGain2=0.8", "--set", "link=0" });
-    const auto low = render ({ "--set", "inGain2=0.8", "--set", "inGain1=0.2", "--set", "link=0" });
+    const auto high = play ({ "--set", "inGain1=0.2", "--set", "inGain2=0.8", "--set", "link=0" });
+    const auto low = play ({ "--set", "inGain2=0.8", "--set", "inGain1=0.2", "--set", "link=0" });
     const auto ratio = 20.0 * std::log10 (high[0].back() / low[0].back());
     EXPECT_NEAR (ratio, 0.6 * 18.0, 1e-3);
     EXPECT_EQ (high[0], high[1]);
 
     // At 0.03 s the fourth block starts; 0.031 s waits for the fifth. Same time: the order given. The trim takes its
     // block to go up, the bypass the next one.
-    const auto timed = render ({ "--at", "0.03:trim=0", "--at", "0.03:trim=1", "--at", "0.031:bypass=1" });
+    const auto timed = play ({ "--at", "0.03:trim=0", "--at", "0.03:trim=1", "--at", "0.031:bypass=1" });
     EXPECT_NEAR (timed[0][1439], 0.1f, 1e-3f);
     EXPECT_NEAR (timed[0][1679], 0.1f * 2.49f, 1e-2f);
     EXPECT_NEAR (timed[0][1920], 0.1f * 3.98f, 1e-2f);
@@ -139,20 +139,17 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
 {
     const TemporaryFolder work;
     writeWav (work.path ("in.wav"), { whiteNoise (1, 48000, 0.5), whiteNoise (2, 48000, 0.5) }, 48000.0, 32);
-    const auto render = [&] (const juce::String& name, const juce::StringArray& options)
-    {
-        juce::StringArray arguments { "render", module, work.path ("in.wav"), work.path (name + ".wav"), "--save-state",
-            work.path (name + ".state") };
-        arguments.addArray (options);
-        const auto run = runHost (arguments, HostStream::errors);
-        EXPECT_EQ (run.exitCode, 0) << run.text;
-    };
     const auto same = [&] (const char* extension)
     { return juce::File (work.path ("a") + extension).hasIdenticalContentTo (work.path ("b") + extension); };
 
-    render ("a",
-        { "--program", "5", "--set", "link=0", "--set", "subR=0.9", "--set", "msMode=1", "--set", "airGainR=0.37" });
-    render ("b", { "--state", work.path ("a.state") });
+    EXPECT_EQ (render (work, "a.wav",
+                   { "--program", "5", "--set", "link=0", "--set", "subR=0.9", "--set", "msMode=1", "--set",
+                       "airGainR=0.37", "--save-state", work.path ("a.state") })
+                   .exitCode,
+        0);
+    EXPECT_EQ (
+        render (work, "b.wav", { "--state", work.path ("a.state"), "--save-state", work.path ("b.state") }).exitCode,
+        0);
     EXPECT_TRUE (same (".wav"));
     EXPECT_TRUE (same (".state"));
 
@@ -162,8 +159,7 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
 
     for (const auto& refused : { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav") })
     {
-        const auto run = runHost (
-            { "render", module, work.path ("in.wav"), work.path ("c.wav"), "--state", refused }, HostStream::errors);
+        const auto run = render (work, "c.wav", { "--state", refused });
         EXPECT_EQ (run.exitCode, 1) << refused;
         EXPECT_TRUE (run.text.contains (refused)) << run.text;
         EXPECT_FALSE (juce::File (work.path ("c.wav")).exists());

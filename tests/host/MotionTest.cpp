@@ -1,4 +1,3 @@
-#include "tests/support/MotionMeasures.h"
 #include "tests/support/Signals.h"
 #include "tests/support/Vst3Module.h"
 
@@ -7,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <numbers>
 #include <string>
 
 namespace kestreleq::test
@@ -17,28 +17,65 @@ namespace
 constexpr double rate = 48000.0;
 
 using Channels = std::array<std::vector<float>, 2>;
-using HostValue = std::pair<std::string, double>;
-using HostValues = std::vector<HostValue>;
+
+constexpr auto pi = std::numbers::pi;
+
+/** Blackman-Harris over 0 to 1: what it lets through elsewhere lies 92 dB down. */
+double window (double x)
+{
+    return 0.35875 - 0.48829 * std::cos (2.0 * pi * x) + 0.14128 * std::cos (4.0 * pi * x) -
+        0.01168 * std::cos (6.0 * pi * x);
+}
+
+/** The peak of what lies above 6 kHz, in dB over another peak (linear). */
+double aboveSixKilohertzDb (std::span<const float> signal, double overPeak)
+{
+    constexpr auto numTaps = 1023;
+    constexpr auto middle = numTaps / 2;
+    std::vector<double> taps (numTaps);
+
+    for (auto i = 0; i < numTaps; ++i)
+    {
+        const auto x = 2.0 * pi * 6000.0 / rate * (i - middle);
+        const auto low = i == middle ? 12000.0 / rate : std::sin (x) / (pi * (i - middle));
+        taps[static_cast<std::size_t> (i)] = ((i == middle ? 1.0 : 0.0) - low) * window ((i + 0.5) / numTaps);
+    }
+
+    auto greatest = 0.0;
+
+    for (std::size_t start = 0; start + numTaps <= signal.size(); ++start)
+    {
+        auto sum = 0.0;
+
+        for (std::size_t i = 0; i < numTaps; ++i)
+            sum += taps[i] * static_cast<double> (signal[start + i]);
+
+        greatest = std::max (greatest, std::abs (sum));
+    }
+
+    return 20.0 * std::log10 (greatest / overPeak);
+}
+
+/** The largest step from one sample to the next. */
+double largestStep (std::span<const float> signal)
+{
+    auto largest = 0.0;
+
+    for (std::size_t n = 1; n < signal.size(); ++n)
+        largest = std::max (largest, std::abs (static_cast<double> (signal[n]) - static_cast<double> (signal[n - 1])));
+
+    return largest;
+}
 
 /** The built module, and what a host does to it between its blocks. */
 class Player
 {
 public:
-    explicit Player (int blockSize, const HostValues& settings = {})
+    explicit Player (int blockSize, const Settings& settings = {})
         : block (blockSize)
     {
         instance.start (rate, block);
-        set (settings);
-    }
-
-    void set (const HostValues& settings)
-    {
-        ParameterChanges changes;
-
-        for (const auto& [id, value] : settings)
-            changes.add (parameterId (*instance.controller, id), value);
-
-        instance.process (nullptr, nullptr, 0, &changes);
+        instance.set (settings);
     }
 
     void selectProgram (int index)
@@ -89,7 +126,7 @@ public:
 };
 
 /** Lanes apart, so that every switch has something to change. */
-const HostValues apart { { "link", 0 }, { "sub", 0.65 }, { "40hz", 0.6 }, { "160hz", 0.4 }, { "650hz", 0.65 },
+const Settings apart { { "link", 0 }, { "sub", 0.65 }, { "40hz", 0.6 }, { "160hz", 0.4 }, { "650hz", 0.65 },
     { "2500hz", 0.7 }, { "airGain", 0.4 }, { "subR", 0.3 }, { "40hzR", 0.65 }, { "650hzR", 0.4 }, { "airGainR", 0.4 },
     { "airBand", 0.5 }, { "airBandR", 0.75 }, { "inGain1", 0.55 }, { "outGain1", 0.45 } };
 
@@ -99,32 +136,20 @@ void expectBelow (double measured, double limit, const std::string& what)
     EXPECT_LT (measured, limit) << what;
 }
 
-// A value that a host draws over a second, block by block, leaves no zipper beside the tone.
+// A value that a host draws over a second, block by block, leaves no zipper above the tone.
 TEST (Motion, SweptValuesLeaveNoProducts)
 {
-    constexpr std::pair<const char*, double> sweeps[] { { "sub", 100 }, { "40hz", 100 }, { "160hz", 300 },
-        { "650hz", 1000 }, { "2500hz", 3000 }, { "airGain", 10000 }, { "trim", 1000 }, { "inGain1", 1000 },
-        { "outGain1", 1000 } };
-
-    for (const int block : { 64, 512, 2048 })
-        for (const auto& [id, frequency] : sweeps)
+    for (const int block : { 64, 2048 })
+        for (const std::string id : { "sub", "160hz", "trim", "inGain1", "outGain1" })
         {
-            Player player (block, { { "airBand", 0.5 } });
-            const auto output = player.playSine (frequency, 65536,
-                [&player, name = id] (int start) {
-                    player.set ({ { name, std::clamp ((start - 8192) / rate, 0.0, 1.0) } });
+            Player player (block);
+            const auto output = player.playSine (100.0, 48000,
+                [&] (int start) {
+                    player.instance.set ({ { id, start / rate } });
                 });
-            expectBelow (highestProductDb (output[0], frequency, rate), -70.0,
-                id + (" swept, blocks of " + std::to_string (block)));
+            expectBelow (aboveSixKilohertzDb (output[0], Player::levels[0]), -70.0,
+                id + " swept, blocks of " + std::to_string (block));
         }
-
-    // The measure sees steps of 20 dB a second in blocks of 64.
-    auto stepped = sine (1000.0, rate, 65536, 0.1);
-
-    for (std::size_t n = 0; n < stepped.size(); ++n)
-        stepped[n] *= static_cast<float> (std::pow (10.0, static_cast<double> (n / 64 * 64) / rate));
-
-    EXPECT_GT (highestProductDb (stepped, 1000.0, rate), -70.0);
 }
 
 /** A sine of 100 Hz while something goes back and forth, at several places of its period. */
@@ -133,11 +158,11 @@ class ChangingSine
 public:
     using Action = std::function<void (Player&)>;
 
-    ChangingSine (int block, const HostValues& before, const Action& there, const Action& back)
+    ChangingSine (int block, const Settings& before, const Action& there, const Action& back)
     {
         Player player (block, before);
         auto changes = 0;
-        player.playSine (100.0, 48000);
+        player.playSine (100.0, 24000);
         output = player.playSine (100.0, numChanges * stretch,
             [&] (int start)
             {
@@ -149,8 +174,8 @@ public:
     /** What lies above 6 kHz, in dB over the input, in the worse channel. */
     double above() const
     {
-        return std::max (aboveSixKilohertzDb (output[0], rate, Player::levels[0]),
-            aboveSixKilohertzDb (output[1], rate, Player::levels[1]));
+        return std::max (
+            aboveSixKilohertzDb (output[0], Player::levels[0]), aboveSixKilohertzDb (output[1], Player::levels[1]));
     }
 
     /** The largest step over the largest far from any change, in the worse channel. */
@@ -173,13 +198,13 @@ public:
 
 private:
     static constexpr int numChanges = 8;
-    static constexpr int stretch = 9600;
+    static constexpr int stretch = 7200;
     Channels output;
 };
 
 TEST (Motion, SwitchesDoNotClick)
 {
-    for (const int block : { 64, 512, 2048 })
+    for (const int block : { 64, 2048 })
         for (const std::string id :
             { "bypass", "laneABypass", "laneBBypass", "link", "msMode", "airBand", "breakMode" })
         {
@@ -187,10 +212,10 @@ TEST (Motion, SwitchesDoNotClick)
             const ChangingSine changing (
                 block, apart,
                 [&] (Player& player) {
-                    player.set ({ { id, 1.0 } });
+                    player.instance.set ({ { id, 1.0 } });
                 },
                 [&] (Player& player) {
-                    player.set ({ { id, 0.0 } });
+                    player.instance.set ({ { id, 0.0 } });
                 });
             expectBelow (changing.above(), id == "breakMode" ? -75.0 : -80.0, name + ", above 6 kHz");
             expectBelow (changing.step(), 3.0, name + ", step");
@@ -202,7 +227,7 @@ TEST (Motion, ValuesThatJumpDoNotClick)
     std::vector<char> states[2];
 
     for (const bool isBusy : { false, true })
-        states[isBusy] = Player (512, isBusy ? apart : HostValues()).instance.save();
+        states[isBusy] = Player (512, isBusy ? apart : Settings()).instance.save();
 
     for (const int block : { 64, 512 })
     {
@@ -215,16 +240,14 @@ TEST (Motion, ValuesThatJumpDoNotClick)
             expectBelow (changing.step(), 3.0, name + ", step");
         };
 
-        for (const auto* id : { "trim", "sub", "650hz", "inGain1" })
-            measure (
-                id,
-                [&] (Player& player) {
-                    player.set ({ { id, 0.9 } });
-                },
-                [&] (Player& player) {
-                    player.set ({ { id, 0.1 } });
-                });
-
+        measure (
+            "trim",
+            [] (Player& player) {
+                player.instance.set ({ { "trim", 0.9 } });
+            },
+            [] (Player& player) {
+                player.instance.set ({ { "trim", 0.1 } });
+            });
         measure (
             "program", [] (Player& player) { player.selectProgram (2); },
             [] (Player& player) { player.selectProgram (5); });
@@ -234,77 +257,51 @@ TEST (Motion, ValuesThatJumpDoNotClick)
     }
 }
 
-// What the two tests before measure shows a switch without a fade.
+// What the tests before measure shows a switch without a fade, and a sweep of 20 dB a second in steps.
 TEST (Motion, TheMeasuresSeeAStep)
 {
+    auto swept = sine (100.0, rate, 24000, 0.1);
+
+    for (std::size_t n = 0; n < swept.size(); ++n)
+        swept[n] *= static_cast<float> (std::pow (10.0, static_cast<double> (n / 64 * 64) / rate));
+
+    EXPECT_GT (aboveSixKilohertzDb (swept, peak (swept)), -70.0);
+
     auto stepped = sine (100.0, rate, 9600, 0.5);
 
     for (std::size_t n = 4920; n < stepped.size(); ++n)
         stepped[n] *= 0.25f;
 
-    EXPECT_GT (aboveSixKilohertzDb (stepped, rate, 0.5), -45.0);
+    EXPECT_GT (aboveSixKilohertzDb (stepped, 0.5), -45.0);
     EXPECT_GT (largestStep (stepped) / largestStep (std::span (stepped).first (4000)), 3.0);
-    EXPECT_LT (aboveSixKilohertzDb (std::span (stepped).first (4000), rate, 0.5), -85.0);
+    EXPECT_LT (aboveSixKilohertzDb (std::span (stepped).first (4000), 0.5), -85.0);
 }
 
+// A host that stops processing, or starts anew, while the filters ring and the riders are up.
 TEST (Motion, NothingIsLeftOfWhatSoundedBefore)
 {
-    // A lane's bypass, released when the tone is long over; without it the filters ring.
-    for (const auto bypass : { 1.0, 0.0 })
-    {
-        Player player (512, apart);
-        player.playSine (40.0, 24000);
-        player.set ({ { "laneABypass", bypass }, { "laneBBypass", bypass } });
-        player.playSine (40.0, 4800);
-        player.peakInSilence (1024);
-        player.set ({ { "laneABypass", 0.0 }, { "laneBBypass", 0.0 } });
-        EXPECT_EQ (player.peakInSilence (24000) == 0.0, bypass > 0.5);
-    }
-
-    // A host that stops processing while the filters ring and the riders are up.
     auto riding = apart;
     riding.insert (riding.end(), { { "inAutoGain", 1.0 }, { "outAutoGain", 1.0 } });
-    Player fresh (512, riding);
-    const auto expected = fresh.playSine (1000.0, 4800);
+    const auto expected = Player (512, riding).playSine (1000.0, 4800);
 
-    for (const bool stops : { true, false })
+    for (const std::string pause : { "none", "processing", "activity" })
     {
         Player player (512, riding);
         player.playSine (40.0, 24000);
 
-        if (stops)
+        if (pause == "processing")
         {
             player.instance.processor->setProcessing (false);
             player.instance.processor->setProcessing (true);
         }
-
-        EXPECT_EQ (player.peakInSilence (4800) == 0.0, stops);
-        EXPECT_EQ (player.playSine (1000.0, 4800) == expected, stops);
-    }
-}
-
-TEST (Motion, AnEnormousSampleIsSoonForgotten)
-{
-    for (const auto midSide : { 0.0, 1.0 })
-    {
-        Channels outputs[2];
-
-        for (const bool enormous : { false, true })
+        else if (pause == "activity")
         {
-            Player player (512, apart);
-            player.set ({ { "breakMode", 1.0 }, { "msMode", midSide } });
-            Channels audio { musicalMix (1, rate, 96000), musicalMix (2, rate, 96000) };
-            audio[0][48000] = enormous ? 1e20f : audio[0][48000];
-            outputs[enormous] = player.play (audio);
+            player.instance.stop();
+            player.instance.start (rate, 512);
         }
 
-        for (const std::size_t channel : { 0u, 1u })
-        {
-            const auto after = [&] (int which) { return std::span (outputs[which][channel]).subspan (48000 + 9600); };
-            expectBelow (differenceDb (after (1), after (0)), -60.0, "0.2 s after 1e20");
-        }
-
-        EXPECT_GT (differenceDb (outputs[1][0], outputs[0][0]), -60.0) << "the comparison sees the sample itself";
+        EXPECT_EQ (player.peakInSilence (4800) == 0.0, pause != "none") << pause;
+        EXPECT_EQ (player.playSine (1000.0, 4800) == expected, pause != "none") << pause;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "tests/soak/Soak.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <stdexcept>
@@ -33,7 +34,7 @@ Soak::Soak (std::uint32_t seed)
       curve (600)
 {
     for (auto& state : states)
-        rig.processor.getStateInformation (state);
+        state = rig.save();
 
     prepare();
 }
@@ -106,11 +107,11 @@ void Soak::disturbState()
             break;
 
         case 1:
-            rig.processor.getStateInformation (state);
+            state = rig.save();
             break;
 
         case 2:
-            rig.processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+            rig.restore (state);
             break;
 
         case 3:
@@ -141,7 +142,7 @@ void Soak::processBlock()
     for (auto& channel : in)
     {
         channel.resize (static_cast<std::size_t> (length));
-        signal.fill (channel);
+        std::generate (channel.begin(), channel.end(), [this] { return signal.next(); });
     }
 
     auto samples = in;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <random>
 #include <span>
 #include <vector>
 
@@ -29,6 +30,31 @@ struct ProcessorRig
     void set (const char* id, float value) { parameter (id).setValueNotifyingHost (value); }
 
     float get (const char* id) { return parameter (id).getValue(); }
+
+    /** Every value in all its bits, with the lanes apart. */
+    void setRandomly (unsigned seed)
+    {
+        std::mt19937 random (seed);
+
+        for (const auto* id : { "link", "inGainLink", "outGainLink" })
+            set (id, 0.0f);
+
+        for (const auto& info : parameterTable)
+            if (info.text != TextKind::onOff)
+                set (info.id, static_cast<float> (random()) / 4294967295.0f);
+    }
+
+    juce::MemoryBlock save()
+    {
+        juce::MemoryBlock state;
+        processor.getStateInformation (state);
+        return state;
+    }
+
+    void restore (const juce::MemoryBlock& state)
+    {
+        processor.setStateInformation (state.getData(), static_cast<int> (state.getSize()));
+    }
 
     /** In place, in blocks whose sizes come from the list, over and over. */
     void process (Stereo& signal, std::span<const int> blockSizes)

@@ -15,7 +15,7 @@ namespace kestreleq::test::reference
 /** x + a x^2 + b x^3 + c x^4 with second-order antiderivative anti-aliasing; gives what it adds to its input. */
 struct Shaper
 {
-    float a, b, c;
+    Real a, b, c;
     Real x1 = 0.0L, x2 = 0.0L, dPrevious = 0.0L;
 
     Real residue (Real x)
@@ -38,6 +38,21 @@ struct Shaper
     Real second (Real x) const { return x * x * x * (1.0L / 6.0L + x * (a / 12.0L + x * (b / 20.0L + x * c / 30.0L))); }
 };
 
+/** Output weight of a band (0..4) at a parameter value 0..1. */
+inline Real bandWeight (int band, double value)
+{
+    constexpr Real weights[5][5] {
+        { -0.0821L, -0.0736L, 0.0L, 0.347L, 1.16L },
+        { -0.070057L, -0.06272L, 0.0L, 0.34L, 1.1L },
+        { -0.05527L, -0.050211L, 0.0L, 0.34L, 1.08L },
+        { -0.059971L, -0.053811L, 0.0L, 0.32L, 1.05L },
+        { -0.0555L, -0.0489L, 0.0L, 0.315L, 1.079L },
+    };
+    const auto position = std::clamp (value, 0.0, 1.0) * 4.0L;
+    const auto i = std::min (3, static_cast<int> (position));
+    return std::lerp (weights[band][i], weights[band][i + 1], position - i);
+}
+
 inline Real cubed (Real drive)
 {
     const auto limited = std::clamp (drive, 0.0L, 1.0L);
@@ -46,6 +61,7 @@ inline Real cubed (Real drive)
 
 struct Break
 {
+    /** Their coefficients are single precision by definition. */
     Shaper shapers[5] { { 0.15f, 0.02f, 0 }, { 0.12f, 0.02f, 0 }, { 0.08f, 0.015f, 0 }, { 0.05f, 0.01f, 0 },
         { 0.03f, 0.005f, 0 } };
     Shaper airShaper { 0.08f, 0, 0.02f };

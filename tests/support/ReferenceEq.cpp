@@ -201,45 +201,4 @@ void ReferenceEq::process (const ReferenceParameters& parameters, double* left, 
     state->outputRider.run (left, right, n, riding && parameters.isOn ("outAutoGain"));
 }
 
-long double bandWeight (int band, double value)
-{
-    constexpr Real weights[5][5] {
-        { -0.0821L, -0.0736L, 0.0L, 0.347L, 1.16L },
-        { -0.070057L, -0.06272L, 0.0L, 0.34L, 1.1L },
-        { -0.05527L, -0.050211L, 0.0L, 0.34L, 1.08L },
-        { -0.059971L, -0.053811L, 0.0L, 0.32L, 1.05L },
-        { -0.0555L, -0.0489L, 0.0L, 0.315L, 1.079L },
-    };
-    const auto position = std::clamp (value, 0.0, 1.0) * 4.0L;
-    const auto i = std::min (3, static_cast<int> (position));
-    return std::lerp (weights[band][i], weights[band][i + 1], position - i);
-}
-
-Complex bandResponse (int band, double frequency, double sampleRate)
-{
-    return response (withCeiling (bandFilters[band], sampleRate), frequency, sampleRate);
-}
-
-Complex airResponse (float amount, float airBand, double frequency, double sampleRate)
-{
-    const auto index = airIndexOf (airBand);
-
-    if (index == 0 || amount <= 0.0f)
-        return 1.0L;
-
-    return fromDb (airRow (index, amount).preGainDb) *
-        response (airFilter (index, amount, sampleRate), frequency, sampleRate);
-}
-
-double expectedMagnitude (const ReferenceParameters& parameters, int lane, double frequency, double sampleRate)
-{
-    const auto value = [&] (int control) { return parameters.laneValue (lane, control); };
-    auto sum = airResponse (value (5), value (6), frequency, sampleRate);
-
-    for (auto band = 0; band < 5; ++band)
-        sum += bandWeight (band, value (band)) * bandResponse (band, frequency, sampleRate);
-
-    return static_cast<double> (
-        std::abs (sum * response (withCeiling (outputFilter, sampleRate), frequency, sampleRate)));
-}
 } // namespace kestreleq::test

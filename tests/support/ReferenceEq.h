@@ -2,7 +2,6 @@
 
 #include "tests/support/ReferenceParameters.h"
 
-#include <complex>
 #include <memory>
 
 namespace kestreleq::test
@@ -24,15 +23,4 @@ private:
     struct State;
     std::unique_ptr<State> state;
 };
-
-/** Output weight of a band (0..4) at a parameter value 0..1. */
-long double bandWeight (int band, double value);
-
-/** Frequency response (Hz) of one band filter (0..4), and of the air path with its pre-gain (amount and band as
-    parameter values): the analogue prototypes under the bilinear map, with no rounded coefficients. */
-std::complex<long double> bandResponse (int band, double frequency, double sampleRate);
-std::complex<long double> airResponse (float amount, float airBand, double frequency, double sampleRate);
-
-/** Linear magnitude of lane 0 or 1 in clean mode, without the stage gains and the trim, no bypass regarded. */
-double expectedMagnitude (const ReferenceParameters& parameters, int lane, double frequency, double sampleRate);
 } // namespace kestreleq::test

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <numbers>
 #include <span>
 #include <utility>
@@ -11,7 +10,6 @@
 namespace kestreleq::test::reference
 {
 using Real = long double;
-using Complex = std::complex<Real>;
 inline constexpr auto pi = std::numbers::pi_v<Real>;
 
 inline Real fromDb (Real decibels)
@@ -71,14 +69,6 @@ inline Prototype prototype (const Filter& filter)
     }
     // clang-format on
     return { { 1, 0, 0 }, { 1, 0, 0 } };
-}
-
-/** The prototype at s = j tan (pi f / fs) / tan (pi f0 / fs), which is the bilinear map. */
-inline Complex response (const Filter& filter, double frequency, double fs)
-{
-    const auto [n, d] = prototype (filter);
-    const Complex s { 0.0L, std::tan (pi * frequency / fs) / std::tan (pi * filter.frequency / fs) };
-    return (n[0] + s * (n[1] + s * n[2])) / (d[0] + s * (d[1] + s * d[2]));
 }
 
 struct Coefficients

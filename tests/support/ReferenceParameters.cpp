@@ -12,18 +12,6 @@ namespace
 {
 
 // clang-format off
-constexpr std::array<ReferenceParameters::Entry, 29> parameterEntries { {
-    { "sub", 0.5f, false }, { "40hz", 0.5f, false }, { "160hz", 0.5f, false }, { "650hz", 0.5f, false },
-    { "2500hz", 0.5f, false }, { "airGain", 0.0f, false }, { "airBand", 0.0f, false },
-    { "subR", 0.5f, false }, { "40hzR", 0.5f, false }, { "160hzR", 0.5f, false }, { "650hzR", 0.5f, false },
-    { "2500hzR", 0.5f, false }, { "airGainR", 0.0f, false }, { "airBandR", 0.0f, false },
-    { "trim", 0.5f, false }, { "bypass", 0.0f, true }, { "breakMode", 0.0f, true }, { "link", 1.0f, true },
-    { "msMode", 0.0f, true }, { "inAutoGain", 0.0f, true }, { "outAutoGain", 0.0f, true },
-    { "inGainLink", 1.0f, true }, { "inGain1", 0.5f, false }, { "inGain2", 0.5f, false },
-    { "outGainLink", 1.0f, true }, { "outGain1", 0.5f, false }, { "outGain2", 0.5f, false },
-    { "laneABypass", 0.0f, true }, { "laneBBypass", 0.0f, true },
-} };
-
 constexpr std::array<std::pair<std::string_view, std::string_view>, 10> linkedPairs { {
     { "sub", "subR" }, { "40hz", "40hzR" }, { "160hz", "160hzR" }, { "650hz", "650hzR" }, { "2500hz", "2500hzR" },
     { "airGain", "airGainR" }, { "airBand", "airBandR" }, { "inGain1", "inGain2" }, { "outGain1", "outGain2" },
@@ -43,26 +31,21 @@ constexpr float programs[6][9] {
 
 std::size_t indexOf (std::string_view id)
 {
-    const auto found = std::find_if (
-        parameterEntries.begin(), parameterEntries.end(), [id] (const auto& entry) { return entry.id == id; });
+    const auto* const found =
+        std::find_if (parameterTable.begin(), parameterTable.end(), [id] (const auto& info) { return info.id == id; });
 
-    if (found == parameterEntries.end())
+    if (found == parameterTable.end())
         throw std::out_of_range ("no parameter '" + std::string (id) + "'");
 
-    return static_cast<std::size_t> (found - parameterEntries.begin());
+    return static_cast<std::size_t> (found - parameterTable.begin());
 }
 
 } // namespace
 
-std::span<const ReferenceParameters::Entry> ReferenceParameters::entries()
-{
-    return parameterEntries;
-}
-
 ReferenceParameters::ReferenceParameters()
 {
-    std::transform (parameterEntries.begin(), parameterEntries.end(), values.begin(),
-        [] (const auto& entry) { return entry.initial; });
+    std::transform (parameterTable.begin(), parameterTable.end(), values.begin(),
+        [] (const auto& info) { return info.defaultValue; });
 }
 
 float ReferenceParameters::get (std::string_view id) const
@@ -72,14 +55,14 @@ float ReferenceParameters::get (std::string_view id) const
 
 float ReferenceParameters::laneValue (int lane, int control) const
 {
-    return values.at (static_cast<std::size_t> (control + (isOn ("link") ? 0 : lane * controlsPerLane)));
+    return values.at (static_cast<std::size_t> (control + (isOn ("link") ? 0 : lane * 7)));
 }
 
 void ReferenceParameters::store (std::string_view id, float value)
 {
     const auto index = indexOf (id);
     const auto clamped = std::clamp (value, 0.0f, 1.0f);
-    values[index] = parameterEntries[index].stepped ? std::floor (clamped + 0.5f) : clamped;
+    values[index] = parameterTable[index].stepped ? std::floor (clamped + 0.5f) : clamped;
 }
 
 void ReferenceParameters::set (std::string_view id, float value)
@@ -111,10 +94,12 @@ void ReferenceParameters::set (std::string_view id, float value)
 
 void ReferenceParameters::selectProgram (int index)
 {
-    for (std::size_t i = 0; i < parameterEntries.size(); ++i)
+    const auto& program = programs[index];
+
+    for (std::size_t i = 0; i < numParameters; ++i)
     {
-        const auto& [id, initial, stepped] = parameterEntries[i];
-        const auto& program = programs[index];
+        const std::string_view id = parameterTable[i].id;
+        const auto initial = parameterTable[i].defaultValue;
         set (id, i < 14 ? program[i % 7] : id == "trim" ? program[7] : id == "breakMode" ? program[8] : initial);
     }
 }

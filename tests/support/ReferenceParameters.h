@@ -1,28 +1,17 @@
 #pragma once
 
+#include "engine/parameters/ParameterTable.h"
+
 #include <array>
-#include <span>
 #include <string_view>
 
 namespace kestreleq::test
 {
-/** The 29 normalised parameter values as a host sees them after its gestures: 32-bit floats in 0..1, stepped ones
-    snapped to 0 or 1 (0.5 snaps up), linked pairs copied. Unknown IDs throw std::out_of_range. */
+/** The normalised parameter values as a host sees them after its gestures: 32-bit floats in 0..1, stepped ones snapped
+    to 0 or 1 (0.5 snaps up), linked pairs copied. Unknown IDs throw std::out_of_range. */
 class ReferenceParameters
 {
 public:
-    struct Entry
-    {
-        std::string_view id;
-        float initial;
-        bool stepped;
-    };
-
-    static constexpr int controlsPerLane = 7; ///< five bands, air amount, air band
-
-    /** All parameters in the host's order; the first seven belong to lane A, the next seven to lane B. */
-    static std::span<const Entry> entries();
-
     ReferenceParameters();
 
     float get (std::string_view id) const;
@@ -43,7 +32,7 @@ private:
 
     void copy (std::string_view from, std::string_view to) { store (to, get (from)); }
 
-    std::array<float, 29> values;
+    std::array<float, numParameters> values;
 };
 
 } // namespace kestreleq::test

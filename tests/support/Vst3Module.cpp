@@ -2,6 +2,8 @@
 
 #include "engine/parameters/ParameterTable.h"
 
+#include <public.sdk/source/common/memorystream.h>
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
@@ -10,46 +12,6 @@ namespace kestreleq::test
 {
 
 using namespace Steinberg;
-
-tresult StateStream::read (void* buffer, int32 count, int32* numRead)
-{
-    const auto available = std::min (static_cast<std::size_t> (std::max (count, 0)), bytes.size() - position);
-    std::memcpy (buffer, bytes.data() + position, available);
-    position += available;
-
-    if (numRead != nullptr)
-        *numRead = static_cast<int32> (available);
-
-    return kResultOk;
-}
-
-tresult StateStream::write (void* buffer, int32 count, int32* numWritten)
-{
-    const auto* source = static_cast<const char*> (buffer);
-    bytes.resize (position);
-    bytes.insert (bytes.end(), source, source + count);
-    position = bytes.size();
-
-    if (numWritten != nullptr)
-        *numWritten = count;
-
-    return kResultOk;
-}
-
-tresult StateStream::seek (int64 to, int32 mode, int64* at)
-{
-    const auto base = mode == kIBSeekSet ? 0 : static_cast<int64> (mode == kIBSeekCur ? position : bytes.size());
-    position = static_cast<std::size_t> (std::clamp<int64> (base + to, 0, static_cast<int64> (bytes.size())));
-    return tell (at);
-}
-
-tresult StateStream::tell (int64* at)
-{
-    if (at != nullptr)
-        *at = static_cast<int64> (position);
-
-    return kResultOk;
-}
 
 Vst3Module::Vst3Module()
 {
@@ -208,15 +170,29 @@ tresult Vst3Instance::process (
     return processor->process (data);
 }
 
-std::vector<char> Vst3Instance::save()
+void Vst3Instance::set (const Settings& settings)
 {
-    StateStream stream;
-    return component->getState (&stream) == kResultOk ? stream.bytes : std::vector<char>();
+    ParameterChanges changes;
+
+    for (const auto& [id, value] : settings)
+        changes.add (parameterId (*controller, id), value);
+
+    process (nullptr, nullptr, 0, &changes);
 }
 
-tresult Vst3Instance::restore (const std::vector<char>& state)
+std::vector<char> Vst3Instance::save()
 {
-    StateStream stream (state);
+    MemoryStream stream;
+
+    if (component->getState (&stream) != kResultOk)
+        return {};
+
+    return { stream.getData(), stream.getData() + stream.getSize() };
+}
+
+tresult Vst3Instance::restore (std::vector<char> state)
+{
+    MemoryStream stream (state.data(), static_cast<TSize> (state.size()));
     return component->setState (&stream);
 }
 

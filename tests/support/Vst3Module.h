@@ -2,7 +2,6 @@
 
 #include <juce_core/juce_core.h>
 
-#include <pluginterfaces/base/ibstream.h>
 #include <pluginterfaces/base/smartpointer.h>
 #include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
@@ -11,7 +10,9 @@
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <cstring>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kestreleq::test
@@ -51,27 +52,6 @@ protected:
 
 private:
     const Steinberg::TUID& ownId;
-};
-
-/** A state block that a module writes and reads. */
-class StateStream final : public HostObject<Steinberg::IBStream>
-{
-public:
-    explicit StateStream (std::vector<char> content = {})
-        : HostObject (Steinberg::IBStream_iid),
-          bytes (std::move (content))
-    {
-    }
-
-    std::vector<char> bytes;
-
-    Steinberg::tresult PLUGIN_API read (void* buffer, Steinberg::int32 count, Steinberg::int32* numRead) override;
-    Steinberg::tresult PLUGIN_API write (void* buffer, Steinberg::int32 count, Steinberg::int32* numWritten) override;
-    Steinberg::tresult PLUGIN_API seek (Steinberg::int64 to, Steinberg::int32 mode, Steinberg::int64* at) override;
-    Steinberg::tresult PLUGIN_API tell (Steinberg::int64* at) override;
-
-private:
-    std::size_t position = 0;
 };
 
 /** Changes of parameters for one block, each at its first sample. */
@@ -182,6 +162,9 @@ Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id)
 /** The parameter that selects programs. */
 Vst::ParamID programParameterId (Vst::IEditController& controller);
 
+/** Parameter IDs with normalised values. */
+using Settings = std::vector<std::pair<std::string, double>>;
+
 /** An audio effect with its controller, both initialised and connected. */
 class Vst3Instance
 {
@@ -202,8 +185,11 @@ public:
     Steinberg::tresult process (float* left, float* right, int numSamples, ParameterChanges* changes = nullptr,
         ParameterChanges* answer = nullptr);
 
+    /** All at once, as a host does between two blocks. */
+    void set (const Settings& settings);
+
     std::vector<char> save();
-    Steinberg::tresult restore (const std::vector<char>& state);
+    Steinberg::tresult restore (std::vector<char> state);
 
     Steinberg::IPtr<Vst::IComponent> component;
     Steinberg::IPtr<Vst::IAudioProcessor> processor;

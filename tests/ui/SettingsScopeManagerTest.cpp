@@ -17,8 +17,9 @@ namespace
 using quillon::ui::settings::SettingsScopeManager;
 
 constexpr auto peerVariable = "KESTREL_SCOPE_PEER";
-constexpr int soon = 10000;  // ms; for what has to happen, however busy the machine is
-constexpr int settled = 700; // ms; over a period of the watch and the delay of a save
+constexpr int soon = 10000; // ms; for what has to happen, however busy the machine is
+
+double now = 0.0; // ms; what the manager takes for the time
 
 SettingsScopeManager::Options optionsIn (const juce::File& folder)
 {
@@ -31,7 +32,8 @@ SettingsScopeManager::Options optionsIn (const juce::File& folder)
     return options;
 }
 
-/** A folder for the scope file, and a manager that is made at the first request and goes with the test. */
+/** A folder for the scope file, and a manager that is made at the first request and goes with the test. Its time passes
+    as the test lets it. */
 class SettingsScopeManagerTest : public testing::Test
 {
 protected:
@@ -39,12 +41,14 @@ protected:
     {
         deleteManager(); // of processors in other tests
         SettingsScopeManager::setDefaultFileOptions (options);
+        SettingsScopeManager::setClock ([] { return now; });
     }
 
     ~SettingsScopeManagerTest() override
     {
         deleteManager();
         SettingsScopeManager::clearDefaultFileOptions();
+        SettingsScopeManager::setClock (nullptr);
         folder.deleteRecursively();
     }
 
@@ -52,6 +56,16 @@ protected:
 
     static void deleteManager() { delete SettingsScopeManager::getInstanceWithoutCreating(); }
 
+    static void pass (double milliseconds)
+    {
+        for (const auto end = now + milliseconds; now < end;)
+        {
+            now += 1.0;
+            manager().runWhatIsDue();
+        }
+    }
+
+    /** In real time. */
     static bool flagBecomes (bool flag)
     {
         return pumpMessagesUntil ([=] { return manager().isPerPluginScope() == flag; }, soon);
@@ -60,6 +74,7 @@ protected:
     /** As another process does it. */
     void write (int value) const
     {
+        juce::Thread::sleep (20); // the times that the system gives to files may be as coarse as that
         juce::PropertiesFile other (options);
         other.setValue ("settings_scope", value);
         ASSERT_TRUE (other.save());
@@ -168,55 +183,52 @@ TEST_F (SettingsScopeManagerTest, RepeatsThePassForListenersThatChangeThings)
 
 TEST_F (SettingsScopeManagerTest, SavesHalfASecondAfterTheLastChange)
 {
-    manager();
-    pumpMessages (settled);
+    pass (1000.0);
     EXPECT_FALSE (folder.exists()); // nothing is written before the first change
-
-    auto lastChange = 0.0;
 
     for (const auto flag : { true, false, true })
     {
-        pumpMessages (200);
+        pass (300.0);
         manager().setPerPluginScope (flag);
-        lastChange = juce::Time::getMillisecondCounterHiRes();
     }
 
-    ASSERT_TRUE (pumpMessagesUntil ([&] { return file.existsAsFile(); }, soon));
-    // The framework's timers may be 100 ms early.
-    EXPECT_GE (juce::Time::getMillisecondCounterHiRes() - lastChange, 350.0);
+    pass (499.0);
+    EXPECT_FALSE (folder.exists());
+    pass (1.0);
     EXPECT_EQ (stored(), 1);
 
     file.deleteFile();
     manager().setPerPluginScope (true);
-    pumpMessages (settled);
+    pass (1000.0);
     EXPECT_FALSE (file.existsAsFile()); // no change, no save
 }
 
 TEST_F (SettingsScopeManagerTest, FollowsTheFile)
 {
-    int calls = 0;
+    int calls = 0, expected = 0;
     manager().addListener ([&] { ++calls; });
-    write (1);
-    EXPECT_TRUE (flagBecomes (true));
-    EXPECT_EQ (calls, 1);
 
-    write (0); // within the same second, most likely
-    EXPECT_TRUE (flagBecomes (false));
-    write (1);
-    EXPECT_TRUE (flagBecomes (true));
+    for (const auto value : { 1, 0, 1 }) // within the same second, most likely
+    {
+        write (value);
+        pass (500.0);
+        EXPECT_EQ (manager().isPerPluginScope(), value == 1);
+        EXPECT_EQ (calls, ++expected);
+    }
+
+    // Neither a touched nor a corrupt nor a vanished file is a change.
+    file.setLastModificationTime (juce::Time::getCurrentTime() + juce::RelativeTime (5.0));
+    pass (500.0);
+    file.replaceWithText ("<PROPERTIES><VALUE name=\"settings_scope\" va");
+    pass (500.0);
+    file.deleteFile();
+    pass (500.0);
+    EXPECT_TRUE (manager().isPerPluginScope());
     EXPECT_EQ (calls, 3);
 
-    file.setLastModificationTime (juce::Time::getCurrentTime() + juce::RelativeTime (5.0));
-    pumpMessages (settled);
-    file.replaceWithText ("<PROPERTIES><VALUE name=\"settings_scope\" va");
-    pumpMessages (settled);
-    file.deleteFile();
-    pumpMessages (settled);
-    EXPECT_TRUE (manager().isPerPluginScope());
-    EXPECT_EQ (calls, 3); // neither a touched nor a corrupt nor a vanished file is a change
-
     write (0);
-    EXPECT_TRUE (flagBecomes (false));
+    pass (500.0);
+    EXPECT_FALSE (manager().isPerPluginScope());
     EXPECT_EQ (calls, 4);
 }
 
@@ -224,18 +236,20 @@ TEST_F (SettingsScopeManagerTest, LeavesTheFlagWhereNothingCanBeWritten)
 {
     ASSERT_TRUE (folder.replaceWithText ("no folder")); // root may write into read-only ones
     manager().setPerPluginScope (true);
-    pumpMessages (settled);
+    pass (600.0);
     EXPECT_TRUE (manager().isPerPluginScope());
 
     // The write that failed must not be made up for over the change of another process.
     folder.deleteFile();
     write (0);
-    EXPECT_TRUE (flagBecomes (false));
+    pass (600.0);
+    EXPECT_FALSE (manager().isPerPluginScope());
     EXPECT_EQ (stored(), 0);
 }
 
 TEST_F (SettingsScopeManagerTest, IsMadeOnceAndGivenItsContextFromAnyThread)
 {
+    SettingsScopeManager::setClock (nullptr);
     std::latch start (8);
     std::array<SettingsScopeManager*, 8> seen {};
     std::vector<std::jthread> threads;
@@ -265,15 +279,16 @@ TEST_F (SettingsScopeManagerTest, IsMadeOnceAndGivenItsContextFromAnyThread)
     EXPECT_EQ (SettingsScopeManager::getInstanceWithoutCreating(), nullptr);
 }
 
-/** Two processes on the real file, in a home of their own: this test runs itself once more. Each changes the scope, and
-    the other has to see it within about a second. */
+/** Two processes on the real file in real time, in a home of their own: this test runs itself once more. Each changes
+   the scope, and the other has to see it within about a second. */
 TEST_F (SettingsScopeManagerTest, AgreesWithAnotherProcess)
 {
+    SettingsScopeManager::setClock (nullptr);
+
     if (juce::SystemStats::getEnvironmentVariable (peerVariable, {}).isNotEmpty())
     {
         manager().resetFileOptions();
         manager().setPerPluginScope (true);
-        pumpMessages (settled);
         EXPECT_TRUE (flagBecomes (false));
         return;
     }
@@ -297,7 +312,6 @@ TEST_F (SettingsScopeManagerTest, AgreesWithAnotherProcess)
     EXPECT_LT (juce::Time::getMillisecondCounterHiRes() - written, 1500.0);
     EXPECT_EQ (calls, 1);
 
-    pumpMessages (settled);
     manager().setPerPluginScope (false);
     EXPECT_TRUE (pumpMessagesUntil ([&] { return ! peer.isRunning(); }, 2 * soon));
     EXPECT_EQ (peer.getExitCode(), 0u) << peer.readAllProcessOutput();

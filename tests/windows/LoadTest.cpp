@@ -15,14 +15,6 @@
 namespace kestreleq::test
 {
 
-struct FactoryInfo
-{
-    char vendor[64];
-    char url[256];
-    char email[128];
-    std::int32_t flags;
-};
-
 struct ClassInfo
 {
     char id[16];
@@ -43,7 +35,7 @@ protected:
 
 struct Factory : Object
 {
-    virtual std::int32_t __stdcall getFactoryInfo (FactoryInfo* info) = 0;
+    virtual std::int32_t __stdcall getFactoryInfo (void* info) = 0;
     virtual std::int32_t __stdcall countClasses() = 0;
     virtual std::int32_t __stdcall getClassInfo (std::int32_t index, ClassInfo* info) = 0;
     virtual std::int32_t __stdcall createInstance (const char* classId, const char* interfaceId, void** object) = 0;
@@ -89,9 +81,6 @@ void createAndRelease (Factory& factory, const char* classId)
 
 void readFactory (Factory& factory)
 {
-    FactoryInfo info {};
-    require (factory.getFactoryInfo (&info) == 0 && std::strcmp (info.vendor, "Quillon") == 0, "the vendor is wrong");
-
     bool hasEffect = false;
 
     for (std::int32_t i = 0; i < factory.countClasses(); ++i)

@@ -1,5 +1,8 @@
 #include "ui/settings/SettingsScopeManager.h"
 
+#include <algorithm>
+#include <atomic>
+#include <cmath>
 #include <filesystem>
 #include <mutex>
 #include <utility>
@@ -10,10 +13,10 @@ namespace
 {
 constexpr auto scopeKey = "settings_scope";
 
-constexpr int saveTimer = 0;
-constexpr int watchTimer = 1;
-constexpr int saveDelay = 500;   // ms
-constexpr int watchPeriod = 500; // ms
+constexpr double saveDelay = 500.0;   // ms
+constexpr double watchPeriod = 500.0; // ms
+
+std::atomic<SettingsScopeManager::Clock> clock { juce::Time::getMillisecondCounterHiRes };
 
 std::mutex instanceMutex; // guards the next two
 SettingsScopeManager* instance = nullptr;
@@ -94,19 +97,24 @@ void SettingsScopeManager::clearDefaultFileOptions()
     pendingOptions.reset();
 }
 
+void SettingsScopeManager::setClock (Clock newClock)
+{
+    clock = newClock != nullptr ? newClock : juce::Time::getMillisecondCounterHiRes;
+}
+
 // On any thread. Nothing here needs the message thread: the file is read at once, and timers may be started anywhere.
-// The watch comes last, because its callback can run from then on.
+// The timer comes last, because its callback can run from then on.
 SettingsScopeManager::SettingsScopeManager (std::optional<Options> pendingFileOptions)
-    : customOptions (std::move (pendingFileOptions))
+    : watchDue (clock.load()() + watchPeriod),
+      customOptions (std::move (pendingFileOptions))
 {
     openAndLoad();
-    startTimer (watchTimer, watchPeriod);
+    wakeInTime();
 }
 
 SettingsScopeManager::~SettingsScopeManager()
 {
-    stopTimer (saveTimer);
-    stopTimer (watchTimer);
+    stopTimer();
 
     const std::scoped_lock lock (instanceMutex);
 
@@ -151,7 +159,8 @@ void SettingsScopeManager::setPerPluginScope (bool shouldBePerPlugin)
         return;
 
     perPluginScope = shouldBePerPlugin;
-    startTimer (saveTimer, saveDelay);
+    saveDue = clock.load()() + saveDelay;
+    wakeInTime();
     listeners.notify();
 }
 
@@ -186,13 +195,30 @@ SettingsScopeManager::Options SettingsScopeManager::resolvePreferredOptions (con
     return resolveOptions (client).front();
 }
 
-void SettingsScopeManager::timerCallback (int timerId)
+void SettingsScopeManager::runWhatIsDue()
 {
-    if (timerId == watchTimer)
-        return watch();
+    const auto now = clock.load()();
+    const bool saves = now >= saveDue, watches = now >= watchDue;
 
-    stopTimer (saveTimer);
-    save();
+    if (saves)
+        saveDue = never;
+
+    if (watches)
+        watchDue = now + watchPeriod;
+
+    wakeInTime();
+
+    if (saves)
+        save();
+
+    if (watches)
+        watch();
+}
+
+/** The framework's timers may come early; they are then set again for the rest. */
+void SettingsScopeManager::wakeInTime()
+{
+    startTimer (std::max (1, juce::roundToInt (std::ceil (std::min (saveDue, watchDue) - clock.load()()))));
 }
 
 void SettingsScopeManager::openAndLoad()

@@ -4,6 +4,7 @@
 
 #include <juce_data_structures/juce_data_structures.h>
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -18,7 +19,7 @@ namespace quillon::ui::settings
     One object per process, from the first request until the framework shuts down; the next request makes a new one.
     Message thread only, unless a function says otherwise. A file that cannot be read or written leaves the scope as
     it was, and nobody hears of it. */
-class SettingsScopeManager final : private juce::MultiTimer, private juce::DeletedAtShutdown
+class SettingsScopeManager final : private juce::Timer, private juce::DeletedAtShutdown
 {
 public:
     using Options = juce::PropertiesFile::Options;
@@ -39,6 +40,12 @@ public:
 
     /** Any thread. A manager that exists keeps what it has. */
     static void clearDefaultFileOptions();
+
+    /** A time in milliseconds, from whatever beginning. */
+    using Clock = double (*)();
+
+    /** For tests: time that passes as they let it, for the managers yet to be created. Null: the real time. */
+    static void setClock (Clock newClock);
 
     ~SettingsScopeManager() override;
 
@@ -74,6 +81,9 @@ public:
     /** The first of them. */
     Options resolvePreferredOptions (const Options& client) const;
 
+    /** Saves a change and looks at the file, whichever is due by the clock. A timer calls this in time. */
+    void runWhatIsDue();
+
 private:
     enum class Access
     {
@@ -83,7 +93,9 @@ private:
 
     explicit SettingsScopeManager (std::optional<Options> pendingOptions);
 
-    void timerCallback (int timerId) override;
+    void timerCallback() override { runWhatIsDue(); }
+
+    void wakeInTime();
 
     void changeFile (std::optional<Options> newOptions);
     void openAndLoad();
@@ -92,6 +104,10 @@ private:
     bool load();
     void save();
     void watch();
+
+    static constexpr auto never = std::numeric_limits<double>::infinity();
+    double saveDue = never;
+    double watchDue;
 
     bool perPluginScope = false;
     juce::String context;

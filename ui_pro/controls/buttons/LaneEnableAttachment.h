@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui_pro/primitives/ParameterTag.h"
+
 #include <juce_audio_processors/juce_audio_processors.h>
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -18,6 +20,7 @@ public:
               bypass, [this] (float value) { button.setToggleState (value < 0.5f, juce::dontSendNotification); }, undo),
           button (buttonToUse)
     {
+        primitives::setParameterIndex (button, bypass.getParameterIndex());
         button.setClickingTogglesState (true);
         button.addListener (this);
         sendInitialUpdate();

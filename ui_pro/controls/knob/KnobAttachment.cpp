@@ -1,5 +1,7 @@
 #include "ui_pro/controls/knob/KnobAttachment.h"
 
+#include "ui_pro/primitives/ParameterTag.h"
+
 #include <utility>
 
 namespace quillon::ui_pro::controls
@@ -13,6 +15,7 @@ KnobAttachment::KnobAttachment (juce::RangedAudioParameter& parameterToUse, Knob
       knob (knobToUse),
       hooks (std::move (hooksToUse))
 {
+    primitives::setParameterIndex (knob, parameter.getParameterIndex());
     knob.onDragStart = [this]
     {
         juce::NullCheckedInvocation::invoke (hooks.start);

@@ -42,6 +42,14 @@ void MeterPair::setLevels (float linearA, float linearB)
     showLevel (1, linearB);
 }
 
+void MeterPair::clear()
+{
+    for (auto& row : rows)
+        row.meter.clear();
+
+    setLevels (0.0f, 0.0f);
+}
+
 void MeterPair::showLevel (int index, float linear)
 {
     auto& row = rows[static_cast<std::size_t> (index)];

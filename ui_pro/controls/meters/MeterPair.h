@@ -19,6 +19,9 @@ public:
     /** Linear peaks, 1 for full scale. */
     void setLevels (float linearA, float linearB);
 
+    /** To the bottom, without a fall. */
+    void clear();
+
     void setColours (juce::Colour a, juce::Colour b);
 
     const SmallMeter& getMeter (int row) const { return rows[static_cast<std::size_t> (row)].meter; }

@@ -50,6 +50,12 @@ void MeterStrip::setLevels (float linearL, float linearR)
     repaintChangedSegments();
 }
 
+void MeterStrip::clear()
+{
+    levelDbL = levelDbR = toDb (0.0f);
+    repaintChangedSegments();
+}
+
 void MeterStrip::setGainReduction (float db)
 {
     const auto magnitude = std::isfinite (db) ? std::min (std::abs (db), largestReductionDb) : 0.0f;

@@ -23,6 +23,9 @@ public:
     /** Linear peaks, 1 for full scale. */
     void setLevels (float linearL, float linearR);
 
+    /** To the bottom, without a fall. */
+    void clear();
+
     /** In dB, its sign ignored, at most 36. Shows the third bar from the first call on. */
     void setGainReduction (float db);
 

@@ -25,9 +25,18 @@ SmallMeter::SmallMeter()
 void SmallMeter::setLevel (float linear)
 {
     const auto now = clock();
-    levelDb = nextMeterLevel (levelDb, toDb (linear), secondsBetween (lastUpdateMs, now));
+    show (nextMeterLevel (levelDb, toDb (linear), secondsBetween (lastUpdateMs, now)));
     lastUpdateMs = now;
+}
 
+void SmallMeter::clear()
+{
+    show (toDb (0.0f));
+}
+
+void SmallMeter::show (float db)
+{
+    levelDb = db;
     const auto before = std::exchange (lit, litSegments (meterFraction (levelDb), smallSegments));
 
     if (before != lit)

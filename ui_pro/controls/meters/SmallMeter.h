@@ -21,6 +21,9 @@ public:
     /** A linear peak, 1 for full scale. */
     void setLevel (float linear);
 
+    /** To the bottom, without a fall. */
+    void clear();
+
     void setColour (juce::Colour colour);
 
     float getLevelDb() const { return levelDb; }
@@ -36,6 +39,8 @@ public:
     std::function<double()> clock = juce::Time::getMillisecondCounterHiRes;
 
 private:
+    void show (float db);
+
     float levelDb = -48.0f;
     double lastUpdateMs = 0.0;
     juce::Colour barColour = style::Theme::get().meter.smallBar;

@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/buttons/LaneEnableAttachment.h"
 #include "ui_pro/controls/knob/KnobAttachment.h"
+#include "ui_pro/primitives/ParameterTag.h"
 
 #include <algorithm>
 #include <utility>
@@ -103,6 +104,7 @@ void EffectEditorScaffold::wireBoolButton (
 
     button.setClickingTogglesState (true);
     bracketClicks (button);
+    primitives::setParameterIndex (button, parameter->getParameterIndex());
     slot = std::make_unique<juce::ButtonParameterAttachment> (*parameter, button, undoManager);
     addClickAction (button, std::move (onChange));
 }
