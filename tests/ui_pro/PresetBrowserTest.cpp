@@ -165,6 +165,35 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "the host's again";
 }
 
+/** As when the system gives a clicked window its keyboard after the click, and the window hands it to what had it last.
+ */
+TEST (PresetBrowser, TakesTheKeyboardAgainFromWhatIsBehindIt)
+{
+    Rig rig;
+    auto& behind = *rig.selector->getComponentAt (20, 16);
+    rig.selector->openBrowser();
+    pumpMessages (1);
+    const auto late = [&]
+    {
+        behind.grabKeyboardFocus();
+        EXPECT_TRUE (behind.hasKeyboardFocus (false));
+        pumpMessages (20);
+    };
+
+    late();
+    EXPECT_TRUE (rig.popup().hasKeyboardFocus (true));
+    rig.clickPopup (400, 30);
+    ASSERT_NE (rig.openList(), nullptr);
+    late();
+    EXPECT_TRUE (rig.openList()->hasKeyboardFocus (true)) << "the list was opened last";
+    rig.press (Key::escapeKey);
+    EXPECT_EQ (rig.openList(), nullptr);
+    rig.press (Key::escapeKey);
+    EXPECT_FALSE (rig.isOpen());
+    late();
+    EXPECT_TRUE (behind.hasKeyboardFocus (false));
+}
+
 TEST (PresetBrowser, FiltersByMouseAndByKeys)
 {
     Rig rig;

@@ -8,9 +8,12 @@ namespace kestreleq::host
 
 juce::MemoryBlock readStateFile (const std::string& path)
 {
+    constexpr juce::ssize_t largest =
+        16 << 20; // bytes, far beyond any module's state: a path may lead to an endless device
     juce::MemoryBlock content;
+    juce::FileInputStream file (fileAt (path));
 
-    if (! fileAt (path).loadFileAsData (content) || content.isEmpty())
+    if (! file.openedOk() || file.readIntoMemoryBlock (content, largest + 1) == 0 || content.getSize() > largest)
         throw Failure ("cannot read a state from '" + path + "'");
 
     return content;

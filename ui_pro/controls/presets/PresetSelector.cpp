@@ -194,7 +194,7 @@ void PresetSelector::openBrowser()
     browser = std::make_unique<BrowserPopup> (*this);
     browser->setPreviewPainter (previewPainter);
     browser->showOver (*parent);
-    keyboard.take (browser->getSearchField());
+    keyboard.take (*browser, browser->getSearchField());
     display.setOpen (true);
 
     const SafePointer<PresetSelector> self (this);
