@@ -29,4 +29,9 @@ std::array<juce::Colour, numLanes> ChannelMode::outputColours() const
     return { lookOf (0).colour, lookOf (1).colour };
 }
 
+juce::Colour ChannelMode::neutral()
+{
+    return quillon::ui_pro::style::Theme::get().meter.input;
+}
+
 } // namespace kestreleq

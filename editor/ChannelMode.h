@@ -31,7 +31,7 @@ struct ChannelMode
     std::array<juce::Colour, numLanes> outputColours() const;
 
     /** The colour of everything that shows an input. */
-    static juce::Colour neutral() { return juce::Colour (0xff5d666b); }
+    static juce::Colour neutral();
 };
 
 } // namespace kestreleq

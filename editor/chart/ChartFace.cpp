@@ -20,17 +20,14 @@ constexpr std::array gridLevels { 12, 6, 0, -6, -12 };
 constexpr float labelSize = 10.5f;
 constexpr float cornerRadius = 6.0f;
 
-const juce::Colour zeroLine { 0x14ffffff };
-const juce::Colour otherLine { 0x08ffffff };
-
 controls::ChartGrid makeGrid (const controls::ChartAxes& axes)
 {
     return { .axes = axes,
         .frequencies = gridFrequencies,
         .levels = gridLevels,
-        .zeroLine = zeroLine,
-        .levelLine = otherLine,
-        .frequencyLine = otherLine,
+        .zeroLine = style::Theme::get().surface.responseZeroLine,
+        .levelLine = style::Theme::get().surface.responseGridLine,
+        .frequencyLine = style::Theme::get().surface.responseGridLine,
         .text = style::Theme::palette().textSecondary,
         .textSize = labelSize,
         .labels = controls::ChartGrid::Labels::outside };

@@ -14,7 +14,6 @@ using namespace quillon::ui_pro;
 
 constexpr float panelRadius = 8.0f;
 constexpr int captionLeft = 32; // in line with the power button
-const juce::Colour surface { 0xff12161a };
 
 } // namespace
 
@@ -65,7 +64,7 @@ void LanePanel::paintPanel (juce::Graphics& g) const
 {
     const auto& palette = style::Theme::palette();
     const auto r = getLocalBounds().toFloat();
-    primitives::fillPanel (g, r, surface, panelRadius);
+    primitives::fillPanel (g, r, style::Theme::get().surface.lanePanel, panelRadius);
     primitives::drawSheen (g, r, panelRadius, 0.03f, 0.01f);
     primitives::drawInnerShadow (g, r, panelRadius, 0.2f);
     g.setColour (palette.outline);

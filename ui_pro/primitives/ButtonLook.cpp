@@ -42,10 +42,11 @@ juce::Colour plateTextColour (juce::Colour accent, const ButtonLook& look)
 
 void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour accent, const ButtonLook& look)
 {
+    const auto& tokens = style::Theme::get().button;
     const auto lit = look.enabled ? accent : disabledAccent (accent);
     const auto plate = r.reduced (0.5f);
-    auto top = look.on ? plateOn.interpolatedWith (lit, 0.34f) : plateTop;
-    auto bottom = look.on ? plateOn.interpolatedWith (lit, 0.2f) : plateBottom;
+    auto top = look.on ? tokens.plateOn.interpolatedWith (lit, 0.34f) : tokens.plateTop;
+    auto bottom = look.on ? tokens.plateOn.interpolatedWith (lit, 0.2f) : tokens.plateBottom;
 
     if (! look.enabled)
     {
@@ -67,11 +68,11 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
     g.fillRoundedRectangle (plate, plateRadius);
 
     if (! look.enabled)
-        g.setColour (look.on ? lit : edgeDisabled);
+        g.setColour (look.on ? lit : tokens.edgeDisabled);
     else if (look.on)
         g.setColour (look.hovered ? lit.brighter (0.3f) : lit);
     else
-        g.setColour (look.hovered ? edge.brighter (0.4f) : edge);
+        g.setColour (look.hovered ? tokens.edge.brighter (0.4f) : tokens.edge);
 
     g.drawRoundedRectangle (plate, plateRadius, 1.0f);
 

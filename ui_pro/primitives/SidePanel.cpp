@@ -9,7 +9,6 @@ namespace
 {
 
 constexpr float cornerRadius = 5.0f;
-const juce::Colour surface { 0xff181c21 };
 
 } // namespace
 
@@ -38,7 +37,7 @@ void SidePanel::paint (juce::Graphics& g)
 void SidePanel::paintPanel (juce::Graphics& g) const
 {
     const auto r = getLocalBounds().toFloat();
-    fillPanel (g, r, surface, cornerRadius);
+    fillPanel (g, r, style::Theme::get().surface.sidePanel, cornerRadius);
     drawSheen (g, r, cornerRadius, 0.04f, 0.012f);
     drawInnerShadow (g, r, cornerRadius, 0.2f);
 

@@ -20,6 +20,10 @@ struct KnobTokens
     float dragDistance = 140.0f; // over the whole range
     float labelFontSize = 11.0f;
     float valueFontSize = 13.0f;
+    juce::Colour track { 0xff5f6972 };
+    juce::Colour trackDisabled { 0xff30383f };
+    juce::Colour bodyTop { 0xff343c44 };
+    juce::Colour bodyBottom { 0xff171b20 };
     juce::Colour disabledText { 0xff4a535b };
 };
 

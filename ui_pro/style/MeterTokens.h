@@ -10,6 +10,10 @@ struct MeterTokens
 {
     juce::Colour trough { 0xff050708 };
     juce::Colour unlit { 0xff0c1014 };
+    juce::Colour stripBar { 0xff444b4d };
+    juce::Colour smallBar { 0xff6a7178 };
+    juce::Colour gainReduction { 0xffff665f };
+    juce::Colour input { 0xff5d666b }; // of everything that shows an input
     float troughRadius = 2.0f;
     float stripTroughMargin = 2.0f;
     float smallTroughMargin = 1.5f;

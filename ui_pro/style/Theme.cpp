@@ -34,12 +34,6 @@ juce::Colour Theme::accentForId (AccentColorRole role)
         id > 0 && id < static_cast<int> (accents.size()) ? accents[static_cast<std::size_t> (id)] : accents[0]);
 }
 
-AccentColorRole Theme::roleOf (juce::Colour colour)
-{
-    const auto* const found = std::find (accents.begin(), accents.end(), colour.getARGB());
-    return accentRole (found == accents.end() ? 0 : static_cast<int> (found - accents.begin()));
-}
-
 float Theme::scaleFor (juce::Rectangle<int> area)
 {
     if (area.getWidth() < 1 || area.getHeight() < 1)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui_pro/style/AccentColorRole.h"
+#include "ui_pro/style/ButtonTokens.h"
 #include "ui_pro/style/HeaderToolTokens.h"
 #include "ui_pro/style/KnobTokens.h"
 #include "ui_pro/style/ListTokens.h"
@@ -9,6 +10,7 @@
 #include "ui_pro/style/PresetBrowserTokens.h"
 #include "ui_pro/style/ResizeHandleTokens.h"
 #include "ui_pro/style/Slots.h"
+#include "ui_pro/style/SurfaceTokens.h"
 
 namespace quillon::ui_pro::style
 {
@@ -27,9 +29,6 @@ struct Theme
 
     /** The colour of the role with this number. */
     static juce::Colour accent (int role) { return accentForId (accentRole (role)); }
-
-    /** The first role that has this colour; the brand accent for a colour outside the table. */
-    static AccentColorRole roleOf (juce::Colour colour);
 
     /** How much larger than the design canvas an area is: the smaller ratio of the two sides; 1 for an empty area. */
     static float scaleFor (juce::Rectangle<int> area);
@@ -57,6 +56,8 @@ struct Theme
     ListTokens modes { ListTokens::forModes() };
     ResizeHandleTokens resizeHandle;
     KnobTokens knob;
+    ButtonTokens button;
+    SurfaceTokens surface;
     PresetBrowserTokens presetBrowser;
 };
 

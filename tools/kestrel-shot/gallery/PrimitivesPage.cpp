@@ -17,7 +17,7 @@ struct AccentSwatches final : juce::Component
 {
     void paint (juce::Graphics& g) override
     {
-        for (int id = 0; id <= static_cast<int> (style::AccentColorRole::last); ++id)
+        for (int id = 0; id <= static_cast<int> (style::AccentColorRole::role30); ++id)
         {
             g.setColour (style::Theme::accent (id));
             g.fillRoundedRectangle (static_cast<float> (id) * 26.0f, 0.0f, 22.0f, 22.0f, 4.0f);

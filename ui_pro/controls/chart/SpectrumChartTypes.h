@@ -1,6 +1,6 @@
 #pragma once
 
-#include <juce_graphics/juce_graphics.h>
+#include "ui_pro/style/Theme.h"
 
 #include <cstdint>
 #include <functional>
@@ -43,8 +43,8 @@ struct SpectrumChartTraceConfig
     bool spectrumScale = true; // false: the values are gains, drawn as a difference
     bool signedDifference = true;
     bool fill = true;
-    juce::Colour zeroLineColour { 0xff6f777b };
-    juce::Colour gridColour { 0xff4a5256 };
+    juce::Colour zeroLineColour = style::Theme::get().surface.spectrumZeroLine;
+    juce::Colour gridColour = style::Theme::get().surface.spectrumGridLine;
     juce::Colour traceColour { 0x00000000 }; // transparent: the accent's
 
     SpectrumChartMode getMode() const

@@ -114,7 +114,12 @@ void KnobControl::setLayoutStyle (int newStyle)
 
 void KnobControl::setColourId (int newColourId)
 {
-    change (colourId, newColourId);
+    setAccent (style::Theme::accent (newColourId));
+}
+
+void KnobControl::setAccent (juce::Colour newAccent)
+{
+    change (accent, newAccent);
 }
 
 void KnobControl::setLabelFont (float size, juce::Colour colour)
@@ -200,7 +205,7 @@ void KnobControl::paint (juce::Graphics& g)
         });
 
     if (g.clipRegionIntersects (layout.knob))
-        paintKnobValue (g, knob, { value, style::Theme::accent (colourId), isEnabled(), dragging || isMouseOver() });
+        paintKnobValue (g, knob, { value, accent, isEnabled(), dragging || isMouseOver() });
 
     if (g.clipRegionIntersects (layout.value))
     {

@@ -54,6 +54,9 @@ public:
     /** An accent role of the theme. */
     void setColourId (int newColourId);
 
+    /** The colour itself. */
+    void setAccent (juce::Colour newAccent);
+
     /** Ignored unless the size is finite and positive. */
     void setLabelFont (float size, juce::Colour colour);
     void setValueFont (float size, juce::Colour colour);
@@ -119,7 +122,7 @@ private:
     bool showValue = true;
     int layoutStyle = 1;
     std::optional<juce::String> valueTextOverride;
-    int colourId = 16;
+    juce::Colour accent = style::Theme::accent (16);
     float labelFontSize = style::Theme::get().knob.labelFontSize;
     juce::Colour labelColour = style::Theme::palette().textPrimary;
     float valueFontSize = style::Theme::get().knob.valueFontSize;

@@ -14,11 +14,6 @@ constexpr float glowWidths[] { 4.0f, 2.0f }; // wider than the arc, the widest f
 constexpr float glowAlphas[] { 0.11f, 0.22f };
 constexpr float smallestFace = 6.0f; // below, there is room for a dot only
 
-const juce::Colour track { 0xff5f6972 };
-const juce::Colour trackDisabled { 0xff30383f };
-const juce::Colour bodyTop { 0xff343c44 };
-const juce::Colour bodyBottom { 0xff171b20 };
-
 /** The radii and widths that follow from the diameter. */
 struct Proportions
 {
@@ -94,8 +89,9 @@ void paintKnobBody (juce::Graphics& g, juce::Rectangle<float> r, bool enabled)
     if (std::min (r.getWidth(), r.getHeight()) < smallestFace)
         return;
 
+    const auto& tokens = style::Theme::get().knob;
     const Proportions size (r);
-    g.setColour (enabled ? track : trackDisabled);
+    g.setColour (enabled ? tokens.track : tokens.trackDisabled);
     fillArc (g, size.centre, size.arcRadius, size.trackWidth, knobStartAngle, knobStartAngle + knobSweep);
 
     // A soft shadow below lifts the body off the panel.
@@ -109,12 +105,13 @@ void paintKnobBody (juce::Graphics& g, juce::Rectangle<float> r, bool enabled)
 
     const auto body = circle (size.centre, size.bodyRadius);
     const auto dim = [enabled] (juce::Colour colour) { return enabled ? colour : colour.darker (0.45f); };
-    g.setGradientFill (juce::ColourGradient::vertical (dim (bodyTop), body.getY(), dim (bodyBottom), body.getBottom()));
+    g.setGradientFill (
+        juce::ColourGradient::vertical (dim (tokens.bodyTop), body.getY(), dim (tokens.bodyBottom), body.getBottom()));
     g.fillEllipse (body);
 
     const auto cap = circle (size.centre, 0.8f * size.bodyRadius);
-    g.setGradientFill (juce::ColourGradient::vertical (
-        dim (bodyBottom.brighter (0.06f)), cap.getY(), dim (bodyBottom.brighter (0.19f)), cap.getBottom()));
+    g.setGradientFill (juce::ColourGradient::vertical (dim (tokens.bodyBottom.brighter (0.06f)), cap.getY(),
+        dim (tokens.bodyBottom.brighter (0.19f)), cap.getBottom()));
     g.fillEllipse (cap);
 
     const auto light = juce::Colours::white;

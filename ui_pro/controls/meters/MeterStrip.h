@@ -3,6 +3,7 @@
 #include "ui_pro/controls/meters/MeterStripLayout.h"
 #include "ui_pro/controls/meters/SegmentedBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/style/Theme.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -62,9 +63,9 @@ private:
     float levelDbR = -48.0f;
     float gainReductionDb = 0.0f;
     double lastUpdateMs = 0.0;
-    juce::Colour barColourL { 0xff444b4d };
-    juce::Colour barColourR { 0xff444b4d };
-    juce::Colour gainReductionColour { 0xffff665f };
+    juce::Colour barColourL = style::Theme::get().meter.stripBar;
+    juce::Colour barColourR = style::Theme::get().meter.stripBar;
+    juce::Colour gainReductionColour = style::Theme::get().meter.gainReduction;
     juce::String labelL { "IN" };
     juce::String labelR { "OUT" };
     bool showGainReduction = false;

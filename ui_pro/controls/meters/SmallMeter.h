@@ -2,6 +2,7 @@
 
 #include "ui_pro/controls/meters/SegmentedBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/style/Theme.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -42,7 +43,7 @@ private:
 
     float levelDb = -48.0f;
     double lastUpdateMs = 0.0;
-    juce::Colour barColour { 0xff6a7178 };
+    juce::Colour barColour = style::Theme::get().meter.smallBar;
 
     SegmentedBar bar;
     int lit = 0;

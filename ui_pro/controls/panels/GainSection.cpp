@@ -37,7 +37,7 @@ GainSection::GainSection (const juce::String& title, juce::Colour accent)
         knob->setLabel ("GAIN");
         knob->setTitle (title + " GAIN " + juce::String (++number));
         knob->setTooltip ("Drag up or down; a double-click sets the default.");
-        knob->setColourId (static_cast<int> (style::Theme::roleOf (accent)));
+        knob->setAccent (accent);
         knob->setMaxDiameter (largestKnob);
         knob->setLabelGap (2);
         knob->setValueGap (2);

@@ -35,7 +35,7 @@ GlobalIoPanel::GlobalIoPanel (juce::Colour primary)
 
     trim.setLabel ("TRIM");
     trim.setTooltip ("Level of both channels at the end. Drag up or down; a double-click sets the default.");
-    trim.setColourId (static_cast<int> (style::Theme::roleOf (primary)));
+    trim.setAccent (primary);
     trim.setMaxDiameter (largestTrim);
     trim.setLabelFont (12.0f, style::Theme::palette().textPrimary);
     trim.setValueFont (14.0f, style::Theme::palette().textPrimary);

@@ -22,8 +22,6 @@ constexpr int gridGap = 8;
 constexpr int smallestButton = 32;
 constexpr int largestButton = 40;
 
-const juce::Colour cardColour { 0xff0d1114 };
-
 } // namespace
 
 /** A label and its value, or a text over the whole width when there is no label. */
@@ -198,7 +196,7 @@ void SupportDiagnosticsPanel::Sheet::paintSurface (juce::Graphics& g) const
     const auto statusFont = style::boldFont (11.0f);
     const auto statusWidth = juce::GlyphArrangement::getStringWidthInt (statusFont, status) + 36;
     const auto badge = header.removeFromRight (statusWidth).withSizeKeepingCentre (statusWidth, 22).toFloat();
-    g.setColour (cardColour);
+    g.setColour (style::Theme::get().surface.card);
     g.fillRoundedRectangle (badge.reduced (0.5f), 11.0f);
     g.setColour (palette.outlineStrong);
     g.drawRoundedRectangle (badge.reduced (0.5f), 11.0f, 1.0f);
@@ -227,7 +225,7 @@ void SupportDiagnosticsPanel::Sheet::paintSurface (juce::Graphics& g) const
         g.drawFittedText (message, subtitle, juce::Justification::topLeft, 1, 0.7f);
     }
 
-    primitives::fillPanel (g, card.toFloat(), cardColour, 6.0f);
+    primitives::fillPanel (g, card.toFloat(), style::Theme::get().surface.card, 6.0f);
     primitives::drawInnerShadow (g, card.toFloat(), 6.0f, 0.35f);
     g.setColour (palette.outline);
     g.drawRoundedRectangle (card.toFloat().reduced (0.5f), 6.0f, 1.0f);
