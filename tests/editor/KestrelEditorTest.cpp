@@ -179,16 +179,15 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
         return count;
     };
     const auto command = juce::ModifierKeys::ctrlModifier;
-    juce::String copied; // nothing yet
     rig.processor.setCurrentProgram (3);
-    rig.press ('c', command);
-    rig.set ("sub", 0.9f);
     juce::MemoryBlock saved;
     rig.processor.getStateInformation (saved);
 
-    rig.clipboardText.swapWith (copied);
     rig.tick(); // sees nothing to paste; then another instance copies
-    rig.clipboardText.swapWith (copied);
+    ProcessorRig other;
+    StateClipboard source (other.processor);
+    source.write = [&rig] (const juce::String& text) { rig.clipboardText = text; };
+    source.copy();
     rig.press ('v', command);
     EXPECT_EQ (label(), "07  Custom");
     EXPECT_EQ (rig.editor->getHeader().getBar().getPresetName(), "Custom");
