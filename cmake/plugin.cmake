@@ -1,8 +1,15 @@
-# The plug-in: a VST3 module, and a Standalone application for development.
+# The plug-in: a VST3 module, and a Standalone application for development. The maker's addresses are the manifest's.
+file(READ "${CMAKE_SOURCE_DIR}/resources/manifest.json" manifest)
+string(JSON maker_website GET "${manifest}" resources websiteUrl)
+string(JSON maker_email GET "${manifest}" resources supportUrl)
+string(REPLACE "mailto:" "" maker_email "${maker_email}")
+
 juce_add_plugin(KestrelEQ
     PLUGIN_NAME "Kestrel EQ"
     PRODUCT_NAME KestrelEQ
     COMPANY_NAME Quillon
+    COMPANY_WEBSITE "${maker_website}"
+    COMPANY_EMAIL "${maker_email}"
     BUNDLE_ID com.quillon.kestreleq
     PLUGIN_MANUFACTURER_CODE Quil
     PLUGIN_CODE KsEq
@@ -41,4 +48,11 @@ endif()
 
 if(TARGET KestrelEQ_VST3)
     include("${CMAKE_SOURCE_DIR}/cmake/mended-wrapper.cmake")
+
+    # What a host's browser shows: the editor's picture, under the ID of the effect's class. In place before moduleinfo.json
+    # is written.
+    get_target_property(bundle KestrelEQ_VST3 JUCE_PLUGIN_ARTEFACT_FILE)
+    add_custom_command(TARGET KestrelEQ_VST3 PRE_LINK COMMAND "${CMAKE_COMMAND}" -E copy_if_different
+        "${CMAKE_SOURCE_DIR}/docs/images/editor.png"
+        "${bundle}/Contents/Resources/Snapshots/ABCDEF019182FAEB5175696C4B734571_snapshot.png" VERBATIM)
 endif()

@@ -12,6 +12,11 @@ namespace
 
 using quillon::ui_pro::style::Theme;
 
+constexpr double smallestScale = 0.5;
+constexpr double scaleStep = 0.05;
+constexpr int largestScaleStep = 30;
+constexpr int titleBarHeight = 48; // with what a host adds to it
+
 constexpr int footerRise = 83; // the theme's strip stands on a taller canvas
 constexpr int meterPairWidth = 360;
 constexpr int footerLabelHeight = 18;
@@ -23,6 +28,24 @@ constexpr int chartOffset = 148;
 constexpr int chartHeight = 196;
 
 } // namespace
+
+int stepOfScale (float scale)
+{
+    return std::clamp (static_cast<int> (std::lround ((static_cast<double> (scale) - smallestScale) / scaleStep)), 0,
+        largestScaleStep);
+}
+
+juce::Rectangle<int> openingSize (int step, juce::Rectangle<int> userArea)
+{
+    auto scale = smallestScale + scaleStep * std::clamp (step, 0, largestScaleStep);
+
+    if (! userArea.isEmpty())
+        scale = std::max (smallestScale,
+            std::min ({ scale, static_cast<double> (userArea.getWidth()) / designWidth,
+                static_cast<double> (userArea.getHeight() - titleBarHeight) / designHeight }));
+
+    return { juce::roundToInt (designWidth * scale), juce::roundToInt (designHeight * scale) };
+}
 
 juce::AffineTransform ContentPlacement::transform() const
 {

@@ -27,6 +27,13 @@ struct ContentPlacement
 /** The largest canvas that the window takes, centred. */
 ContentPlacement placeContent (int windowWidth, int windowHeight);
 
+/** The window's scale is kept as a step: 0 is half the design's size, 30 twice. The nearest to a scale. */
+int stepOfScale (float scale);
+
+/** How large a window opens: as its step says (below 0: none was kept), or less where that would not fit with its title
+   bar into the display's user area, whose size is in the window's pixels; an empty area counts for nothing. */
+juce::Rectangle<int> openingSize (int step, juce::Rectangle<int> userArea);
+
 struct Lane
 {
     juce::Rectangle<int> panel;

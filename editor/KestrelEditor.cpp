@@ -1,13 +1,13 @@
 #include "editor/KestrelEditor.h"
 
 #include "editor/EditorLayout.h"
+#include "editor/GlobalParameters.h"
 #include "editor/SupportRecord.h"
 #include "ui_pro/controls/presets/PresetBrowserPopup.h"
 #include "ui_pro/primitives/DropDownList.h"
 #include "ui_pro/primitives/ParameterTag.h"
 #include "ui_pro/style/Theme.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace kestreleq
@@ -23,11 +23,6 @@ constexpr int smallestHeight = layout::designHeight / 2;
 constexpr int largestWidth = layout::designWidth * 2;
 constexpr int largestHeight = layout::designHeight * 2;
 
-// The window's size is kept as a step of its scale.
-constexpr double smallestScale = 0.5;
-constexpr double scaleStep = 0.05;
-constexpr int largestScaleStep = 30;
-
 /** Only KestrelEditor::mouseDown decides what a click does with the keyboard. */
 void keepFocusFromClicks (juce::Component& component)
 {
@@ -35,28 +30,6 @@ void keepFocusFromClicks (juce::Component& component)
 
     for (auto* child : component.getChildren())
         keepFocusFromClicks (*child);
-}
-
-constexpr auto idOf (Parameter parameter)
-{
-    return infoOf (parameter).id;
-}
-
-controls::ParameterIds globalParameters()
-{
-    controls::ParameterIds ids;
-    ids.bypass = idOf (Parameter::bypass);
-    ids.link = idOf (Parameter::link);
-    ids.msMode = idOf (Parameter::msMode);
-    ids.inGainLink = idOf (Parameter::inGainLink);
-    ids.outGainLink = idOf (Parameter::outGainLink);
-    ids.inAutoGain = idOf (Parameter::inAutoGain);
-    ids.outAutoGain = idOf (Parameter::outAutoGain);
-    ids.inGain1 = idOf (Parameter::inGain1);
-    ids.inGain2 = idOf (Parameter::inGain2);
-    ids.outGain1 = idOf (Parameter::outGain1);
-    ids.outGain2 = idOf (Parameter::outGain2);
-    return ids;
 }
 
 } // namespace
@@ -135,8 +108,8 @@ void KestrelEditor::initialiseScaffold()
     scaffold->onMsModeChanged = [this] { triggerAsyncUpdate(); };
     scaffold->setLaneAreaVisible (false);
     scaffold->setExtraContent (&breakWrapper);
-    scaffold->wireKnob (idOf (Parameter::trim), scaffold->getGlobalPanel().getTrimKnob(), trimAttachment);
-    scaffold->wireBoolButton (idOf (Parameter::breakMode), breakButton, breakAttachment);
+    scaffold->wireKnob (infoOf (Parameter::trim).id, scaffold->getGlobalPanel().getTrimKnob(), trimAttachment);
+    scaffold->wireBoolButton (infoOf (Parameter::breakMode).id, breakButton, breakAttachment);
     content.addAndMakeVisible (*scaffold);
 }
 
@@ -258,10 +231,9 @@ void KestrelEditor::initialiseWindow()
     setWantsKeyboardFocus (true);
     addKeyListener (&header.getKeyListener());
 
-    const auto step = processor.getEditorScaleStep();
-    const auto openingScale = step < 0 ? smallestScale : smallestScale + scaleStep * std::min (step, largestScaleStep);
-    setSize (
-        juce::roundToInt (layout::designWidth * openingScale), juce::roundToInt (layout::designHeight * openingScale));
+    const auto* const display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
+    setBounds (layout::openingSize (
+        processor.getEditorScaleStep(), display != nullptr ? display->userArea : juce::Rectangle<int>()));
     openingBounds = getLocalBounds();
     constructed = true;
 
@@ -310,8 +282,7 @@ void KestrelEditor::storeScaleStep()
     if (! constructed || getLocalBounds() == openingBounds)
         return;
 
-    const auto step = juce::roundToInt ((static_cast<double> (scale) - smallestScale) / scaleStep);
-    processor.setEditorScaleStep (std::clamp (step, 0, largestScaleStep));
+    processor.setEditorScaleStep (layout::stepOfScale (scale));
     openingBounds = {}; // from the first other size on, every size counts
 }
 

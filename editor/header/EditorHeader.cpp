@@ -87,12 +87,14 @@ void EditorHeader::stepProgram (int distance)
 void EditorHeader::showPreset()
 {
     const auto preset = processor.getPreset();
+    const auto name = preset.isCustom ? juce::String ("Custom") : processor.getProgramName (preset.program);
     presetSelector.setEntries (makePresetEntries (preset.isCustom ? -1 : preset.program));
+    bar.setPresetName (name);
 
     if (preset.isCustom) // it comes after the programs and is none of them
-        presetSelector.setCurrentPreset (numPrograms, numPrograms + 1, "Custom");
+        presetSelector.setCurrentPreset (numPrograms, numPrograms + 1, name);
     else
-        presetSelector.setCurrentPreset (preset.program, numPrograms, processor.getProgramName (preset.program));
+        presetSelector.setCurrentPreset (preset.program, numPrograms, name);
 }
 
 void EditorHeader::initialiseABControl()
@@ -130,6 +132,7 @@ void EditorHeader::initialiseABControl()
     actions.redoName = [&manager] { return manager.getRedoDescription(); };
     actions.canCopy = [] { return true; };
     actions.canPaste = [this] { return clipboard.canPaste(); };
+    actions.canPasteNow = [this] { return clipboard.canPasteNow(); };
     actions.copy = [this] { clipboard.copy(); };
     actions.paste = [this]
     {

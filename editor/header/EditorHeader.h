@@ -46,6 +46,8 @@ public:
 
     juce::KeyListener& getKeyListener() { return commands.getKeyForwarder(); }
 
+    quillon::ui_pro::layout::HeaderBar& getBar() { return bar; }
+
     quillon::ui_pro::controls::PresetSelector& getPresetSelector() { return presetSelector; }
 
     quillon::ui_pro::controls::MenuControl& getMenu() { return menu; }

@@ -33,6 +33,12 @@ bool StateClipboard::canPaste()
     return hasText;
 }
 
+bool StateClipboard::canPasteNow()
+{
+    lastLook = -1.0;
+    return canPaste();
+}
+
 void StateClipboard::copy()
 {
     const auto xml = processor.getCore().copyState().createXml();

@@ -22,6 +22,9 @@ public:
     /** Whether there is any text to paste, as of the last second: asking another program for its text may take long. */
     bool canPaste();
 
+    /** The same as of now: another instance may just have copied. */
+    bool canPasteNow();
+
     // The system's own unless replaced.
     std::function<juce::String()> read;
     std::function<void (const juce::String&)> write;

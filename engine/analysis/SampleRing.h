@@ -64,8 +64,8 @@ private:
 
     std::vector<float> samples;
     std::size_t mask = 0;
-    std::atomic<std::size_t> writeIndex { 0 };
-    std::atomic<std::size_t> readIndex { 0 };
+    alignas (64) std::atomic<std::size_t> writeIndex { 0 }; // a cache line each: two threads write them
+    alignas (64) std::atomic<std::size_t> readIndex { 0 };
 };
 
 } // namespace kestreleq::analysis

@@ -3,6 +3,7 @@
 #include "engine/parameters/ParameterTable.h"
 #include "engine/parameters/ParameterText.h"
 
+#include <cmath>
 #include <memory>
 
 namespace kestreleq
@@ -39,6 +40,13 @@ public:
     bool isBoolean() const override { return info.stepped; }
 
 private:
+    /** A host may send what is no number. */
+    void valueChanged (float newValue) override
+    {
+        if (! std::isfinite (newValue))
+            AudioParameterFloat::operator= (0.0f);
+    }
+
     static juce::AudioParameterFloatAttributes attributesOf (const ParameterInfo& info)
     {
         const auto& conversion = textConversion (info.text);

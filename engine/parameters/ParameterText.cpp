@@ -34,8 +34,10 @@ double numberIn (const juce::String& text)
     const auto trimmed = text.removeCharacters ("dBkKhHzZ").trim();
     const auto number = trimmed.getDoubleValue();
 
-    // "nan" and "inf" are words, not numbers. "1e999" is one: infinite here, and treated so by what takes it.
-    return std::isfinite (number) || trimmed.containsAnyOf ("0123456789") ? number : 0.0;
+    // What begins with "nan" or "inf" is a word, whatever follows. "1e999" is a number: infinite here, and treated so
+    // by what takes it.
+    const bool isWord = trimmed.trimCharactersAtStart ("+-").substring (0, 1).containsOnly ("nNiI");
+    return isWord ? 0.0 : number;
 }
 
 juce::String gainText (float value, double span, const char* unit)

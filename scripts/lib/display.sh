@@ -50,7 +50,8 @@ place() { [ -n "${places[$1]:-}" ] && echo "${places[$1]}" || fail "the places o
 middle() { place "$1" | awk '{ print int($1 + $3 / 2), int($2 + $4 / 2) }'; }
 
 window_id() { timeout 5 xdotool search --onlyvisible --name '^Kestrel ?EQ$' 2>/dev/null | tail -n 1; }
-has_window() { [ -n "$(window_id)" ]; }
+# has_window : whether there is one; its number is then in 'window'.
+has_window() { window=$(window_id) && [ -n "$window" ]; }
 # closed WINDOW : asks the window manager to close it, as a user does, for as long as it is there.
 closed() {
     has_window || return 0

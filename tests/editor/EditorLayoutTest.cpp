@@ -23,6 +23,24 @@ TEST (EditorLayout, TheCanvasFillsAnyWindowAndIsCentred)
     EXPECT_EQ (layout::placeContent (836, 1000).bounds, Bounds (0, 285, 836, 429));
 }
 
+TEST (EditorLayout, AWindowOpensAsLargeAsItWasButNoLargerThanItsDisplay)
+{
+    const Bounds none, laptop (0, 0, 1366, 728), wide (0, 0, 5000, 728), tiny (0, 0, 640, 400);
+    EXPECT_EQ (layout::openingSize (-1, none), Bounds (836, 429));
+    EXPECT_EQ (layout::openingSize (1000, none), Bounds (3344, 1716));
+    EXPECT_EQ (layout::openingSize (3, laptop), layout::openingSize (3, none));
+
+    for (const auto& display : { laptop, wide })
+    {
+        const auto window = layout::openingSize (30, display);
+        EXPECT_LE (window.getWidth(), display.getWidth());
+        EXPECT_LT (window.getHeight(), display.getHeight()) << "the title bar stands above it";
+        EXPECT_NEAR (static_cast<double> (window.getWidth()) / window.getHeight(), 836.0 / 429.0, 0.005);
+    }
+
+    EXPECT_EQ (layout::openingSize (30, tiny), Bounds (836, 429)) << "it cannot be made smaller";
+}
+
 TEST (EditorLayout, LanesShareThePlaceOrLaneATakesIt)
 {
     const auto linked = layout::placeLane (0, true);

@@ -1,3 +1,4 @@
+#include "tests/support/Components.h"
 #include "tests/support/EditorRig.h"
 
 #include "ui_pro/controls/presets/PresetBrowserPopup.h"
@@ -14,25 +15,6 @@ namespace
 using quillon::ui_pro::controls::KnobControl;
 using quillon::ui_pro::primitives::DropDownList;
 using quillon::ui_pro::primitives::FaceButton;
-
-/** The visible control with this title, or null. */
-template <typename Control>
-Control* findControl (juce::Component& root, const juce::String& title)
-{
-    for (auto* child : root.getChildren())
-    {
-        if (! child->isVisible())
-            continue;
-
-        if (auto* control = dynamic_cast<Control*> (child); control != nullptr && control->getTitle() == title)
-            return control;
-
-        if (auto* found = findControl<Control> (*child, title))
-            return found;
-    }
-
-    return nullptr;
-}
 
 using Prepare = void (*) (EditorRig&);
 using State = juce::String (*) (EditorRig&);
@@ -151,7 +133,7 @@ TEST (Reach, EveryButtonIsWorkedByMouseByKeyboardAndByVoice)
             WideRig rig;
             row.prepare (rig);
             rig.tick();
-            auto* const button = findControl<FaceButton> (*rig.editor, row.title);
+            auto* const button = findTitled<FaceButton> (*rig.editor, row.title);
             ASSERT_NE (button, nullptr) << row.title;
             EXPECT_NE (button->getTooltip(), "") << row.title;
             const auto before = row.state (rig);
@@ -175,7 +157,7 @@ TEST (Reach, EveryKnobTakesByVoiceWhatItShows)
     for (const auto& [title, parameter] : { std::pair { "TRIM", Parameter::trim },
              { "INPUT GAIN 1", Parameter::inGain1 }, { "INPUT GAIN 2", Parameter::inGain2 },
              { "OUTPUT GAIN 1", Parameter::outGain1 }, { "OUTPUT GAIN 2", Parameter::outGain2 } })
-        knobs.emplace_back (findControl<KnobControl> (*rig.editor, title), &infoOf (parameter));
+        knobs.emplace_back (findTitled<KnobControl> (*rig.editor, title), &infoOf (parameter));
 
     for (const auto& [knob, info] : knobs)
     {
@@ -230,7 +212,7 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
         EXPECT_EQ (walked.joinIntoString ("\n"), expected.joinIntoString ("\n"));
     }
 
-    auto& copy = *findControl<FaceButton> (*rig.editor, "Copy");
+    auto& copy = *findTitled<FaceButton> (*rig.editor, "Copy");
     copy.grabKeyboardFocus();
     rig.window.click (rig.window.getLocalPoint (&copy, copy.getLocalBounds().getCentre()));
     EXPECT_TRUE (rig.editor->hasKeyboardFocus (false));

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <atomic>
+#include <stdexcept>
 #include <thread>
 
 namespace kestreleq::test
@@ -132,6 +133,19 @@ TEST (EditHistory, ProgramsAndChartDragsHaveNames)
     EXPECT_EQ (rig.heard(), program);
     rig.history().undo();
     EXPECT_EQ (rig.heard(), before);
+}
+
+TEST (EditHistory, AnOperationThatThrowsIsOverAndAPendingNameIsForTheNextStepOnly)
+{
+    HistoryRig rig;
+    rig.drag ("sub", 0.8f);
+    EXPECT_THROW (rig.history().perform ("broken", [] { throw std::runtime_error ("broken"); }), std::runtime_error);
+    EXPECT_TRUE (rig.history().undo());
+
+    rig.processor.setPendingTransactionName ("Move chart node");
+    rig.processor.setCurrentProgram (2);
+    rig.drag ("trim", 0.2f);
+    EXPECT_EQ (rig.manager().getUndoDescription(), "TRIM");
 }
 
 TEST (EditHistory, ASnapshotIsOneStepWithTheLanesAsTheyAre)

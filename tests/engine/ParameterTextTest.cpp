@@ -60,6 +60,8 @@ TEST (ParameterText, ReadsWhatPeopleType)
              { "outGain1", "loud", 0.5f },
              { "outGain1", "nan", 0.5f },
              { "outGain1", "inf", 0.5f },
+             { "outGain1", "nan7", 0.5f },
+             { "outGain1", "-INF 7", 0.5f },
              { "outGain1", "1e999 dB", 0.0f },
              { "trim", "-1e999", 0.0f },
              { "outGain1", "", 0.5f },

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -102,7 +103,15 @@ TEST (State, TakesOnlyWhatItCanHold)
     rig.restore (wrapped (R"(<Parameters currentProgram="-3"/>)"));
     EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
     EXPECT_EQ (rig.processor.getEditorScaleStep(), -1);
-    EXPECT_FALSE (rig.save().toString().contains ("nobody"));
+    const auto text = [&]
+    {
+        const auto block = rig.save();
+        return juce::AudioProcessor::getXmlFromBinary (block.getData(), static_cast<int> (block.getSize()))->toString();
+    };
+    EXPECT_FALSE (text().contains ("nobody"));
+    rig.set ("trim", std::numeric_limits<float>::quiet_NaN()); // some host's
+    EXPECT_EQ (heard (rig, "trim"), 0.0f);
+    EXPECT_FALSE (text().contains ("nan"));
 
     // What a state has left out is in the next one that is saved, values of 0 too.
     const auto saved = rig.save();

@@ -77,6 +77,22 @@ TEST (Conformance, OpensAndClosesInAnyOrder)
     EXPECT_GE (module.getFactory()->release(), 1u);
 }
 
+TEST (Conformance, TellsWhoMadeItAndWhatItLooksLike)
+{
+    Vst3Module module;
+    PFactoryInfo maker;
+    EXPECT_EQ (module.getFactory()->getFactoryInfo (&maker), kResultOk);
+    EXPECT_STREQ (maker.vendor, "Quillon");
+    EXPECT_STREQ (maker.url, "https://quillon.example/en");
+    EXPECT_STREQ (maker.email, "support@quillon.example");
+
+    PClassInfo effect;
+    EXPECT_EQ (module.getFactory()->getClassInfo (0, &effect), kResultOk);
+    const auto id = juce::String::toHexString (effect.cid, sizeof (effect.cid), 0).toUpperCase();
+    const auto picture = "Contents/Resources/Snapshots/" + id + "_snapshot.png";
+    EXPECT_TRUE (juce::File (KESTREL_MODULE_PATH).getChildFile (picture).existsAsFile()) << picture;
+}
+
 // In whatever order a confused host makes its calls, none of them fails badly and no sample is lost to NaN.
 TEST (Conformance, StandsCallsInAnyOrder)
 {
@@ -324,7 +340,8 @@ TEST (Conformance, AStateThatEndsWithAFalseLengthIsReadToItsEnd)
     const auto initial = instance.save();
     ParameterChanges changes;
     changes.add (parameterId (*instance.controller, "trim"), 0.25);
-    NoiseBlocks (instance, 512, 512, &changes);
+    std::vector<float> left (512), right (512);
+    EXPECT_EQ (instance.process (left.data(), right.data(), 512, &changes), kResultOk);
     const auto state = instance.save();
 
     // The framework's wrapper puts a length, which is 0, and a name behind every state.

@@ -5,18 +5,19 @@
 namespace kestreleq::test
 {
 
-/** The first visible component within `root` with this title, or null. */
-inline juce::Component* findTitled (juce::Component& root, const juce::String& title)
+/** The first visible component within `root` of this kind and with this title, or null. */
+template <typename Kind = juce::Component>
+Kind* findTitled (juce::Component& root, const juce::String& title)
 {
     for (auto* child : root.getChildren())
     {
         if (! child->isVisible())
             continue;
 
-        if (child->getTitle() == title)
-            return child;
+        if (auto* kind = dynamic_cast<Kind*> (child); kind != nullptr && child->getTitle() == title)
+            return kind;
 
-        if (auto* found = findTitled (*child, title))
+        if (auto* found = findTitled<Kind> (*child, title))
             return found;
     }
 

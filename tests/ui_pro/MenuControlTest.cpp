@@ -1,5 +1,4 @@
 #include "tests/support/Components.h"
-#include "tests/support/MessagePump.h"
 #include "tests/support/Window.h"
 
 #include "ui_pro/controls/header/MenuControl.h"
@@ -48,21 +47,8 @@ protected:
     juce::String chosen;
 };
 
-TEST (MenuItem, TextsAreTrimmedAndAnItemIsNeverWithoutAName)
-{
-    for (const auto& [kind, expected] : { std::pair { 0, "Untitled" }, { 1, "Untitled" }, { 2, "Untitled" }, { 3, "" },
-             { 4, "" }, { 5, "Untitled" }, { 6, "" } })
-    {
-        const auto cleaned = controls::cleanedMenuItems ({ { {}, static_cast<Kind> (kind), "   ", {}, {}, {} } });
-        EXPECT_EQ (cleaned.front().text, expected) << kind;
-    }
-
-    EXPECT_EQ (controls::cleanedMenuItems (menuExamples()).front().text, "Reset");
-}
-
 TEST_F (MenuControlTest, AClickOpensAndChoosingHandsTheItemOver)
 {
-    EXPECT_TRUE (menu.getAccessibilityHandler()->getCurrentState().isCollapsed());
     clickButton();
     ASSERT_NE (menu.getPopup(), nullptr);
     EXPECT_TRUE (menu.getAccessibilityHandler()->getCurrentState().isExpanded());
@@ -76,8 +62,6 @@ TEST_F (MenuControlTest, AClickOpensAndChoosingHandsTheItemOver)
     clickButton();
     clickButton();
     EXPECT_EQ (menu.getPopup(), nullptr);
-    menu.getAccessibilityHandler()->getActions().invoke (juce::AccessibilityActionType::showMenu);
-    EXPECT_TRUE (pumpMessagesUntil ([this] { return menu.getPopup() != nullptr; }, 2000));
 }
 
 TEST_F (MenuControlTest, EmptyingTheItemsClosesAndOtherItemsShow)
@@ -96,14 +80,11 @@ TEST_F (MenuControlTest, EmptyingTheItemsClosesAndOtherItemsShow)
     menu.setItemHandler (nullptr);
     menu.openPopup();
     EXPECT_EQ (menu.getPopup(), nullptr);
-}
 
-TEST_F (MenuControlTest, TheHandlerMayReplaceTheItems)
-{
     menu.setItemHandler (
         [this] (const MenuItem& item)
         {
-            menu.setItems ({});
+            menu.setItems ({}); // in the middle of its own call
             chosen << item.id;
             return false;
         });

@@ -2,7 +2,6 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/Window.h"
 
-#include "ui_pro/chrome/ResizeHandleLookAndFeel.h"
 #include "ui_pro/overlays/SlideInOverlay.h"
 
 #include <gtest/gtest.h>
@@ -93,31 +92,12 @@ TEST_F (SlideInOverlayTest, ShowingWhatIsShownOrOpeningRestartsNothing)
     overlay.show (&first);
     advance (100);
     EXPECT_EQ (overlay.getProgress(), 1.0f);
-
     overlay.show (&first);
     EXPECT_FALSE (overlay.isAnimating());
     EXPECT_EQ (opened.size(), 1u);
 }
 
-TEST_F (SlideInOverlayTest, AnotherContentWaitsUntilTheFirstIsOut)
-{
-    open (first);
-    overlay.show (&second);
-    advance (80);
-    EXPECT_EQ (overlay.getContent(), &first);
-    overlay.show (&second); // does not begin the way out again
-    advance (80);
-    EXPECT_EQ (overlay.getContent(), &second);
-    EXPECT_FALSE (first.isVisible());
-    EXPECT_EQ (overlay.getProgress(), 0.0f);
-    EXPECT_TRUE (overlay.isVisible());
-
-    advance (200);
-    EXPECT_EQ (second.getBounds(), overlay.getLocalBounds());
-    EXPECT_EQ (opened.back(), &second);
-}
-
-TEST_F (SlideInOverlayTest, TheFirstComesBackWhenWantedWhileItLeaves)
+TEST_F (SlideInOverlayTest, AnotherContentWaitsUntilTheFirstIsOutAndTheFirstMayComeBack)
 {
     open (first);
     overlay.show (&second);
@@ -128,6 +108,18 @@ TEST_F (SlideInOverlayTest, TheFirstComesBackWhenWantedWhileItLeaves)
     advance (200);
     EXPECT_EQ (overlay.getContent(), &first);
     EXPECT_FALSE (overlay.isAnimating()); // the other one is forgotten
+
+    overlay.show (&second);
+    advance (80);
+    EXPECT_EQ (overlay.getContent(), &first);
+    overlay.show (&second); // does not begin the way out again
+    advance (80);
+    EXPECT_EQ (overlay.getContent(), &second);
+    EXPECT_FALSE (first.isVisible());
+    EXPECT_EQ (overlay.getProgress(), 0.0f);
+    advance (200);
+    EXPECT_EQ (second.getBounds(), overlay.getLocalBounds());
+    EXPECT_EQ (opened.back(), &second);
 }
 
 TEST_F (SlideInOverlayTest, EscapeTurnsAnOpeningBackWithoutAJump)
@@ -257,28 +249,6 @@ TEST (SlideInOverlay, MayBeDeletedByItsCallbackOrInItsAnimation)
     overlay->show (&content);
     overlay.reset();
     EXPECT_EQ (content.getParentComponent(), nullptr);
-}
-
-TEST (ResizeHandle, IsADotAndTwoStrokesWhoseColourTellsTheState)
-{
-    const auto draw = [] (bool over, bool dragging)
-    {
-        juce::Image picture (juce::Image::ARGB, 18, 18, true, juce::SoftwareImageType());
-        juce::Graphics g (picture);
-        chrome::ResizeHandleLookAndFeel().drawCornerResizer (g, 18, 18, over, dragging);
-        return picture;
-    };
-
-    const auto idle = draw (false, false);
-    EXPECT_GT (idle.getPixelAt (15, 15).getAlpha(), 8);  // the dot in the corner, over four pixels
-    EXPECT_GT (idle.getPixelAt (12, 12).getAlpha(), 20); // on the stroke from (10, 15) to (15, 10)
-    EXPECT_GT (idle.getPixelAt (10, 10).getAlpha(), 20); // on the stroke from (5, 15) to (15, 5)
-    EXPECT_EQ (idle.getPixelAt (7, 7).getAlpha(), 0);    // no third stroke
-    EXPECT_EQ (idle.getPixelAt (17, 17).getAlpha(), 0);
-
-    EXPECT_GT (draw (true, false).getPixelAt (12, 12).getAlpha(), idle.getPixelAt (12, 12).getAlpha());
-    const auto dragged = draw (true, true).getPixelAt (12, 12);
-    EXPECT_GT (dragged.getRed(), 2 * dragged.getBlue());
 }
 
 } // namespace

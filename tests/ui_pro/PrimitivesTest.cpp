@@ -1,7 +1,6 @@
 #include "tests/support/Pictures.h"
 
 #include "ui_pro/primitives/CachedLayer.h"
-#include "ui_pro/primitives/SidePanel.h"
 #include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
@@ -14,19 +13,13 @@ namespace
 using namespace quillon::ui_pro;
 using style::Theme;
 
-TEST (Theme, ScalesTheCanvasIntoAnyArea)
+TEST (Theme, ScalesTheCanvasIntoAnyAreaAndKnowsNoOtherAccents)
 {
     EXPECT_EQ (Theme::scaleFor ({ 0, 500 }), 1.0f);
-    EXPECT_EQ (Theme::scaleFor ({ 836, 951 }), 0.5f);
     EXPECT_EQ (Theme::centredDesignBounds ({ 10, 20, 3344, 951 }), juce::Rectangle<int> (846, 20, 1672, 951));
-}
 
-TEST (Theme, UnknownAccentsAreTheBrandAccent)
-{
     for (const auto id : { -1, 0, 31 })
         EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
-
-    EXPECT_EQ (Theme::accent (30), juce::Colour (0xffaab2ba));
 }
 
 /** Draws a one-pixel frame and a dot, whose blur would show. */
@@ -72,20 +65,6 @@ TEST (CachedLayer, LooksLikeTheDrawingAtEveryScaleAndIsDrawnOnce)
         layered.cached = false;
         EXPECT_EQ (countDifferentPixels (throughLayer, paintPicture (window, scale), 8), 0) << scale;
     }
-}
-
-TEST (SidePanel, ADividerShowsOnlyWithAPlaceAndAHeight)
-{
-    primitives::SidePanel panel;
-    panel.setSize (40, 40);
-    const auto plain = paintPicture (panel);
-
-    panel.setDivider (-1, 5, 35);
-    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 0);
-    panel.setDivider (20, 35, 5);
-    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 0);
-    panel.setDivider (20, 5, 35);
-    EXPECT_EQ (countDifferentPixels (plain, paintPicture (panel), 0), 60); // two lines of 30 pixels
 }
 
 } // namespace

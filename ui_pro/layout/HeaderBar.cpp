@@ -55,6 +55,11 @@ void HeaderBar::setVersionText (const juce::String& newText)
     change (versionText, newText);
 }
 
+void HeaderBar::setPresetName (const juce::String& newName)
+{
+    change (presetName, newName);
+}
+
 void HeaderBar::setSubtitle (const juce::String& newSubtitle)
 {
     change (subtitle, newSubtitle);
@@ -122,7 +127,7 @@ void HeaderBar::paintBar (juce::Graphics& g) const
         primitives::fillPanel (g, slot, palette.surface3, 5.0f);
         g.setFont (style::boldFont (13.0f));
         g.setColour (palette.textSecondary);
-        g.drawText (defaultPresetName, slot, juce::Justification::centred);
+        g.drawText (presetName, slot, juce::Justification::centred);
     }
 }
 

@@ -30,8 +30,10 @@ public:
 
     const juce::String& getSubtitle() const { return subtitle; }
 
-    /** What a preset is called that has no name; the header shows it until a preset selector has its place. */
-    const juce::String& getDefaultPresetName() const { return defaultPresetName; }
+    /** What the preset in force is called. The header shows it where no preset selector has its place. */
+    void setPresetName (const juce::String& newName);
+
+    const juce::String& getPresetName() const { return presetName; }
 
     /** Shows a component, which is not owned, in a rectangle measured from the bar, such as a slot of the theme. A
         second call moves it. */
@@ -55,7 +57,7 @@ private:
     juce::String brand { "QUILLON" };
     juce::String maker { "Quillon" };
     juce::String subtitle;
-    juce::String defaultPresetName { "Default" };
+    juce::String presetName { "Default" };
     std::vector<Placed> children;
 
     juce::String productName;

@@ -23,6 +23,7 @@ struct CopyActions
 {
     std::function<bool()> canCopy;
     std::function<bool()> canPaste;
+    std::function<bool()> canPasteNow; // for a key, where canPaste tells what was so a while ago
     std::function<void()> copy;
     std::function<void()> paste;
     std::function<juce::String()> copyCaption;

@@ -73,7 +73,7 @@ bool EditorCommandController::handleKey (const juce::KeyPress& key)
     else if (letter == 'c' && ! shift)
         run (actions.copy, actions.canCopy);
     else if (letter == 'v' && ! shift)
-        run (actions.paste, actions.canPaste);
+        run (actions.paste, actions.canPasteNow != nullptr ? actions.canPasteNow : actions.canPaste);
     else
         return false;
 
