@@ -76,6 +76,12 @@ void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour 
     g.fillEllipse (disc (3.5f));
 }
 
+void paintNodeRing (juce::Graphics& g, juce::Point<float> centre, float radius)
+{
+    g.setColour (style::Theme::palette().textPrimary);
+    g.drawEllipse (juce::Rectangle<float> (2.0f * radius + 8.0f, 2.0f * radius + 8.0f).withCentre (centre), 2.0f);
+}
+
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state)
 {
     const auto disc = [&] (float r) { return juce::Rectangle<float> (2.0f * r, 2.0f * r).withCentre (centre); };

@@ -30,6 +30,9 @@ enum class NodeState
 /** Where the pointer meets the curve. */
 void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour colour);
 
+/** Round the node that the keyboard has reached. */
+void paintNodeRing (juce::Graphics& g, juce::Point<float> centre, float radius);
+
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state);
 
 } // namespace kestreleq

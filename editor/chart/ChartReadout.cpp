@@ -103,6 +103,16 @@ void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, std:
     }
 }
 
+juce::String ChartReadout::getText() const
+{
+    juce::StringArray texts;
+
+    for (const auto& word : words)
+        texts.add (word.text);
+
+    return texts.joinIntoString (" ");
+}
+
 juce::String describeFrequency (double hz)
 {
     if (hz < 999.5)

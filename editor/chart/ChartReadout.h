@@ -19,6 +19,9 @@ struct ChartReadout
         bool bold = false;
     };
 
+    /** All words with a blank between. */
+    juce::String getText() const;
+
     std::vector<Word> words;
     juce::Point<float> at; // on the curve
     float distance = 0.0f; // from there to the box's edge, above or below; 0 for a box at an edge of the plot

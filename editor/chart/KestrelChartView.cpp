@@ -7,6 +7,7 @@
 #include "ui_pro/controls/chart/SpectrumPainter.h"
 #include "ui_pro/primitives/ButtonLook.h"
 #include "ui_pro/primitives/ParameterTag.h"
+#include "ui_pro/primitives/TextValueHandler.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -45,6 +46,9 @@ KestrelChartView::KestrelChartView (KestrelProcessor& processorToShow, std::size
       axes (makeLaneAxes (0, 0))
 {
     setTitle (lane == 0 ? "Chart, lane A" : "Chart, lane B");
+    setWantsKeyboardFocus (true);
+    setMouseClickGrabsKeyboardFocus (false);
+    addChildComponent (field);
     refreshResponse();
 }
 
@@ -159,7 +163,7 @@ void KestrelChartView::paint (juce::Graphics& g)
 
     if (const auto readout = makeReadout())
     {
-        if (! hovered && ! grasped)
+        if (! chosenNode())
             paintChartMark (g, readout->at, shownColour());
 
         paintChartReadout (g, axes, response.getCurve(), *readout, pixels);
@@ -187,7 +191,7 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
 
 void KestrelChartView::paintNodes (juce::Graphics& g) const
 {
-    const auto chosen = grasped ? grasped : hovered;
+    const auto chosen = chosenNode();
 
     for (std::size_t node = 0; node < ChartNodes::count; ++node)
         if (node != chosen)
@@ -196,6 +200,17 @@ void KestrelChartView::paintNodes (juce::Graphics& g) const
     if (chosen)
         paintChartNode (g, nodes.position (*chosen), ChartNodes::radius, nodeColour (*chosen),
             grasped ? NodeState::dragged : NodeState::hovered);
+
+    if (hasKeyboardFocus (true))
+        paintNodeRing (g, nodes.position (focused), ChartNodes::radius);
+}
+
+std::optional<std::size_t> KestrelChartView::chosenNode() const
+{
+    if (grasped || hovered)
+        return grasped ? grasped : hovered;
+
+    return hasKeyboardFocus (true) ? std::optional (focused) : std::nullopt;
 }
 
 juce::Colour KestrelChartView::nodeColour (std::size_t node) const
@@ -216,8 +231,11 @@ juce::String KestrelChartView::textOf (std::size_t knob) const
 
 std::optional<ChartReadout> KestrelChartView::makeReadout() const
 {
-    if (grasped || hovered)
-        return describeNode (grasped ? *grasped : *hovered);
+    if (field.isOpen())
+        return {};
+
+    if (const auto node = chosenNode())
+        return describeNode (*node);
 
     if (! pointer || axes.plot.isEmpty())
         return {};
@@ -249,126 +267,14 @@ ChartReadout KestrelChartView::describeNode (std::size_t node) const
 
 juce::String KestrelChartView::getReadoutText() const
 {
-    juce::StringArray words;
-
-    if (const auto readout = makeReadout())
-        for (const auto& word : readout->words)
-            words.add (word.text);
-
-    return words.joinIntoString (" ");
-}
-
-void KestrelChartView::setPointer (std::optional<juce::Point<float>> position)
-{
-    if (position && ! axes.plot.contains (*position))
-        position.reset();
-
-    if (pointer == position)
-        return;
-
-    pointer = position;
-    repaint (axes.plot.getSmallestIntegerContainer());
-}
-
-juce::RangedAudioParameter& KestrelChartView::parameterOf (std::size_t knob) const
-{
-    return processor.getCore().getTree()[onLane (laneKnobs[knob].parameter, lane)];
-}
-
-void KestrelChartView::setHovered (std::optional<std::size_t> node)
-{
-    if (hovered == node)
-        return;
-
-    hovered = node;
-    primitives::setParameterIndex (*this, node ? parameterOf (*node).getParameterIndex() : -1);
-    setMouseCursor (node ? juce::MouseCursor::PointingHandCursor : juce::MouseCursor::NormalCursor);
-    repaint();
-}
-
-void KestrelChartView::mouseMove (const juce::MouseEvent& event)
-{
-    setPointer (event.position);
-    setHovered (nodes.hit (event.position));
-}
-
-void KestrelChartView::mouseExit (const juce::MouseEvent&)
-{
-    setPointer ({});
-    setHovered ({});
-}
-
-void KestrelChartView::mouseDown (const juce::MouseEvent& event)
-{
-    drag.reset();
-    grasped = nodes.hit (event.position);
-
-    if (! grasped)
-        return;
-
-    if (event.mods.isPopupMenu())
-    {
-        const auto node = *std::exchange (grasped, std::nullopt);
-
-        if (onNodeMenu != nullptr)
-            onNodeMenu (parameterOf (node), event.position.roundToInt());
-
-        return;
-    }
-
-    repaint();
-}
-
-void KestrelChartView::mouseDrag (const juce::MouseEvent& event)
-{
-    const auto distance = event.position - event.mouseDownPosition;
-
-    if (! grasped || (drag == nullptr && distance.isOrigin()))
-        return;
-
-    // A press that moves nothing makes no step.
-    if (drag == nullptr)
-        drag = std::make_unique<NodeDrag> (
-            processor, lane, *grasped, axes.plot.getHeight(), axes.xFor (200.0) - axes.xFor (100.0));
-
-    drag->moveBy (distance);
-    refresh();
-}
-
-void KestrelChartView::mouseUp (const juce::MouseEvent& event)
-{
-    letGo();
-    setPointer (event.position);
-    setHovered (nodes.hit (event.position));
-}
-
-void KestrelChartView::visibilityChanged()
-{
-    if (! isVisible())
-        letGo(); // a host that links the lanes hides the view under the pointer; the step must not stay open
-}
-
-void KestrelChartView::letGo()
-{
-    drag.reset();
-
-    if (std::exchange (grasped, std::nullopt))
-        repaint();
-}
-
-void KestrelChartView::mouseDoubleClick (const juce::MouseEvent& event)
-{
-    drag.reset();
-
-    if (const auto node = nodes.hit (event.position))
-        NodeDrag::reset (processor, lane, *node);
-
-    refresh();
+    const auto readout = makeReadout();
+    return readout ? readout->getText() : juce::String();
 }
 
 std::unique_ptr<juce::AccessibilityHandler> KestrelChartView::createAccessibilityHandler()
 {
-    return std::make_unique<juce::AccessibilityHandler> (*this, juce::AccessibilityRole::image);
+    return primitives::makeTextValueHandler (
+        *this, juce::AccessibilityRole::image, [this] { return describeNode (focused).getText(); });
 }
 
 } // namespace kestreleq

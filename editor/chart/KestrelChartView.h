@@ -3,6 +3,7 @@
 #include "editor/chart/ChartNodes.h"
 #include "editor/chart/ChartReadout.h"
 #include "editor/chart/NodeDrag.h"
+#include "editor/chart/NodeField.h"
 #include "editor/chart/ResponsePath.h"
 #include "editor/chart/SpectrumDisplay.h"
 
@@ -63,7 +64,16 @@ public:
     void mouseDrag (const juce::MouseEvent& event) override;
     void mouseUp (const juce::MouseEvent& event) override;
     void mouseDoubleClick (const juce::MouseEvent& event) override;
+    bool keyPressed (const juce::KeyPress& key) override;
+    void focusGained (FocusChangeType cause) override;
+    void focusLost (FocusChangeType cause) override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+
+    /** The node that keys move. */
+    std::size_t getFocusedNode() const { return focused; }
+
+    /** Where a value for it is typed. */
+    NodeField& getField() { return field; }
 
 private:
     KestrelChartView (KestrelProcessor& processorToShow, std::size_t laneToShow);
@@ -81,6 +91,8 @@ private:
     juce::String textOf (std::size_t knob) const;
     juce::Colour nodeColour (std::size_t node) const;
     bool isAirOff() const;
+    std::optional<std::size_t> chosenNode() const;
+    void openField();
     juce::Colour shownColour() const;
     void setPointer (std::optional<juce::Point<float>> position);
     void letGo();
@@ -105,7 +117,9 @@ private:
     std::optional<juce::Point<float>> pointer; // while it is over the plot
     std::optional<std::size_t> hovered;
     std::optional<std::size_t> grasped;
+    std::size_t focused = 0;
     std::unique_ptr<NodeDrag> drag;
+    NodeField field;
 };
 
 } // namespace kestreleq

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/KestrelProcessor.h"
+#include "editor/chart/NodeEdits.h"
 
 #include <juce_graphics/juce_graphics.h>
 
@@ -22,24 +22,20 @@ public:
     NodeDrag (const NodeDrag&) = delete;
     NodeDrag& operator= (const NodeDrag&) = delete;
 
-    /** Takes the pointer's whole way since the drag began, in pixels. */
-    void moveBy (juce::Point<float> distance);
-
-    /** Sets the node's parameters to their defaults, as one step. */
-    static void reset (KestrelProcessor& processor, std::size_t lane, std::size_t node);
+    /** Takes the pointer's whole way since the drag began, in pixels. What it has gone since the last call counts a
+        tenth while fine, so nothing jumps when that changes. */
+    void moveBy (juce::Point<float> distance, bool fine);
 
 private:
-    /** The amount first; the air node has its frequency too. */
-    using Parameters = std::array<juce::RangedAudioParameter*, 2>;
-
-    static Parameters parametersOf (KestrelProcessor& processor, std::size_t lane, std::size_t node);
     static void set (juce::RangedAudioParameter* parameter, float value);
 
     KestrelProcessor& owner;
-    Parameters parameters;
+    NodeParameters parameters;
     std::array<float, 2> startValues {};
     float height;
     float octave;
+    juce::Point<float> pointer; // as of the last call
+    juce::Point<float> way;     // that counts
 };
 
 } // namespace kestreleq

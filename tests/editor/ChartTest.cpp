@@ -152,6 +152,99 @@ TEST (ChartView, DragsANodeAsOneNamedStep)
     EXPECT_EQ (rig.get ("160hzR"), 0.5f);
 }
 
+TEST (ChartView, ShiftMakesADragTenTimesFinerWithoutAJump)
+{
+    ChartRig rig;
+    const auto node = rig.view->getNodes().position (2);
+    const auto dragTo = [&] (float way, int keys) { rig.mouse.drag (node.translated (0.0f, -way), keys); };
+    const auto moved = [&] { return (rig.get ("160hz") - 0.5f) * 177.0f; };
+
+    rig.mouse.down (node);
+    dragTo (10.0f, 0);
+    dragTo (10.0f, juce::ModifierKeys::shiftModifier);
+    EXPECT_NEAR (moved(), 10.0f, 1e-3f);
+    dragTo (30.0f, juce::ModifierKeys::shiftModifier);
+    EXPECT_NEAR (moved(), 12.0f, 1e-3f);
+    dragTo (30.0f, 0);
+    EXPECT_NEAR (moved(), 12.0f, 1e-3f);
+    dragTo (1030.0f, 0);
+    EXPECT_EQ (rig.get ("160hz"), 1.0f) << "the pointer may go on beyond the screen";
+    dragTo (40.0f, 0);
+    EXPECT_NEAR (moved(), 22.0f, 1e-3f);
+    rig.mouse.up (node);
+    EXPECT_EQ (rig.undo().getUndoDescriptions().size(), 1);
+}
+
+TEST (ChartView, KeysMoveResetAndTypeANodeEachAsOneNamedStep)
+{
+    ChartRig rig;
+    using Key = juce::KeyPress;
+    const auto press = [&rig] (int key, int modifiers = 0) { return rig.view->keyPressed (Key (key, modifiers, 0)); };
+    const auto shift = juce::ModifierKeys::shiftModifier;
+    auto& field = rig.view->getField();
+    const auto type = [&] (const char* text)
+    {
+        press (Key::returnKey);
+        field.setText (text);
+        field.keyPressed (Key (Key::returnKey));
+        pumpMessages (1); // the field's keys come back as messages
+        const auto taken = ! field.isOpen();
+        EXPECT_EQ (field.hasRefused(), ! taken);
+        field.keyPressed (Key (Key::escapeKey));
+        pumpMessages (1);
+        EXPECT_FALSE (field.isOpen());
+        return taken;
+    };
+
+    press (Key::rightKey);
+    press (Key::rightKey);
+    press (Key::upKey);
+    EXPECT_NEAR (rig.get ("160hz"), 0.51f, 1e-5f);
+    press (Key::downKey, shift);
+    EXPECT_NEAR (rig.get ("160hz"), 0.509f, 1e-5f);
+    EXPECT_EQ (rig.get ("160hzR"), rig.get ("160hz"));
+    EXPECT_EQ (rig.undo().getUndoDescriptions(), juce::StringArray ({ "Move chart node", "Move chart node" }));
+    rig.processor.getCore().getHistory().undo();
+    EXPECT_NEAR (rig.get ("160hz"), 0.51f, 1e-5f);
+    press (Key::deleteKey);
+    EXPECT_EQ (rig.get ("160hz"), 0.5f);
+
+    EXPECT_TRUE (type ("+2.5"));
+    EXPECT_NEAR (rig.get ("160hz"), 0.75f, 1e-5f);
+    EXPECT_TRUE (type (" -3 dB"));
+    EXPECT_NEAR (rig.get ("160hz"), 0.2f, 1e-5f);
+    EXPECT_TRUE (type ("0,25"));
+    EXPECT_NEAR (rig.get ("160hz"), 0.525f, 1e-5f);
+    EXPECT_TRUE (type ("99"));
+    EXPECT_EQ (rig.get ("160hz"), 1.0f);
+
+    for (const auto* text : { "", "loud", "3 Hz", "1.2.3", "--1", "nan", "+", "20K", "1e3" })
+        EXPECT_FALSE (type (text)) << text;
+    EXPECT_EQ (rig.get ("160hz"), 1.0f);
+    EXPECT_EQ (rig.undo().getUndoDescription(), "Move chart node");
+
+    for (int i = 0; i < 3; ++i)
+        press (Key::leftKey); // round to the air
+    EXPECT_EQ (rig.view->getFocusedNode(), ChartNodes::airNode);
+    press (Key::pageUpKey);
+    EXPECT_EQ (rig.get ("airBand"), 0.25f);
+    EXPECT_TRUE (type ("20K"));
+    EXPECT_EQ (rig.get ("airBand"), 0.75f);
+    EXPECT_TRUE (type ("0.3"));
+    EXPECT_NEAR (rig.get ("airGain"), 0.3f, 1e-5f);
+    EXPECT_TRUE (type ("9000 Hz"));
+    EXPECT_EQ (rig.get ("airBand"), 0.5f);
+    EXPECT_FALSE (type ("3 dB"));
+
+    EXPECT_FALSE (press ('z', juce::ModifierKeys::ctrlModifier)) << "shortcuts go on to the window";
+    EXPECT_FALSE (press (Key::escapeKey));
+
+    press (Key::returnKey);
+    rig.view->setVisible (true);
+    rig.view->setVisible (false);
+    EXPECT_FALSE (field.isOpen());
+}
+
 TEST (ChartView, HidingItEndsTheStep)
 {
     ChartRig rig;

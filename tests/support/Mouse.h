@@ -28,7 +28,10 @@ public:
         send (&juce::Component::mouseDown, at, buttons);
     }
 
-    void drag (juce::Point<float> to) { send (&juce::Component::mouseDrag, to, buttons); }
+    void drag (juce::Point<float> to, int heldKeys = 0)
+    {
+        send (&juce::Component::mouseDrag, to, buttons.withFlags (heldKeys));
+    }
 
     void up (juce::Point<float> at) { send (&juce::Component::mouseUp, at, buttons); }
 

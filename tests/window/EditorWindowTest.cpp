@@ -162,6 +162,32 @@ TEST (EditorWindow, TheTabKeyWalksTheControls)
     EXPECT_EQ (focused(), "Initial preset");
 }
 
+TEST (EditorWindow, AChartsNodeIsMovedAndTypedByTheKeyboard)
+{
+    ScreenRig rig;
+    auto& chart = rig.editor->getLane (0).getChart();
+    auto& field = chart.getField();
+    rig.window->click (*rig.editor, { 40, 300 });
+    chart.grabKeyboardFocus();
+    rig.window->press ("Right");
+    rig.window->press ("Up");
+    EXPECT_NEAR (rig.get ("40hz"), 0.51f, 1e-5f);
+
+    rig.window->press ("Return");
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return field.hasKeyboardFocus (true); }, 2000));
+    for (const auto* key : { "minus", "2", "x", "Return" })
+        rig.window->press (key);
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return field.hasRefused(); }, 2000));
+    for (const auto* key : { "minus", "2", "Return" })
+        rig.window->press (key);
+    EXPECT_TRUE (pumpMessagesUntil ([&] { return ! field.isOpen() && chart.hasKeyboardFocus (true); }, 2000));
+    EXPECT_NEAR (rig.get ("40hz"), 0.3f, 1e-5f);
+
+    rig.window->press ("ctrl+z");
+    EXPECT_NEAR (rig.get ("40hz"), 0.51f, 1e-5f);
+    EXPECT_TRUE (rig.window->keys.isEmpty()) << "the host gets none of these";
+}
+
 TEST (EditorWindow, ShowsATooltipUnderARestingMouseAndOverAnOpenList)
 {
     ScreenRig rig;

@@ -233,6 +233,7 @@ void KnobControl::mouseDown (const juce::MouseEvent& event)
     dragging = true;
     dragStartY = event.position.getY();
     dragStartValue = value;
+    event.source.enableUnboundedMouseMovement (true, true); // it goes on where the screen ends
     juce::NullCheckedInvocation::invoke (onDragStart);
 }
 

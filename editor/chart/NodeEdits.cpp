@@ -1,0 +1,104 @@
+#include "editor/chart/NodeEdits.h"
+
+#include "editor/chart/ChartNodes.h"
+#include "editor/lane/LaneKnobs.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestreleq
+{
+namespace
+{
+
+/** A number and what follows it. */
+struct Typed
+{
+    explicit Typed (const juce::String& text)
+    {
+        const auto trimmed = text.trim().replaceCharacter (',', '.');
+        const auto length = trimmed.length() - trimmed.trimCharactersAtStart ("+-.0123456789").length();
+        number = trimmed.substring (0, length);
+        unit = trimmed.substring (length).trim().toLowerCase();
+    }
+
+    bool isNumber() const
+    {
+        const auto digits = number.startsWithChar ('+') || number.startsWithChar ('-') ? number.substring (1) : number;
+        return digits.containsOnly (".0123456789") && digits.containsAnyOf ("0123456789") &&
+            digits.indexOfChar ('.') == digits.lastIndexOfChar ('.');
+    }
+
+    juce::String number;
+    juce::String unit;
+};
+
+void setAsGesture (juce::RangedAudioParameter& parameter, float value)
+{
+    parameter.beginChangeGesture();
+
+    if (parameter.getValue() != value)
+        parameter.setValueNotifyingHost (value);
+
+    parameter.endChangeGesture();
+}
+
+} // namespace
+
+NodeParameters parametersOf (KestrelProcessor& processor, std::size_t lane, std::size_t node)
+{
+    auto& tree = processor.getCore().getTree();
+    const auto find = [&] (std::size_t knob) { return &tree[onLane (laneKnobs[knob].parameter, lane)]; };
+
+    return { find (node), node == ChartNodes::airNode ? find (airStepKnob) : nullptr };
+}
+
+void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node)
+{
+    processor.getCore().getHistory().perform (nodeStepName,
+        [&]
+        {
+            for (auto* parameter : parametersOf (processor, lane, node))
+                if (parameter != nullptr)
+                    setAsGesture (*parameter, parameter->getDefaultValue());
+        });
+}
+
+void nudgeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, float amount, int airSteps)
+{
+    const auto parameters = parametersOf (processor, lane, node);
+    const auto nudge = [&] (juce::RangedAudioParameter* parameter, float by)
+    {
+        if (parameter == nullptr)
+            return;
+
+        const auto value = std::clamp (parameter->getValue() + by, 0.0f, 1.0f);
+
+        if (value != parameter->getValue())
+            processor.getCore().getHistory().perform (nodeStepName, [&] { setAsGesture (*parameter, value); });
+    };
+
+    nudge (parameters[0], amount);
+    nudge (parameters[1], static_cast<float> (airSteps) / nodeAirSteps);
+}
+
+bool typeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, const juce::String& text)
+{
+    const Typed typed (text);
+    const auto isAir = node == ChartNodes::airNode;
+    const auto number = typed.number.getDoubleValue();
+    const auto isFrequency = isAir &&
+        (typed.unit == "k" || typed.unit == "khz" || typed.unit == "hz" || (typed.unit.isEmpty() && number > 1.0));
+
+    if (! typed.isNumber() || ! (isFrequency || typed.unit.isEmpty() || (! isAir && typed.unit == "db")))
+        return false;
+
+    const auto inKilohertz = typed.unit.startsWithChar ('k') || (typed.unit.isEmpty() && number < 100.0);
+    auto& parameter = *parametersOf (processor, lane, node)[isFrequency ? 1 : 0];
+    const auto value = parameter.getValueForText (
+        isFrequency ? juce::String (inKilohertz ? number : number / 1000.0) + "K" : typed.number);
+    processor.getCore().getHistory().perform (nodeStepName, [&] { setAsGesture (parameter, value); });
+    return true;
+}
+
+} // namespace kestreleq

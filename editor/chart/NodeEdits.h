@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/KestrelProcessor.h"
+
+#include <array>
+
+namespace kestreleq
+{
+
+// What is done to a chart node: each is one step of the undo history, "Move chart node". Message thread.
+
+inline constexpr auto nodeStepName = "Move chart node";
+inline constexpr float nodeAirSteps = 4.0f; // from the lowest frequency to the highest
+
+/** The amount first; the air node has its frequency too, the others null. */
+using NodeParameters = std::array<juce::RangedAudioParameter*, 2>;
+
+NodeParameters parametersOf (KestrelProcessor& processor, std::size_t lane, std::size_t node);
+
+/** Sets the node's parameters to their defaults. */
+void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node);
+
+/** Moves the node by a part of its whole range, and the air node by so many steps of its frequency. */
+void nudgeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, float amount, int airSteps);
+
+/** Takes a value as it is written: a number, for a band with dB or without; for the air also a frequency, as "20K" or
+    "10 kHz", which any number above 1 is taken for. False for anything else, which changes nothing. */
+bool typeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, const juce::String& text);
+
+} // namespace kestreleq
