@@ -157,7 +157,8 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
     juce::File (work.path ("a.state")).loadFileAsData (state);
     juce::File (work.path ("half.state")).replaceWithData (state.getData(), state.getSize() / 2);
 
-    for (const auto& refused : { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav"), std::string ("/dev/zero") })
+    for (const auto& refused :
+        { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav"), std::string ("/dev/zero") })
     {
         const auto run = render (work, "c.wav", { "--state", refused });
         EXPECT_EQ (run.exitCode, 1) << refused;

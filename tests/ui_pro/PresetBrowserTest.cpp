@@ -170,7 +170,7 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
 TEST (PresetBrowser, TakesTheKeyboardAgainFromWhatIsBehindIt)
 {
     Rig rig;
-    auto& behind = *rig.selector->getComponentAt (20, 16);
+    auto& behind = *rig.selector->getComponentAt (150, 16);
     rig.selector->openBrowser();
     pumpMessages (1);
     const auto late = [&]

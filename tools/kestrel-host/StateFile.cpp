@@ -8,12 +8,12 @@ namespace kestreleq::host
 
 juce::MemoryBlock readStateFile (const std::string& path)
 {
-    constexpr juce::ssize_t largest =
-        16 << 20; // bytes, far beyond any module's state: a path may lead to an endless device
+    constexpr int largest = 16 << 20; // bytes, far beyond any module's state: a path may lead to an endless device
     juce::MemoryBlock content;
     juce::FileInputStream file (fileAt (path));
 
-    if (! file.openedOk() || file.readIntoMemoryBlock (content, largest + 1) == 0 || content.getSize() > largest)
+    if (! file.openedOk() || file.readIntoMemoryBlock (content, largest + 1) == 0 ||
+        content.getSize() > static_cast<std::size_t> (largest))
         throw Failure ("cannot read a state from '" + path + "'");
 
     return content;
