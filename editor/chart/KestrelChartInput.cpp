@@ -3,13 +3,18 @@
 #include "editor/chart/KestrelChartView.h"
 
 #include "editor/lane/LaneKnobs.h"
+#include "ui_pro/primitives/ParameterTag.h"
+#include "ui_pro/primitives/PixelGrid.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kestreleq
 {
 namespace
 {
+
+using namespace quillon::ui_pro;
 
 constexpr float keyStep = 0.01f; // of a node's whole range
 constexpr float fineKeyStep = 0.001f;
@@ -166,8 +171,8 @@ bool KestrelChartView::keyPressed (const juce::KeyPress& key)
 
 void KestrelChartView::openField()
 {
-    const auto size = std::max (fieldTextSize,
-        1.2f * quillon::ui_pro::primitives::PixelGrid::smallestText / getApproximateScaleFactorForComponent (this));
+    const auto size = std::max (
+        fieldTextSize, 1.2f * primitives::PixelGrid::smallestText / getApproximateScaleFactorForComponent (this));
     const ChartReadout place { {}, nodes.position (focused), ChartNodes::radius + 8.0f };
     field.open (placeReadout (axes, response.getCurve(), place, { 6.5f * size, 1.9f * size }).toNearestInt(), size,
         textOf (focused),
