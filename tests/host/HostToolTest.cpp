@@ -158,7 +158,7 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
     juce::File (work.path ("half.state")).replaceWithData (state.getData(), state.getSize() / 2);
 
     for (const auto& refused :
-        { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav"), std::string ("/dev/zero") })
+        { work.path ("none.state"), work.path ("half.state"), work.path ("in.wav"), juce::String ("/dev/zero") })
     {
         const auto run = render (work, "c.wav", { "--state", refused });
         EXPECT_EQ (run.exitCode, 1) << refused;
