@@ -191,7 +191,7 @@ TEST (ChartGrid, LinesLieOnWholePixelsAtEveryScale)
     for (const auto scale : { 0.5f, 0.75f, 1.0f, 1.25f, 1.6f, 2.0f })
     {
         const auto picture = paintPicture (window, scale);
-        const auto count = [&picture] (int length, auto&& pixelAt)
+        const auto count = [] (int length, auto&& pixelAt)
         {
             std::array<int, 2> lit {}; // wholly, and in part
 

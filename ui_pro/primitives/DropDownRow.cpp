@@ -44,19 +44,19 @@ int DropDownList::Row::getPreferredHeight() const
 
 void DropDownList::Row::paintFace (juce::Graphics& g, const ButtonLook& look) const
 {
-    const auto& tokens = list.tokens;
-    const auto area = getLocalBounds().withTrimmedLeft (tokens.leftInset);
+    const auto& sizes = list.tokens;
+    const auto area = getLocalBounds().withTrimmedLeft (sizes.leftInset);
 
     switch (item.kind)
     {
         case Kind::separator:
-            g.setColour (tokens.edge);
-            g.fillRect (getLocalBounds().withSizeKeepingCentre (getWidth() - 2 * tokens.leftInset, 1));
+            g.setColour (sizes.edge);
+            g.fillRect (getLocalBounds().withSizeKeepingCentre (getWidth() - 2 * sizes.leftInset, 1));
             break;
         case Kind::heading:
             g.setColour (style::Theme::palette().textSecondary);
-            g.setFont (style::boldFont (tokens.headingSize));
-            g.drawText (item.text.toUpperCase(), area.withTrimmedTop (tokens.rowHeight - tokens.headingHeight),
+            g.setFont (style::boldFont (sizes.headingSize));
+            g.drawText (item.text.toUpperCase(), area.withTrimmedTop (sizes.rowHeight - sizes.headingHeight),
                 juce::Justification::centredLeft, true);
             break;
         case Kind::choice:
@@ -68,29 +68,29 @@ void DropDownList::Row::paintFace (juce::Graphics& g, const ButtonLook& look) co
 void DropDownList::Row::paintChoice (juce::Graphics& g, const ButtonLook& look) const
 {
     const auto& palette = style::Theme::palette();
-    const auto& tokens = list.tokens;
+    const auto& sizes = list.tokens;
     const auto lit = list.highlighted == this;
 
     if (lit)
-        fillPanel (g, getLocalBounds().toFloat(), look.pressed ? tokens.rowPressed : tokens.rowLit, tokens.rowRadius);
+        fillPanel (g, getLocalBounds().toFloat(), look.pressed ? sizes.rowPressed : sizes.rowLit, sizes.rowRadius);
 
     const auto isDim = ! look.enabled || (item.isDim && ! item.isTicked);
     g.setColour (isDim ? palette.textMuted : lit || item.isTicked ? palette.textPrimary : palette.textBright);
-    g.setFont (item.isTicked ? style::boldFont (tokens.textSize) : style::regularFont (tokens.textSize));
-    g.drawText (item.text, getLocalBounds().withTrimmedLeft (tokens.leftInset).withTrimmedRight (tokens.rightInset),
+    g.setFont (item.isTicked ? style::boldFont (sizes.textSize) : style::regularFont (sizes.textSize));
+    g.drawText (item.text, getLocalBounds().withTrimmedLeft (sizes.leftInset).withTrimmedRight (sizes.rightInset),
         juce::Justification::centredLeft, true);
 
     constexpr auto signSize = 12.75f;
-    const auto signCentre = getLocalBounds().toFloat().getRight() - tokens.signAt;
+    const auto signCentre = getLocalBounds().toFloat().getRight() - sizes.signAt;
     const auto sign = juce::Rectangle<float> (signSize, signSize)
                           .withCentre ({ signCentre, 0.5f * static_cast<float> (getHeight()) });
 
-    if (item.isTicked && tokens.isDotted)
+    if (item.isTicked && sizes.isDotted)
     {
         g.setColour (getColour());
         g.fillEllipse (getLocalBounds()
                            .toFloat()
-                           .withWidth (static_cast<float> (tokens.leftInset))
+                           .withWidth (static_cast<float> (sizes.leftInset))
                            .withSizeKeepingCentre (6.0f, 6.0f));
     }
     else if (item.isTicked)

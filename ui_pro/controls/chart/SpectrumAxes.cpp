@@ -25,7 +25,8 @@ float frequencyToX (double frequency, juce::Rectangle<float> area)
 
 float dbToY (float db, juce::Rectangle<float> area, float minDb, float maxDb)
 {
-    return ChartAxes { .plot = area, .lowestDb = minDb, .highestDb = maxDb }.yFor (db);
+    const auto wide = [] (float level) { return static_cast<double> (level); };
+    return ChartAxes { .plot = area, .lowestDb = wide (minDb), .highestDb = wide (maxDb) }.yFor (wide (db));
 }
 
 double binFrequency (std::size_t i, std::size_t n)

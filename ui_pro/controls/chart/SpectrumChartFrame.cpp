@@ -61,7 +61,8 @@ ChartGrid makeSpectrumGrid (juce::Rectangle<float> area, const SpectrumChartTrac
 {
     const auto range = SpectrumChartRange::of (config.getMode());
     const auto line = config.gridColour.withMultipliedAlpha (gridAlpha);
-    return { .axes = { .plot = area, .lowestDb = range.minDb, .highestDb = range.maxDb },
+    const auto wide = [] (float db) { return static_cast<double> (db); };
+    return { .axes = { .plot = area, .lowestDb = wide (range.minDb), .highestDb = wide (range.maxDb) },
         .frequencies = frequencies,
         .levels = levelLines (config.getMode()),
         .zeroLine = config.zeroLineColour.withMultipliedAlpha (2.0f * gridAlpha),
