@@ -8,6 +8,9 @@ function(kestrel_warnings target)
             -Wall -Wextra -Wpedantic -Werror
             -Wshadow -Wconversion -Wsign-conversion -Wdouble-promotion -Wold-style-cast -Wcast-align -Wcast-qual
             -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Wundef -Wnull-dereference -Wimplicit-fallthrough)
+        if(KESTREL_UNITY) # what one file names, the others of its batch see; scripts/lint --each looks at each by itself
+            target_compile_options(${target} PRIVATE -Wno-shadow)
+        endif()
         if(KESTREL_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
             target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized) # a false alarm at -O1
         endif()
