@@ -1,6 +1,7 @@
 #include "engine/SharedTick.h"
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -35,15 +36,20 @@ private:
 
         for (std::size_t i = 0;; ++i) // the list may change meanwhile
         {
-            const juce::ScopedLock scope (lock);
+            const SharedTick* tick = nullptr;
+            std::unique_lock<std::recursive_mutex> call;
 
-            if (i >= ticks.size())
-                return;
+            { // not held during the call, which may wait for a thread that makes or drops a tick
+                const juce::ScopedLock scope (lock);
 
-            const auto& tick = *ticks[i];
-            const juce::ScopedLock call (tick.calling);
-            const juce::ScopedUnlock others (lock); // what is called may wait for a thread that makes or drops a tick
-            tick.function();
+                if (i >= ticks.size())
+                    return;
+
+                tick = ticks[i];
+                call = std::unique_lock (tick->calling);
+            }
+
+            tick->function();
         }
     }
 
@@ -60,7 +66,7 @@ SharedTick::SharedTick (std::function<void()> functionToCall)
 SharedTick::~SharedTick()
 {
     source->remove (*this);
-    const juce::ScopedLock untilCallHasEnded (calling);
+    const std::scoped_lock untilCallHasEnded (calling);
 }
 
 } // namespace kestreleq

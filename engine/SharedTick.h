@@ -3,6 +3,7 @@
 #include <juce_events/juce_events.h>
 
 #include <functional>
+#include <mutex>
 
 namespace kestreleq
 {
@@ -24,7 +25,7 @@ private:
     class Source;
 
     const std::function<void()> function;
-    juce::CriticalSection calling; // held during a call
+    mutable std::recursive_mutex calling; // held during a call
     const juce::SharedResourcePointer<Source> source;
 };
 
