@@ -33,7 +33,7 @@ public:
 
     // A stepped one holds only 0 and 1; the base class reports its interval to nobody.
 
-    int getNumSteps() const override { return info.stepped ? 2 : RangedAudioParameter::getNumSteps(); }
+    int getNumSteps() const override { return info.stepped ? 2 : juce::AudioProcessor::getDefaultNumParameterSteps(); }
 
     bool isDiscrete() const override { return info.stepped; }
 
