@@ -20,6 +20,7 @@ struct EditorRig : ProcessorRig
         editor->setClock ([this] { return now; });
         window.addAndMakeVisible (*editor);
         editor->grabKeyboardFocus();
+        clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
         clipboard().read = [this] { return clipboardText; };
         clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }
