@@ -111,7 +111,7 @@ void KestrelChartView::setSurface (std::function<void (juce::Graphics&)> newSurf
 {
     using primitives::CachedLayer;
     surface = std::move (newSurface);
-    background = CachedLayer (surface != nullptr ? CachedLayer::Picture::covering : CachedLayer::Picture::transparent);
+    background.setPicture (surface != nullptr ? CachedLayer::Picture::covering : CachedLayer::Picture::transparent);
     setOpaque (surface != nullptr);
     repaint();
 }

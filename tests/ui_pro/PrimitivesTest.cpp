@@ -1,9 +1,14 @@
 #include "tests/support/Pictures.h"
+#include "tests/support/Window.h"
 
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
 
 namespace kestreleq::test
 {
@@ -64,6 +69,32 @@ TEST (CachedLayer, LooksLikeTheDrawingAtEveryScaleAndIsDrawnOnce)
 
         layered.cached = false;
         EXPECT_EQ (countDifferentPixels (throughLayer, paintPicture (window, scale), 8), 0) << scale;
+    }
+}
+
+TEST (CachedLayer, TakesNoMemoryWhileNothingShowsIt)
+{
+    const auto before = primitives::CachedLayer::getBytesOfAll();
+    const auto held = [before] { return primitives::CachedLayer::getBytesOfAll() - before; };
+    Window window (60, 60);
+    juce::Component part;
+    part.setBounds (window.getLocalBounds());
+    window.addAndMakeVisible (part);
+    auto layered = std::make_unique<Layered>();
+    layered->setBounds (7, 5, 31, 21);
+    part.addAndMakeVisible (*layered);
+
+    const std::vector<std::function<void()>> hide { [&] { layered->setVisible (false); },
+        [&] { part.setVisible (false); }, [&] { window.removeChildComponent (&part); }, [&] { layered.reset(); } };
+
+    for (const auto& act : hide)
+    {
+        window.addAndMakeVisible (part);
+        layered->setVisible (true);
+        paintPicture (window, 2.0f);
+        EXPECT_EQ (held(), 4u * 62u * 42u);
+        act();
+        EXPECT_EQ (held(), 0u);
     }
 }
 
