@@ -28,7 +28,7 @@ juce_add_plugin(KestrelEQ
 # The wrappers are the framework's own sources.
 foreach(target KestrelEQ KestrelEQ_VST3 KestrelEQ_Standalone juce_vst3_helper)
     if(TARGET ${target})
-        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF DISABLE_PRECOMPILE_HEADERS ON)
     endif()
 endforeach()
 

@@ -20,36 +20,6 @@ namespace
 
 using namespace quillon::ui_pro;
 
-TEST (KestrelEditor, EveryKnobMovesItsParameterAndFollowsIt)
-{
-    EditorRig rig;
-    rig.set ("link", 0.0f);
-    rig.tick();
-
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-    {
-        for (std::size_t i = 0; i < laneKnobs.size(); ++i)
-        {
-            auto& knob = rig.editor->getLane (lane).getKnob (i);
-            const auto& info = infoOf (onLane (laneKnobs[i].parameter, lane));
-            const auto before = rig.values();
-            rig.drag (knob, 35.0f);
-
-            auto expected = before;
-            expected[indexOf (onLane (laneKnobs[i].parameter, lane))] += 0.25f;
-            EXPECT_EQ (rig.values(), expected) << info.id;
-            EXPECT_EQ (knob.getValueText(), rig.parameter (info.id).getCurrentValueAsText()) << info.id;
-
-            rig.set (info.id, 0.0f);
-            rig.tick();
-            EXPECT_EQ (knob.getValue(), 0.0f) << info.id;
-
-            Mouse (knob).doubleClick ({ 59.0f, 60.0f });
-            EXPECT_EQ (rig.get (info.id), info.defaultValue) << info.id;
-        }
-    }
-}
-
 TEST (KestrelEditor, AGestureIsOneStepAndUndoBringsBothLanesBack)
 {
     EditorRig rig;
