@@ -1,6 +1,7 @@
 #include "editor/KestrelEditor.h"
 #include "editor/EditorLayout.h"
 
+#include "tests/support/Components.h"
 #include "tests/support/EditorRig.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
@@ -294,6 +295,12 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
         EXPECT_FALSE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
         rig.press (juce::KeyPress::tabKey, i % 3 == 0 ? juce::ModifierKeys::shiftModifier : 0);
     }
+
+    auto* const about = findTitled (*panel, "ABOUT");
+    about->grabKeyboardFocus();
+    rig.window.click (middleOf (rig.window, "SYSTEM"));
+    EXPECT_FALSE (about->hasKeyboardFocus (false)) << "the ring goes with the choice";
+    EXPECT_TRUE (overlay.hasKeyboardFocus (true));
 
     EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     EXPECT_EQ (selector.getAccessibilityHandler(), nullptr);
