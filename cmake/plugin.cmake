@@ -44,6 +44,8 @@ if(MINGW)
     target_compile_options(KestrelEQ_Standalone PRIVATE "SHELL:-include windows.h")
     # The helper that writes moduleinfo.json has a wide entry point.
     target_link_options(juce_vst3_helper PRIVATE -municode)
+    # Tells what is linked in, and so whose notices go with the module (scripts/lib/notices).
+    target_link_options(KestrelEQ_VST3 PRIVATE "-Wl,-Map=${CMAKE_BINARY_DIR}/KestrelEQ.map")
 endif()
 
 if(TARGET KestrelEQ_VST3)
