@@ -88,6 +88,8 @@ bool KestrelChartView::refreshResponse()
 
 void KestrelChartView::refresh()
 {
+    letGoOfKeys();
+
     const bool curveMoved = refreshResponse();
     const bool spectrumMoved = spectrum.refresh (processor.getCore().getAnalyser (lane));
 
