@@ -74,6 +74,9 @@ public:
     /** Whether a key is held down. What it does until it is released is one step. */
     std::function<bool (int)> isKeyDown = [] (int keyCode) { return juce::KeyPress::isKeyCurrentlyDown (keyCode); };
 
+    /** Ends the step of a key that is held. */
+    void endHeldKey() { held.reset(); }
+
     /** The node that keys move. */
     std::size_t getFocusedNode() const { return focused; }
 

@@ -347,22 +347,5 @@ TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)
     EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
 }
 
-TEST (KestrelEditor, GoesAwayInTheMiddleOfADrag)
-{
-    for (const auto isTrim : { false, true })
-    {
-        EditorRig rig;
-        const auto before = rig.values();
-        Mouse mouse (
-            isTrim ? rig.editor->getScaffold().getGlobalPanel().getTrimKnob() : rig.editor->getLane (0).getKnob (1));
-        mouse.down ({ 59.0f, 60.0f });
-        mouse.drag ({ 59.0f, 20.0f });
-        rig.editor.reset();
-        EXPECT_EQ (rig.steps().size(), 1) << isTrim;
-        EXPECT_TRUE (rig.processor.getCore().getHistory().undo()) << "the step has ended, " << isTrim;
-        EXPECT_EQ (rig.values(), before) << isTrim;
-    }
-}
-
 } // namespace
 } // namespace kestreleq::test
