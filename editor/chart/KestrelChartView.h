@@ -84,6 +84,16 @@ private:
     dsp::LaneParameters readLane() const;
     bool refreshResponse();
     void rebuildCurve();
+
+    /** What follows the pointer: the readout's box, and the node or the mark on the curve. */
+    struct Pointed
+    {
+        juce::Rectangle<float> box;
+        juce::Rectangle<float> spot;
+    };
+
+    Pointed layOutPointed() const;
+    void repaintPointed();
     void paintSpectrum (juce::Graphics& g) const;
     void paintNodes (juce::Graphics& g) const;
     std::optional<ChartReadout> makeReadout() const;
@@ -114,7 +124,9 @@ private:
     quillon::ui_pro::primitives::CachedLayer background;
 
     bool active = true;
-    std::optional<juce::Point<float>> pointer; // while it is over the plot
+    quillon::ui_pro::primitives::PixelGrid grid; // of the last painting
+    Pointed pointed;                             // there
+    std::optional<juce::Point<float>> pointer;   // while it is over the plot
     std::optional<std::size_t> hovered;
     std::optional<std::size_t> grasped;
     std::size_t focused = 0;
