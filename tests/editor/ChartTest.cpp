@@ -5,7 +5,9 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/ProcessorRig.h"
+#include "tests/support/RepaintWatch.h"
 #include "tests/support/Signals.h"
+#include "ui_pro/controls/chart/CurvePainter.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
 
 #include <gtest/gtest.h>
@@ -323,6 +325,70 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
                 EXPECT_FALSE (box.contains (place, axes.yFor (levelAt (axes, curve, place)))) << x;
         }
     }
+}
+
+TEST (ChartView, AMovedPointerRepaintsWhatItTellsAndNoMore)
+{
+    ChartRig rig;
+    rig.set ("650hz", 1.0f);
+    rig.view->refresh();
+    const auto& axes = rig.view->getAxes();
+    const auto node = rig.view->getNodes().position (3);
+    const std::array<juce::Point<float>, 5> way { { { 300.0f, 60.0f }, { 310.0f, 90.0f }, { 900.0f, 40.0f }, node,
+        { 3.0f, 60.0f } } };
+
+    for (const auto scale : { 0.5f, 1.0f, 2.0f })
+    {
+        auto before = paintPicture (*rig.view, scale);
+
+        for (const auto at : way)
+        {
+            juce::RectangleList<int> asked;
+            {
+                RepaintWatch watch (*rig.view);
+                rig.mouse.move (at);
+                asked = watch.takeRegion();
+            }
+            auto pixels = 0;
+            for (const auto& area : asked)
+                pixels += area.getWidth() * area.getHeight();
+            EXPECT_LT (pixels, juce::roundToInt (0.13f * axes.plot.getWidth() * axes.plot.getHeight())) << scale;
+
+            // Nothing else has changed.
+            auto now = paintPicture (*rig.view, scale);
+            auto outside = now.createCopy();
+            for (auto* const picture : { &before, &outside })
+                for (const auto& area : asked)
+                    picture->clear ((area.toFloat() * scale).getSmallestIntegerContainer());
+            EXPECT_EQ (countDifferentPixels (before, outside, 0), 0) << at.toString() << " at " << scale;
+            before = now;
+        }
+    }
+}
+
+TEST (ResponsePath, NeedsFewPointsAndMissesNoneByMuch)
+{
+    using namespace quillon::ui_pro::controls;
+    std::vector<juce::Point<float>> points;
+    for (int i = 0; i < 281; ++i)
+        points.push_back ({ 3.9f * static_cast<float> (i),
+            100.0f - 60.0f * std::exp (-0.002f * static_cast<float> ((i - 140) * (i - 140))) });
+
+    const auto kept = thinCurve (points, 0.05f);
+    EXPECT_LT (kept.size(), 120u);
+    EXPECT_EQ (kept.front(), points.front());
+    EXPECT_EQ (kept.back(), points.back());
+
+    for (const auto& point : points)
+    {
+        const auto right = std::find_if (kept.begin() + 1, kept.end(), [&] (auto p) { return p.x >= point.x; });
+        const auto left = right[-1];
+        const auto y = left.y + (right->y - left.y) * (point.x - left.x) / (right->x - left.x);
+        EXPECT_NEAR (y, point.y, 0.051f);
+    }
+
+    EXPECT_EQ (thinCurve (CurvePoints (points).first (1), 1.0f).size(), 1u);
+    EXPECT_TRUE (thinCurve ({}, 1.0f).empty());
 }
 
 TEST (ChartView, TheAirNodeSaysWhenItIsOffAndABypassedLaneLooksOff)

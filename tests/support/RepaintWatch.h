@@ -16,7 +16,7 @@ public:
         component.setVisible (true);
         component.setCachedComponentImage (new Collector (*this));
         count = 0; // it repaints everything for its new image
-        area = {};
+        region.clear();
     }
 
     ~RepaintWatch() { component.setCachedComponentImage (nullptr); }
@@ -25,7 +25,10 @@ public:
     int takeCount() { return std::exchange (count, 0); }
 
     /** The area round all that was asked for since the last call. */
-    juce::Rectangle<int> takeArea() { return std::exchange (area, {}); }
+    juce::Rectangle<int> takeArea() { return takeRegion().getBounds(); }
+
+    /** All that was asked for since the last call. */
+    juce::RectangleList<int> takeRegion() { return std::exchange (region, {}); }
 
 private:
     struct Collector final : juce::CachedComponentImage
@@ -42,7 +45,7 @@ private:
         bool invalidate (const juce::Rectangle<int>& invalid) override
         {
             ++owner.count;
-            owner.area = owner.area.getUnion (invalid);
+            owner.region.add (invalid);
             return false;
         }
 
@@ -52,7 +55,7 @@ private:
     };
 
     juce::Component& component;
-    juce::Rectangle<int> area;
+    juce::RectangleList<int> region;
     int count = 0;
 };
 
