@@ -1,5 +1,6 @@
 #include "tests/support/Components.h"
 #include "tests/support/MessagePump.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Window.h"
 
 #include "ui_pro/primitives/DropDownList.h"
@@ -80,10 +81,12 @@ TEST_F (DropDownListTest, IsWalkedByKeysAndLeavesTheOthersToTheHost)
 {
     list.open (items());
     EXPECT_EQ (highlighted(), "");
-    EXPECT_TRUE (press (Key::downKey));
-    EXPECT_EQ (highlighted(), "Alpha");
     EXPECT_TRUE (press (Key::upKey));
-    EXPECT_EQ (highlighted(), "Bravo") << "round the end, past the heading";
+    EXPECT_EQ (highlighted(), "Bravo");
+    EXPECT_TRUE (press (Key::downKey));
+    EXPECT_EQ (highlighted(), "Alpha") << "round the end, past the heading";
+    EXPECT_TRUE (press (Key::upKey));
+    EXPECT_EQ (highlighted(), "Bravo");
     EXPECT_TRUE (press (Key::upKey));
     EXPECT_EQ (highlighted(), "Beta") << "past what cannot be chosen";
     EXPECT_TRUE (press (Key::homeKey));
@@ -206,7 +209,10 @@ TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
 
     many[40].isTicked = true;
     const auto isSeen = [this] (const juce::String& text)
-    { return list.getListBounds().contains (middleOf (list, text)); };
+    {
+        auto& row = *findTitled (list, text);
+        return list.getListBounds().contains (list.getLocalArea (&row, row.getLocalBounds()));
+    };
 
     list.open (many);
     EXPECT_EQ (highlighted(), "Row 40");
@@ -215,6 +221,11 @@ TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
     press (Key::homeKey);
     EXPECT_TRUE (isSeen ("Row 0"));
     press (Key::upKey);
+    EXPECT_TRUE (isSeen ("Row 59"));
+    Mouse wheel (list);
+    wheel.wheel ({}, 1000.0f);
+    EXPECT_TRUE (isSeen ("Row 0"));
+    wheel.wheel ({}, -1000.0f);
     EXPECT_TRUE (isSeen ("Row 59"));
     window.click (middleOf (list, "Row 57"));
     EXPECT_EQ (chosen, "Row 57 ");
