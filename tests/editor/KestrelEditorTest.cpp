@@ -117,6 +117,22 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
     }
 }
 
+TEST (KestrelEditor, WhatHasTheKeyboardShowsIt)
+{
+    EditorRig rig;
+
+    for (const auto* title : { "Initial preset", "Preset", "Undo", "Settings A", "Menu", "Enabled, lane A", "BREAK",
+             "INPUT LINK", "Oversampling" })
+    {
+        rig.editor->grabKeyboardFocus();
+        rig.editor->getHeader().selectProgram (1); // something to undo
+        auto* const button = findTitled<FaceButton> (*rig.editor, title);
+        const auto before = paintPicture (*button);
+        button->grabKeyboardFocus();
+        EXPECT_GT (countDifferentPixels (before, paintPicture (*button), 16), 20) << title;
+    }
+}
+
 TEST (KestrelEditor, ProgramsWrapAround)
 {
     EditorRig rig;

@@ -112,6 +112,10 @@ TEST_F (DropDownListTest, IsWalkedByKeysAndLeavesTheOthersToTheHost)
     EXPECT_TRUE (press (Key::spaceKey));
     EXPECT_EQ (chosen, "Beta Alpha ");
     EXPECT_FALSE (press (Key::spaceKey)) << "closed";
+
+    list.open ({ item ("Only") });
+    press (Key::downKey);
+    EXPECT_EQ (highlighted(), "Only");
 }
 
 TEST_F (DropDownListTest, HoweverItClosesTheKeyboardGoesBackToWhoHadIt)
@@ -143,6 +147,15 @@ TEST_F (DropDownListTest, HoweverItClosesTheKeyboardGoesBackToWhoHadIt)
     }
 
     EXPECT_EQ (chosen, "Alpha Alpha ");
+
+    // But where the user has put it since, it stays.
+    anchor.setVisible (true);
+    anchor.setWantsKeyboardFocus (true);
+    anchor.grabKeyboardFocus();
+    list.open (items());
+    field.grabKeyboardFocus();
+    list.close();
+    EXPECT_TRUE (field.hasKeyboardFocus (false));
 }
 
 TEST_F (DropDownListTest, APressBesideItOnlyClosesAndOneOnADeadLineDoesNothing)
@@ -198,6 +211,8 @@ TEST_F (DropDownListTest, StaysInTheWindowBesideItsAnchorWhereverThatIs)
     EXPECT_NEAR (list.getListBounds().getRight(), anchorArea.getRight(), 1);
     EXPECT_GT (list.getListBounds().getY(), anchorArea.getBottom());
     EXPECT_NEAR (list.getListBounds().getWidth(), 2 * before.getWidth(), 2);
+    window.setSize (4000, 2000); // with its anchor where it was
+    EXPECT_EQ (list.getBounds(), window.getLocalBounds());
 }
 
 TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
@@ -253,6 +268,9 @@ TEST_F (DropDownListTest, SpeaksToScreenReaders)
     EXPECT_FALSE (bravo->getCurrentState().isChecked());
     EXPECT_EQ (findTitled (list, "first")->getAccessibilityHandler()->getRole(), juce::AccessibilityRole::staticText);
 
+    findTitled (list, "first")->getAccessibilityHandler()->getActions().invoke (juce::AccessibilityActionType::press);
+    pumpMessages (1);
+    EXPECT_TRUE (list.isOpen()) << "a heading";
     beta->getActions().invoke (juce::AccessibilityActionType::focus);
     EXPECT_EQ (highlighted(), "Beta");
     beta->getActions().invoke (juce::AccessibilityActionType::press);
