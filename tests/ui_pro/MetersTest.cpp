@@ -275,6 +275,13 @@ TEST (MeterPair, ShowsBarsAndReadoutsWithinItsBounds)
 
     pair.setSize (20, 4);
     EXPECT_EQ (pair.getMeter (0).getWidth(), 1);
+
+    pair.clock = [] { return 501.0; };
+    pair.clear();
+    pair.setLevels (1.0f, 0.0f);
+    pair.clock = [] { return 1001.0; };
+    pair.setLevels (0.0f, 0.0f);
+    EXPECT_NEAR (pair.getMeter (0).getLevelDb(), -18.0f, 0.01f) << "half a second later";
 }
 
 TEST (MeterAccessibility, ReadsTheLevels)

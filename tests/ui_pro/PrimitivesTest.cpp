@@ -1,5 +1,6 @@
 #include "tests/support/Pictures.h"
 
+#include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/style/Theme.h"
 
@@ -64,6 +65,20 @@ TEST (CachedLayer, LooksLikeTheDrawingAtEveryScaleAndIsDrawnOnce)
 
         layered.cached = false;
         EXPECT_EQ (countDifferentPixels (throughLayer, paintPicture (window, scale), 8), 0) << scale;
+    }
+}
+
+TEST (HeaderBar, ShowsItsTexts)
+{
+    layout::HeaderBar bar;
+    bar.setSize (1672, 68);
+
+    for (const auto set : { &layout::HeaderBar::setProductName, &layout::HeaderBar::setVersionText,
+             &layout::HeaderBar::setSubtitle, &layout::HeaderBar::setPresetName })
+    {
+        const auto before = paintPicture (bar);
+        (bar.*set) ("something else");
+        EXPECT_GT (countDifferentPixels (before, paintPicture (bar), 16), 50);
     }
 }
 
