@@ -2,6 +2,7 @@
 #include "tests/support/Window.h"
 
 #include "ui_pro/controls/buttons/LinkIconButton.h"
+#include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/style/Theme.h"
 
@@ -132,6 +133,20 @@ TEST (CachedLayer, TakesNoMemoryWhileNothingShowsIt)
         EXPECT_EQ (held(), 4u * 62u * 42u);
         act();
         EXPECT_EQ (held(), 0u);
+    }
+}
+
+TEST (HeaderBar, ShowsItsTexts)
+{
+    layout::HeaderBar bar;
+    bar.setSize (1672, 68);
+
+    for (const auto set : { &layout::HeaderBar::setProductName, &layout::HeaderBar::setVersionText,
+             &layout::HeaderBar::setSubtitle, &layout::HeaderBar::setPresetName })
+    {
+        const auto before = paintPicture (bar);
+        (bar.*set) ("something else");
+        EXPECT_GT (countDifferentPixels (before, paintPicture (bar), 16), 50);
     }
 }
 
