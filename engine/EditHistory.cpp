@@ -93,7 +93,10 @@ void EditHistory::record (std::function<void()> redo, std::function<void()> undo
 void EditHistory::beginStep (const juce::String& name)
 {
     if (depth++ > 0)
+    {
+        takePendingName(); // it was meant for this one, not for the next
         return;
+    }
 
     stepThread = juce::Thread::getCurrentThreadId();
     const juce::ScopedLock scope (lock);

@@ -65,6 +65,7 @@ void KestrelChartView::mouseExit (const juce::MouseEvent&)
 void KestrelChartView::mouseDown (const juce::MouseEvent& event)
 {
     drag.reset();
+    held.reset();
     grasped = nodes.hit (event.position);
 
     if (! grasped)
@@ -114,6 +115,7 @@ void KestrelChartView::visibilityChanged()
     if (! isVisible())
     {
         field.close();
+        held.reset();
         letGo(); // a host that links the lanes hides the view under the pointer; the step must not stay open
     }
 }
@@ -140,19 +142,23 @@ bool KestrelChartView::keyPressed (const juce::KeyPress& key)
 {
     const auto mods = key.getModifiers();
 
+    if (key.getKeyCode() != heldKey)
+        held.reset();
+
     if (grasped || mods.isCommandDown() || mods.isCtrlDown() || mods.isAltDown())
         return false;
 
+    const auto code = key.getKeyCode();
     const auto step = mods.isShiftDown() ? fineKeyStep : keyStep;
 
-    const auto is = [code = key.getKeyCode()] (int other) { return code == other; };
+    const auto is = [code] (int other) { return code == other; };
 
     if (is (juce::KeyPress::leftKey) || is (juce::KeyPress::rightKey))
         focused = (focused + (is (juce::KeyPress::rightKey) ? 1 : ChartNodes::count - 1)) % ChartNodes::count;
     else if (is (juce::KeyPress::upKey) || is (juce::KeyPress::downKey))
-        nudgeNode (processor, lane, focused, is (juce::KeyPress::upKey) ? step : -step, 0);
+        nudge (code, 0, is (juce::KeyPress::upKey) ? step : -step);
     else if (is (juce::KeyPress::pageUpKey) || is (juce::KeyPress::pageDownKey))
-        nudgeNode (processor, lane, focused, 0.0f, is (juce::KeyPress::pageUpKey) ? 1 : -1);
+        nudge (code, 1, (is (juce::KeyPress::pageUpKey) ? 1.0f : -1.0f) / nodeAirSteps);
     else if (is (juce::KeyPress::deleteKey))
         resetNode (processor, lane, focused);
     else if (is (juce::KeyPress::returnKey))
@@ -167,6 +173,39 @@ bool KestrelChartView::keyPressed (const juce::KeyPress& key)
         handler->notifyAccessibilityEvent (juce::AccessibilityEvent::valueChanged);
 
     return true;
+}
+
+bool KestrelChartView::keyStateChanged (bool)
+{
+    letGoOfKeys();
+    return false;
+}
+
+void KestrelChartView::nudge (int keyCode, std::size_t parameter, float distance)
+{
+    NodeParameters moved {};
+    moved[parameter] = parametersOf (processor, lane, focused)[parameter];
+
+    if (moved[parameter] == nullptr)
+        return;
+
+    const auto from = moved[parameter]->getValue();
+    const auto to = std::clamp (from + distance, 0.0f, 1.0f);
+
+    if (to == from) // at the end of the range
+        return;
+
+    if (held == nullptr)
+        held = std::make_unique<NodeGesture> (processor, moved);
+
+    heldKey = keyCode;
+    held->set (parameter, to);
+}
+
+void KestrelChartView::letGoOfKeys()
+{
+    if (held != nullptr && ! isKeyDown (heldKey))
+        held.reset();
 }
 
 void KestrelChartView::openField()
@@ -193,6 +232,7 @@ void KestrelChartView::focusGained (FocusChangeType)
 
 void KestrelChartView::focusLost (FocusChangeType)
 {
+    held.reset();
     repaint();
 }
 

@@ -88,6 +88,8 @@ bool KestrelChartView::refreshResponse()
 
 void KestrelChartView::refresh()
 {
+    letGoOfKeys();
+
     const bool curveMoved = refreshResponse();
     const bool spectrumMoved = spectrum.refresh (processor.getCore().getAnalyser (lane));
 
@@ -111,7 +113,7 @@ void KestrelChartView::setSurface (std::function<void (juce::Graphics&)> newSurf
 {
     using primitives::CachedLayer;
     surface = std::move (newSurface);
-    background = CachedLayer (surface != nullptr ? CachedLayer::Picture::covering : CachedLayer::Picture::transparent);
+    background.setPicture (surface != nullptr ? CachedLayer::Picture::covering : CachedLayer::Picture::transparent);
     setOpaque (surface != nullptr);
     repaint();
 }
@@ -275,7 +277,7 @@ ChartReadout KestrelChartView::describeNode (std::size_t node) const
 {
     const auto& palette = style::Theme::palette();
     const auto at = nodes.position (node);
-    ChartReadout readout { { { laneKnobs[node].caption, nodeColour (node), true },
+    ChartReadout readout { { { laneKnobs[node].caption, style::Theme::accent (laneKnobs[node].colourId), true },
                                { textOf (node), palette.textPrimary } },
         at, ChartNodes::radius + 8.0f };
 

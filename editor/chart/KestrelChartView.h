@@ -65,9 +65,13 @@ public:
     void mouseUp (const juce::MouseEvent& event) override;
     void mouseDoubleClick (const juce::MouseEvent& event) override;
     bool keyPressed (const juce::KeyPress& key) override;
+    bool keyStateChanged (bool isAnyDown) override;
     void focusGained (FocusChangeType cause) override;
     void focusLost (FocusChangeType cause) override;
     std::unique_ptr<juce::AccessibilityHandler> createAccessibilityHandler() override;
+
+    /** Whether a key is held down. What it does until it is released is one step. */
+    std::function<bool (int)> isKeyDown = [] (int keyCode) { return juce::KeyPress::isKeyCurrentlyDown (keyCode); };
 
     /** The node that keys move. */
     std::size_t getFocusedNode() const { return focused; }
@@ -103,6 +107,8 @@ private:
     bool isAirOff() const;
     std::optional<std::size_t> chosenNode() const;
     void openField();
+    void nudge (int keyCode, std::size_t parameter, float distance);
+    void letGoOfKeys();
     juce::Colour shownColour() const;
     void setPointer (std::optional<juce::Point<float>> position);
     void letGo();
@@ -131,6 +137,8 @@ private:
     std::optional<std::size_t> grasped;
     std::size_t focused = 0;
     std::unique_ptr<NodeDrag> drag;
+    std::unique_ptr<NodeGesture> held; // by a key
+    int heldKey = 0;
     NodeField field;
 };
 

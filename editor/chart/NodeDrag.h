@@ -17,20 +17,14 @@ public:
     /** Begins the step and the gestures. The plot's height in pixels stands for a value's whole range, and an octave of
         its frequency axis for one step of the air frequency. */
     NodeDrag (KestrelProcessor& processor, std::size_t lane, std::size_t node, float plotHeight, float octaveWidth);
-    ~NodeDrag();
-
-    NodeDrag (const NodeDrag&) = delete;
-    NodeDrag& operator= (const NodeDrag&) = delete;
 
     /** Takes the pointer's whole way since the drag began, in pixels. What it has gone since the last call counts a
         tenth while fine, so nothing jumps when that changes. */
     void moveBy (juce::Point<float> distance, bool fine);
 
 private:
-    static void set (juce::RangedAudioParameter* parameter, float value);
-
-    KestrelProcessor& owner;
     NodeParameters parameters;
+    NodeGesture gesture;
     std::array<float, 2> startValues {};
     float height;
     float octave;

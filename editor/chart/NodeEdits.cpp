@@ -53,6 +53,35 @@ NodeParameters parametersOf (KestrelProcessor& processor, std::size_t lane, std:
     return { find (node), node == ChartNodes::airNode ? find (airStepKnob) : nullptr };
 }
 
+NodeGesture::NodeGesture (KestrelProcessor& processor, const NodeParameters& parametersToMove)
+    : owner (processor),
+      parameters (parametersToMove)
+{
+    owner.setPendingTransactionName (nodeStepName);
+    owner.getCore().getHistory().beginStep();
+
+    for (auto* parameter : parameters)
+        if (parameter != nullptr)
+            parameter->beginChangeGesture();
+}
+
+NodeGesture::~NodeGesture()
+{
+    for (auto* parameter : parameters)
+        if (parameter != nullptr)
+            parameter->endChangeGesture();
+
+    owner.getCore().getHistory().endStep();
+}
+
+void NodeGesture::set (std::size_t index, float value)
+{
+    const auto within = std::clamp (value, 0.0f, 1.0f);
+
+    if (auto& parameter = *parameters[index]; parameter.getValue() != within)
+        parameter.setValueNotifyingHost (within);
+}
+
 void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node)
 {
     processor.getCore().getHistory().perform (nodeStepName,
@@ -62,24 +91,6 @@ void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node)
                 if (parameter != nullptr)
                     setAsGesture (*parameter, parameter->getDefaultValue());
         });
-}
-
-void nudgeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, float amount, int airSteps)
-{
-    const auto parameters = parametersOf (processor, lane, node);
-    const auto nudge = [&] (juce::RangedAudioParameter* parameter, float by)
-    {
-        if (parameter == nullptr)
-            return;
-
-        const auto value = std::clamp (parameter->getValue() + by, 0.0f, 1.0f);
-
-        if (value != parameter->getValue())
-            processor.getCore().getHistory().perform (nodeStepName, [&] { setAsGesture (*parameter, value); });
-    };
-
-    nudge (parameters[0], amount);
-    nudge (parameters[1], static_cast<float> (airSteps) / nodeAirSteps);
 }
 
 bool typeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, const juce::String& text)

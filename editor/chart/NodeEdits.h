@@ -17,11 +17,27 @@ using NodeParameters = std::array<juce::RangedAudioParameter*, 2>;
 
 NodeParameters parametersOf (KestrelProcessor& processor, std::size_t lane, std::size_t node);
 
+/** One gesture and one step, from construction to destruction, for as many movements as come meanwhile. */
+class NodeGesture
+{
+public:
+    /** Parameters that are null are not moved. */
+    NodeGesture (KestrelProcessor& processor, const NodeParameters& parametersToMove);
+    ~NodeGesture();
+
+    NodeGesture (const NodeGesture&) = delete;
+    NodeGesture& operator= (const NodeGesture&) = delete;
+
+    /** Sets one of the parameters, 0 or 1, within its range. */
+    void set (std::size_t index, float value);
+
+private:
+    KestrelProcessor& owner;
+    const NodeParameters parameters;
+};
+
 /** Sets the node's parameters to their defaults. */
 void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node);
-
-/** Moves the node by a part of its whole range, and the air node by so many steps of its frequency. */
-void nudgeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, float amount, int airSteps);
 
 /** Takes a value as it is written: a number, for a band with dB or without; for the air also a frequency, as "20K" or
     "10 kHz", which any number above 1 is taken for. False for anything else, which changes nothing. */

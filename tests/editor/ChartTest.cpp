@@ -115,6 +115,7 @@ struct ChartRig : ProcessorRig
     explicit ChartRig (double rate = 48000.0)
         : ProcessorRig (rate)
     {
+        view->isKeyDown = [] (int) { return false; };
         view->setSize (1120, 196);
         view->refresh();
     }
@@ -148,7 +149,6 @@ TEST (ChartView, DragsANodeAsOneNamedStep)
     EXPECT_EQ (rig.undo().getUndoDescription(), "Move chart node");
     EXPECT_EQ (rig.undo().getUndoDescriptions().size(), 1);
     EXPECT_FALSE (rig.processor.isTransactionPending());
-
     rig.processor.getCore().getHistory().undo();
     EXPECT_EQ (rig.get ("160hz"), 0.5f);
     EXPECT_EQ (rig.get ("160hzR"), 0.5f);
@@ -320,6 +320,10 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
         {
             const auto box = placeReadout (axes, curve, { {}, at, distance }, { 230.0f, 29.0f });
             EXPECT_TRUE (axes.plot.contains (box));
+            if (distance > 0.0f)
+            {
+                EXPECT_LE (std::abs (box.getCentreY() - at.y), distance + 2.1f * box.getHeight()) << "near its node";
+            }
 
             for (auto place = box.getX(); place <= box.getRight(); place += 2.0f)
                 EXPECT_FALSE (box.contains (place, axes.yFor (levelAt (axes, curve, place)))) << x;

@@ -1,4 +1,5 @@
 #include "editor/KestrelEditor.h"
+#include "editor/SupportRecord.h"
 
 #include "tests/support/EditorRig.h"
 #include "tests/support/Mouse.h"
@@ -121,6 +122,19 @@ TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
     rig.processor.setCurrentProgram (0);
     play();
     EXPECT_EQ (meter(), playing);
+}
+
+TEST (KestrelEditor, AnUnknownHostIsToldByItsFile)
+{
+    const ResourceManifest manifest (juce::String {});
+    juce::AudioProcessor::setTypeOfNextNewPlugin (juce::AudioProcessor::wrapperType_VST3);
+    const ProcessorRig hosted;
+    juce::AudioProcessor::setTypeOfNextNewPlugin (juce::AudioProcessor::wrapperType_Undefined);
+    const ProcessorRig alone;
+
+    const auto program = juce::File::getSpecialLocation (juce::File::hostApplicationPath).getFileName();
+    EXPECT_EQ (makeSupportRecord (hosted.processor, manifest).host, "Unknown (" + program + ")");
+    EXPECT_TRUE (makeSupportRecord (alone.processor, manifest).host.isEmpty());
 }
 
 } // namespace

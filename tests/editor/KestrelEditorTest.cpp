@@ -1,6 +1,7 @@
 #include "editor/KestrelEditor.h"
 #include "editor/EditorLayout.h"
 
+#include "tests/support/Components.h"
 #include "tests/support/EditorRig.h"
 #include "tests/support/Mouse.h"
 #include "tests/support/Pictures.h"
@@ -19,36 +20,6 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-
-TEST (KestrelEditor, EveryKnobMovesItsParameterAndFollowsIt)
-{
-    EditorRig rig;
-    rig.set ("link", 0.0f);
-    rig.tick();
-
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-    {
-        for (std::size_t i = 0; i < laneKnobs.size(); ++i)
-        {
-            auto& knob = rig.editor->getLane (lane).getKnob (i);
-            const auto& info = infoOf (onLane (laneKnobs[i].parameter, lane));
-            const auto before = rig.values();
-            rig.drag (knob, 35.0f);
-
-            auto expected = before;
-            expected[indexOf (onLane (laneKnobs[i].parameter, lane))] += 0.25f;
-            EXPECT_EQ (rig.values(), expected) << info.id;
-            EXPECT_EQ (knob.getValueText(), rig.parameter (info.id).getCurrentValueAsText()) << info.id;
-
-            rig.set (info.id, 0.0f);
-            rig.tick();
-            EXPECT_EQ (knob.getValue(), 0.0f) << info.id;
-
-            Mouse (knob).doubleClick ({ 59.0f, 60.0f });
-            EXPECT_EQ (rig.get (info.id), info.defaultValue) << info.id;
-        }
-    }
-}
 
 TEST (KestrelEditor, AGestureIsOneStepAndUndoBringsBothLanesBack)
 {
@@ -324,6 +295,12 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
         EXPECT_FALSE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
         rig.press (juce::KeyPress::tabKey, i % 3 == 0 ? juce::ModifierKeys::shiftModifier : 0);
     }
+
+    auto* const about = findTitled (*panel, "ABOUT");
+    about->grabKeyboardFocus();
+    rig.window.click (middleOf (rig.window, "SYSTEM"));
+    EXPECT_FALSE (about->hasKeyboardFocus (false)) << "the ring goes with the choice";
+    EXPECT_TRUE (overlay.hasKeyboardFocus (true));
 
     EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     EXPECT_EQ (selector.getAccessibilityHandler(), nullptr);

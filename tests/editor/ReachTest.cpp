@@ -120,8 +120,13 @@ TEST (Reach, EveryButtonIsWorkedByMouseByKeyboardAndByVoice)
                 [] (EditorRig& rig, FaceButton& button)
                 {
                     button.grabKeyboardFocus();
-                    EXPECT_FALSE (rig.press (juce::KeyPress::spaceKey, 0)) << "the host's";
                     EXPECT_TRUE (rig.press (juce::KeyPress::returnKey, 0));
+                } },
+            { "the space bar",
+                [] (EditorRig& rig, FaceButton& button)
+                {
+                    button.grabKeyboardFocus();
+                    EXPECT_TRUE (rig.press (juce::KeyPress::spaceKey, 0));
                 } },
             { "voice",
                 [] (EditorRig&, FaceButton& button)
@@ -228,6 +233,34 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
         rig.window.click (at);
         EXPECT_TRUE (selector.getBrowser()->getSearchField().hasKeyboardFocus (true)) << at.toString();
     }
+}
+
+TEST (Reach, WhatAHeldKeyDoesToANodeIsOneStep)
+{
+    EditorRig rig;
+    auto& chart = rig.editor->getLane (0).getChart();
+    chart.grabKeyboardFocus();
+    const auto hold = [&] (int key)
+    {
+        rig.keysAreHeld = true;
+        for (int i = 0; i < 20; ++i)
+        {
+            rig.press (key, 0);
+            rig.tick();
+        }
+    };
+    hold (juce::KeyPress::upKey);
+    EXPECT_NEAR (rig.get ("subR"), 0.7f, 1e-5f) << "and moves it at once";
+    hold (juce::KeyPress::downKey);
+    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
+    rig.keysAreHeld = false;
+    rig.window.getPeer()->handleKeyUpOrDown (false);
+    EXPECT_EQ (rig.steps(), juce::StringArray ({ "Move chart node", "Move chart node" }));
+
+    hold (juce::KeyPress::upKey);
+    rig.editor->grabKeyboardFocus();
+    EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier)) << "the keyboard went elsewhere";
+    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
 }
 
 /** Everything that a screen reader finds in a component has a kind and a name. */

@@ -18,8 +18,13 @@ struct EditorRig : ProcessorRig
           window (editor->getWidth(), editor->getHeight())
     {
         editor->setClock ([this] { return now; });
+
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+            editor->getLane (lane).getChart().isKeyDown = [this] (int) { return keysAreHeld; };
+
         window.addAndMakeVisible (*editor);
         editor->grabKeyboardFocus();
+        clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
         clipboard().read = [this] { return clipboardText; };
         clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }
@@ -64,6 +69,7 @@ struct EditorRig : ProcessorRig
     }
 
     double now = 1000.0;
+    bool keysAreHeld = false;
     juce::String clipboardText;
     std::unique_ptr<KestrelEditor> editor;
     Window window;

@@ -85,7 +85,6 @@ TEST (PresetBrowser, SearchesAndLoadsWithKeysAlone)
     Rig rig;
     auto& display = *rig.selector->getComponentAt (150, 16);
     display.grabKeyboardFocus();
-    EXPECT_FALSE (rig.press (Key::spaceKey)) << "the host's transport key";
     rig.press (Key::returnKey);
     ASSERT_TRUE (rig.isOpen());
     EXPECT_EQ (rig.calls.joinIntoString (","), "opened");
@@ -112,7 +111,7 @@ TEST (PresetBrowser, SearchesAndLoadsWithKeysAlone)
 
     rig.press (Key::downKey);
     ASSERT_TRUE (rig.isOpen());
-    EXPECT_EQ (rig.popup().getSearchField().getText(), "air");
+    EXPECT_EQ (rig.popup().getSearchField().getText(), "") << "each search begins anew";
     rig.press (Key::escapeKey);
     EXPECT_FALSE (rig.isOpen());
     EXPECT_EQ (rig.calls.size(), 3);

@@ -6,6 +6,7 @@
 #include <bit>
 #include <limits>
 #include <string_view>
+#include <system_error>
 
 namespace kestreleq::host
 {

@@ -125,7 +125,7 @@ bool FaceButton::keyPressed (const juce::KeyPress& key)
     if (onKey != nullptr && onKey (key))
         return true;
 
-    if (open.has_value() && isEnabled() && key == juce::KeyPress::downKey)
+    if (isEnabled() && (key == juce::KeyPress::spaceKey || (open.has_value() && key == juce::KeyPress::downKey)))
     {
         triggerClick();
         return true;

@@ -11,9 +11,9 @@ namespace quillon::ui_pro::primitives
 {
 
 /** What can be clicked: a face drawn from a ButtonLook, hooks around each click of the user, and what a screen reader
-    needs to know. The Tab key reaches it and Return presses it, Down opens what it opens; a click does not take the
-    keyboard from the host. A press from a screen reader or a key is delivered as a message of its own, so it may delete
-    the button. Message thread. */
+    needs to know. The Tab key reaches it, Return and Space press it, Down opens what it opens; a click does not take
+   the keyboard from the host. A press from a screen reader or a key is delivered as a message of its own, so it may
+   delete the button. Message thread. */
 class FaceButton : public juce::Button
 {
 public:

@@ -71,6 +71,9 @@ TabRow::TabRow (const juce::StringArray& captions)
 
             current = index;
 
+            if (hasKeyboardFocus (true)) // of a press with the mouse, which leaves the keyboard where it was
+                getTab (index).grabKeyboardFocus();
+
             if (onChange != nullptr)
                 onChange (index);
         };

@@ -243,9 +243,6 @@ bool PresetSelector::BrowserPopup::keyPressed (const juce::KeyPress& key)
         loadSelected(); // may delete this
     else if (key == juce::KeyPress::escapeKey)
         selector.closeBrowser(); // deletes this
-    else if (auto* focused = dynamic_cast<PresetButton*> (getCurrentlyFocusedComponent());
-             focused != nullptr && key == juce::KeyPress::spaceKey)
-        focused->triggerClick();
     else
         return false;
 

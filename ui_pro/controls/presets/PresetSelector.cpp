@@ -190,6 +190,7 @@ void PresetSelector::openBrowser()
     if (browser != nullptr || parent == this || ! isEnabled())
         return;
 
+    library.setSearchText ({});
     library.selectInForce();
     browser = std::make_unique<BrowserPopup> (*this);
     browser->setPreviewPainter (previewPainter);
