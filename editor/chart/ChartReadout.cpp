@@ -6,7 +6,6 @@
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace kestreleq
@@ -62,22 +61,27 @@ juce::Rectangle<float> placeReadout (const controls::ChartAxes& axes, std::span<
             .constrainedWithin (inside);
     };
     const auto reach = readout.distance + 0.5f * size.y;
-    const std::array places { boxAt (readout.at.y - reach), boxAt (readout.at.y + reach), boxAt (inside.getBottom()),
-        boxAt (inside.getY()) };
-    auto best = places.back();
+    auto best = boxAt (inside.getY());
     auto bestDistance = -1.0e9f;
-
-    for (std::size_t i = readout.distance > 0.0f ? 0 : 2; i < places.size(); ++i)
+    const auto consider = [&] (juce::Rectangle<float> box)
     {
-        const auto distance = std::min (distanceToCurve (axes, curve, places[i]), clearance);
+        const auto distance = std::min (distanceToCurve (axes, curve, box), clearance);
 
         if (distance > bestDistance)
         {
-            best = places[i];
+            best = box;
             bestDistance = distance;
         }
-    }
+    };
 
+    // As near as the curve leaves room, where it is steep a little farther; else at an edge.
+    if (readout.distance > 0.0f)
+        for (const auto farther : { 0.0f, 0.5f, 1.0f, 1.5f })
+            for (const auto side : { -1.0f, 1.0f })
+                consider (boxAt (readout.at.y + side * (reach + farther * size.y)));
+
+    consider (boxAt (inside.getBottom()));
+    consider (boxAt (inside.getY()));
     return best;
 }
 

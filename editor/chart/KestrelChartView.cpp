@@ -301,7 +301,7 @@ ChartReadout KestrelChartView::describeNode (std::size_t node) const
 {
     const auto& palette = style::Theme::palette();
     const auto at = nodes.position (node);
-    ChartReadout readout { { { laneKnobs[node].caption, nodeColour (node), true },
+    ChartReadout readout { { { laneKnobs[node].caption, style::Theme::accent (laneKnobs[node].colourId), true },
                                { textOf (node), palette.textPrimary } },
         at, ChartNodes::radius + 8.0f };
 

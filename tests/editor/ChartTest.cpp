@@ -238,6 +238,10 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
         {
             const auto box = placeReadout (axes, curve, { {}, at, distance }, { 230.0f, 29.0f });
             EXPECT_TRUE (axes.plot.contains (box));
+            if (distance > 0.0f)
+            {
+                EXPECT_LE (std::abs (box.getCentreY() - at.y), distance + 2.1f * box.getHeight()) << "near its node";
+            }
 
             for (auto place = box.getX(); place <= box.getRight(); place += 2.0f)
                 EXPECT_FALSE (box.contains (place, axes.yFor (levelAt (axes, curve, place)))) << x;

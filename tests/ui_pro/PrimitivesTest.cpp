@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -37,31 +38,27 @@ TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
 
     for (const auto scale : { 0.5f, 1.0f, 2.0f })
     {
-        // How much of the icon's darkest column between the two links is ink, of what its brightest column has.
+        // The least ink in the middle, as a share of that of a link.
         const auto joint = [&] (bool on)
         {
             button.setToggleState (on, juce::dontSendNotification);
             const auto picture = paintPicture (button, scale);
             const auto ink = [&] (int x)
             {
-                auto least = 1.0f, most = 0.0f;
+                auto most = 0.0f;
                 for (int y = juce::roundToInt (6.0f * scale); y < juce::roundToInt (18.0f * scale); ++y)
-                {
-                    least = std::min (least, picture.getPixelAt (x, y).getBrightness());
-                    most = std::max (most, picture.getPixelAt (x, y).getBrightness());
-                }
-                return most - least;
+                    most = std::max (most,
+                        std::abs (picture.getPixelAt (x, y).getBrightness() -
+                            picture.getPixelAt (juce::roundToInt (4.0f * scale), y).getBrightness()));
+                return most;
             };
-            auto gap = 1.0f, link = 0.0f;
-            for (int x = juce::roundToInt (8.0f * scale); x < juce::roundToInt (24.0f * scale); ++x)
-            {
-                gap = std::min (gap, ink (x));
-                link = std::max (link, ink (x));
-            }
-            return gap / link;
+            auto middle = 1.0f;
+            for (int x = juce::roundToInt (15.0f * scale); x < juce::roundToInt (18.0f * scale); ++x)
+                middle = std::min (middle, ink (x));
+            return middle / ink (static_cast<int> (10.5f * scale));
         };
-        EXPECT_LT (joint (false), 0.4f) << scale;
-        EXPECT_GT (joint (true), 0.6f) << scale;
+        EXPECT_LT (joint (false), 0.75f) << scale;
+        EXPECT_GT (joint (true), 0.95f) << scale;
     }
 }
 
