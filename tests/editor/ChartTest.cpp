@@ -380,24 +380,6 @@ TEST (ChartView, ShowsTheSameCurveAtEveryHostRateUpTo96kHz)
     EXPECT_EQ (watch.takeCount(), 1) << "at another rate";
 }
 
-TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
-{
-    ChartRig rig;
-    rig.processor.setCapturing (true);
-    auto& analyser = rig.processor.getCore().getAnalyser (0);
-    const auto still = paintPicture (*rig.view);
-
-    Stereo signal { sine (1000.0, 48000.0, 24000, 0.5), sine (1000.0, 48000.0, 24000, 0.5) };
-    rig.process (signal);
-    for (int tick = 0; tick < 20; ++tick)
-        analyser.update();
-
-    RepaintWatch watch (*rig.view);
-    rig.view->refresh();
-    EXPECT_EQ (watch.takeCount(), 1);
-    EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
-}
-
 TEST (PresetPreview, DrawsWhatTheProgramSoundsLike)
 {
     constexpr int width = 300, height = 180; // 5 pixels a dB

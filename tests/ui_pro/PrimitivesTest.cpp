@@ -4,7 +4,6 @@
 #include "ui_pro/controls/buttons/LinkIconButton.h"
 #include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
-#include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
 
@@ -20,16 +19,6 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-using style::Theme;
-
-TEST (Theme, ScalesTheCanvasIntoAnyAreaAndKnowsNoOtherAccents)
-{
-    EXPECT_EQ (Theme::scaleFor ({ 0, 500 }), 1.0f);
-    EXPECT_EQ (Theme::centredDesignBounds ({ 10, 20, 3344, 951 }), juce::Rectangle<int> (846, 20, 1672, 951));
-
-    for (const auto id : { -1, 0, 31 })
-        EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
-}
 
 TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
 {
