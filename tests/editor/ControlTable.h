@@ -108,42 +108,29 @@ inline juce::StringArray tabStops()
     return titles;
 }
 
-/** A knob, which takes the mouse and voice, but no keys and no wheel. */
-struct KnobRow
+/** Every knob by its title. It takes the mouse and voice, but no keys. */
+inline std::vector<std::pair<juce::String, Parameter>> knobRows()
 {
-    juce::String title;
-    Parameter parameter;
-};
-
-inline std::vector<KnobRow> knobRows()
-{
-    std::vector<KnobRow> rows { { "TRIM", Parameter::trim }, { "INPUT GAIN 1", Parameter::inGain1 },
-        { "INPUT GAIN 2", Parameter::inGain2 }, { "OUTPUT GAIN 1", Parameter::outGain1 },
-        { "OUTPUT GAIN 2", Parameter::outGain2 } };
+    std::vector<std::pair<juce::String, Parameter>> rows { { "TRIM", Parameter::trim },
+        { "INPUT GAIN 1", Parameter::inGain1 }, { "INPUT GAIN 2", Parameter::inGain2 },
+        { "OUTPUT GAIN 1", Parameter::outGain1 }, { "OUTPUT GAIN 2", Parameter::outGain2 } };
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
         for (const auto& knob : laneKnobs)
-            rows.push_back (
-                { juce::String (knob.caption) + (lane == 0 ? ", lane A" : ", lane B"), onLane (knob.parameter, lane) });
+            rows.emplace_back (
+                juce::String (knob.caption) + ", lane " + (lane == 0 ? "A" : "B"), onLane (knob.parameter, lane));
 
     return rows;
 }
 
-/** A chart's node: the Tab key goes to its chart, Right to it, and voice tells its value. */
-struct NodeRow
+/** Every node of the charts. The Tab key goes to its chart, Right to it, and voice tells its value. */
+inline std::vector<std::tuple<std::size_t, std::size_t, Parameter>> nodeRows()
 {
-    std::size_t lane;
-    std::size_t node;
-    Parameter parameter;
-};
-
-inline std::vector<NodeRow> nodeRows()
-{
-    std::vector<NodeRow> rows;
+    std::vector<std::tuple<std::size_t, std::size_t, Parameter>> rows;
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
         for (std::size_t node = 0; node < ChartNodes::count; ++node)
-            rows.push_back ({ lane, node, onLane (laneKnobs[node].parameter, lane) });
+            rows.emplace_back (lane, node, onLane (laneKnobs[node].parameter, lane));
 
     return rows;
 }

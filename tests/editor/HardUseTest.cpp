@@ -109,7 +109,7 @@ struct RandomUse : UsedRig
         {
             panel->services.copyText = [] (const juce::String&) { return true; };
             panel->services.openAddress = [] (const juce::String&) {};
-            panel->services.openFolder = [] (const juce::File&) {};
+            panel->getButton (Panel::Action::openConfigFolder).setEnabled (false); // it makes the folder
             panel->services.chooseFile = [] (const juce::File&, const auto& done) { done ({}); };
         }
     }

@@ -69,10 +69,10 @@ TEST (Reach, EveryKnobTakesByVoiceWhatItShows)
 {
     WideRig rig;
 
-    for (const auto& row : knobRows())
+    for (const auto& [title, parameter] : knobRows())
     {
-        auto* const knob = findTitled<KnobControl> (*rig.editor, row.title);
-        const auto* const info = &infoOf (row.parameter);
+        auto* const knob = findTitled<KnobControl> (*rig.editor, title);
+        const auto* const info = &infoOf (parameter);
         ASSERT_NE (knob, nullptr) << info->id;
         EXPECT_FALSE (knob->getWantsKeyboardFocus()) << info->id;
         EXPECT_NE (knob->getTooltip(), "") << info->id;
@@ -166,34 +166,6 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
         rig.window.click (at);
         EXPECT_TRUE (selector.getBrowser()->getSearchField().hasKeyboardFocus (true)) << at.toString();
     }
-}
-
-TEST (Reach, WhatAHeldKeyDoesToANodeIsOneStep)
-{
-    EditorRig rig;
-    auto& chart = rig.editor->getLane (0).getChart();
-    chart.grabKeyboardFocus();
-    const auto hold = [&] (int key)
-    {
-        rig.keysAreHeld = true;
-        for (int i = 0; i < 20; ++i)
-        {
-            rig.press (key, 0);
-            rig.tick();
-        }
-    };
-    hold (juce::KeyPress::upKey);
-    EXPECT_NEAR (rig.get ("subR"), 0.7f, 1e-5f) << "and moves it at once";
-    hold (juce::KeyPress::downKey);
-    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
-    rig.keysAreHeld = false;
-    rig.window.getPeer()->handleKeyUpOrDown (false);
-    EXPECT_EQ (rig.steps(), juce::StringArray ({ "Move chart node", "Move chart node" }));
-
-    hold (juce::KeyPress::upKey);
-    rig.editor->grabKeyboardFocus();
-    EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier)) << "the keyboard went elsewhere";
-    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
 }
 
 /** Everything that a screen reader finds in a component has a kind and a name. */
