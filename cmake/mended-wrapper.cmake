@@ -30,6 +30,53 @@ target_include_directories(KestrelEQ_VST3 BEFORE PRIVATE "${copies}")
 set(file juce_audio_plugin_client/juce_audio_plugin_client_VST3.cpp)
 file(READ "${KESTREL_JUCE_DIR}/modules/${file}" text)
 
+# Which threads are in a change of the host's was a flag per thread, for which MinGW's run-time library allocates in the first
+# block of each new thread.
+set(calling "the first block of a thread may allocate")
+mend("${calling}" [[
+    explicit InParameterChangedCallbackSetter (bool& ref)
+        : inner ([&]() -> auto& { jassert (! ref); return ref; }(), true, false) {}
+
+private:
+    ScopedValueSetter<bool> inner;
+};]] [[
+    struct Threads
+    {
+        operator bool() const
+        {
+            return std::any_of (ids.begin(), ids.end(), [own = Thread::getCurrentThreadId()] (auto& id) { return id == own; });
+        }
+
+        std::array<std::atomic<Thread::ThreadID>, 64> ids {}; // where all are taken, the host hears its own change once more
+    };
+
+    explicit InParameterChangedCallbackSetter (Threads& threads)
+    {
+        for (auto& id : threads.ids)
+        {
+            Thread::ThreadID nobody = {};
+
+            if (id.compare_exchange_strong (nobody, Thread::getCurrentThreadId()))
+            {
+                taken = &id;
+                break;
+            }
+        }
+    }
+
+    ~InParameterChangedCallbackSetter()
+    {
+        if (taken != nullptr)
+            *taken = Thread::ThreadID {};
+    }
+
+private:
+    std::atomic<Thread::ThreadID>* taken = nullptr;
+};]])
+mend("${calling}" "static thread_local bool inParameterChangedCallback = false;"
+    "static InParameterChangedCallbackSetter::Threads inParameterChangedCallback;")
+mend("${calling}" "        inParameterChangedCallback = false;\n\n" "")
+
 # What changes while the host makes a change of its own is told to nobody; nor may its gestures be, which would be empty.
 foreach(edit begin end)
     mend("hosts see empty gestures"

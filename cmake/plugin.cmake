@@ -28,7 +28,7 @@ juce_add_plugin(KestrelEQ
 # The wrappers are the framework's own sources.
 foreach(target KestrelEQ KestrelEQ_VST3 KestrelEQ_Standalone juce_vst3_helper)
     if(TARGET ${target})
-        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF DISABLE_PRECOMPILE_HEADERS ON)
     endif()
 endforeach()
 
@@ -44,6 +44,8 @@ if(MINGW)
     target_compile_options(KestrelEQ_Standalone PRIVATE "SHELL:-include windows.h")
     # The helper that writes moduleinfo.json has a wide entry point.
     target_link_options(juce_vst3_helper PRIVATE -municode)
+    # Tells what is linked in, and so whose notices go with the module (scripts/lib/notices).
+    target_link_options(KestrelEQ_VST3 PRIVATE "-Wl,-Map=${CMAKE_BINARY_DIR}/KestrelEQ.map")
 endif()
 
 if(TARGET KestrelEQ_VST3)

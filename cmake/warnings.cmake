@@ -11,6 +11,14 @@ function(kestrel_warnings target)
         if(KESTREL_UNITY) # what one file names, the others of its batch see; scripts/lint --each looks at each by itself
             target_compile_options(${target} PRIVATE -Wno-shadow)
         endif()
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang") # what other compilers warn of or refuse
+            target_compile_options(${target} PRIVATE
+                -Wshadow-all -Wno-shadow-uncaptured-local -Wgnu -Wextra-semi -Wextra-semi-stmt -Wcomma -Wunreachable-code
+                -Wheader-hygiene -Wnonportable-include-path -Wrange-loop-analysis -Wdeprecated -Wno-deprecated-declarations)
+            if(KESTREL_UNITY)
+                target_compile_options(${target} PRIVATE -Wno-shadow-all -Wno-header-hygiene)
+            endif()
+        endif()
         if(KESTREL_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
             target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized) # a false alarm at -O1
         endif()

@@ -36,7 +36,7 @@ void keepFocusFromClicks (juce::Component& component)
 
 KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
     : AudioProcessorEditor (processorToEdit),
-      processor (processorToEdit),
+      equaliser (processorToEdit),
       levels (processorToEdit),
       header (processorToEdit, manifest, { [this] { refreshEditor(); }, [this] { openSupport(); } }),
       breakButton (style::Theme::accent (16)),
@@ -51,7 +51,7 @@ KestrelEditor::KestrelEditor (KestrelProcessor& processorToEdit)
 
     for (std::size_t lane = 0; lane < numLanes; ++lane)
     {
-        lanes[lane] = std::make_unique<LaneSection> (processor, lane, stepHooks());
+        lanes[lane] = std::make_unique<LaneSection> (equaliser, lane, stepHooks());
         lanes[lane]->addTo (content);
         lanes[lane]->getChart().onNodeMenu = [this, lane] (const auto& parameter, juce::Point<int> position)
         { openHostMenu (parameter, getLocalPoint (&lanes[lane]->getChart(), position)); };
@@ -74,7 +74,7 @@ KestrelEditor::~KestrelEditor()
 {
     stopTimer();
     cancelPendingUpdate();
-    processor.setCapturing (false);
+    equaliser.setCapturing (false);
     removeKeyListener (&header.getKeyListener());
 
     if (resizableCorner != nullptr)
@@ -89,12 +89,12 @@ primitives::GestureHooks KestrelEditor::stepHooks()
             for (auto& lane : lanes)
                 lane->getChart().endHeldKey();
 
-            processor.getCore().getHistory().beginStep();
+            equaliser.getCore().getHistory().beginStep();
             header.refreshCommands();
         },
         [this]
         {
-            processor.getCore().getHistory().endStep();
+            equaliser.getCore().getHistory().endStep();
             header.refreshCommands();
         } };
 }
@@ -102,7 +102,7 @@ primitives::GestureHooks KestrelEditor::stepHooks()
 void KestrelEditor::initialiseScaffold()
 {
     // No undo manager: attachments would use it without the history's lock, and the steps are begun below.
-    scaffold = std::make_unique<controls::EffectEditorScaffold> (processor.getCore().getTree(), globalParameters(),
+    scaffold = std::make_unique<controls::EffectEditorScaffold> (equaliser.getCore().getTree(), globalParameters(),
         style::Theme::accent (5), style::Theme::accent (16), nullptr);
     scaffold->onGestureStart = stepHooks().start;
     scaffold->onGestureEnd = stepHooks().end;
@@ -236,12 +236,12 @@ void KestrelEditor::initialiseWindow()
 
     const auto* const display = juce::Desktop::getInstance().getDisplays().getPrimaryDisplay();
     setBounds (layout::openingSize (
-        processor.getEditorScaleStep(), display != nullptr ? display->userArea : juce::Rectangle<int>()));
+        equaliser.getEditorScaleStep(), display != nullptr ? display->userArea : juce::Rectangle<int>()));
     openingBounds = getLocalBounds();
     constructed = true;
 
-    seenStateChange = processor.getStateChangeCounter();
-    processor.setCapturing (true);
+    seenStateChange = equaliser.getStateChangeCounter();
+    equaliser.setCapturing (true);
     startTimer (tickInterval);
 }
 
@@ -285,13 +285,13 @@ void KestrelEditor::storeScaleStep()
     if (! constructed || getLocalBounds() == openingBounds)
         return;
 
-    processor.setEditorScaleStep (layout::stepOfScale (scale));
+    equaliser.setEditorScaleStep (layout::stepOfScale (scale));
     openingBounds = {}; // from the first other size on, every size counts
 }
 
 ChannelMode KestrelEditor::readMode() const
 {
-    const auto& values = processor.getCore().getValues();
+    const auto& values = equaliser.getCore().getValues();
     return { values.isOn (Parameter::link), values.isOn (Parameter::msMode) };
 }
 
@@ -310,7 +310,7 @@ void KestrelEditor::refreshChannelMode()
     }
 
     breakButton.setToggleState (
-        processor.getCore().getValues().isOn (Parameter::breakMode), juce::dontSendNotification);
+        equaliser.getCore().getValues().isOn (Parameter::breakMode), juce::dontSendNotification);
 
     for (auto& lane : lanes)
         lane->refreshPower();
@@ -340,12 +340,12 @@ void KestrelEditor::refreshEditor()
 
 void KestrelEditor::tick()
 {
-    if (! processor.isCapturing()) // preparing switches it off
-        processor.setCapturing (true);
+    if (! equaliser.isCapturing()) // preparing switches it off
+        equaliser.setCapturing (true);
 
     levels.update();
 
-    if (const auto counter = processor.getStateChangeCounter(); counter != seenStateChange)
+    if (const auto counter = equaliser.getStateChangeCounter(); counter != seenStateChange)
     {
         seenStateChange = counter;
         levels.clear();
@@ -392,7 +392,7 @@ void KestrelEditor::openSupport()
         supportPanel->setHooks ({ [this] { header.selectProgram (0); }, [this] { overlay.close(); } });
     }
 
-    supportPanel->setRecord (makeSupportRecord (processor, manifest));
+    supportPanel->setRecord (makeSupportRecord (equaliser, manifest));
     overlay.show (supportPanel.get());
 }
 

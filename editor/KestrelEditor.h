@@ -103,7 +103,7 @@ private:
     void refreshLinkState();
     void pushLevels();
 
-    KestrelProcessor& processor;
+    KestrelProcessor& equaliser;
     LiveLevels levels;
     ResourceManifest manifest;
     quillon::ui_pro::chrome::ResizeHandleLookAndFeel resizeLookAndFeel;

@@ -14,14 +14,21 @@ juce::String channelLayout (const KestrelProcessor& processor)
     return name (true) + " in / " + name (false) + " out";
 }
 
-/** The host's name; empty in the Standalone, which is its own. */
+/** The host's name, with its program's file where the framework does not know it; empty in the Standalone, which is its
+    own. */
 juce::String hostName (const KestrelProcessor& processor)
 {
     if (processor.wrapperType == juce::AudioProcessor::wrapperType_Standalone ||
         processor.wrapperType == juce::AudioProcessor::wrapperType_Undefined)
         return {};
 
-    return juce::PluginHostType().getHostDescription();
+    const juce::PluginHostType host;
+    const juce::String name (host.getHostDescription());
+
+    if (host.type != juce::PluginHostType::UnknownHost)
+        return name;
+
+    return name + " (" + juce::File::getSpecialLocation (juce::File::hostApplicationPath).getFileName() + ")";
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -91,8 +92,20 @@ private:
     dsp::LaneParameters readLane() const;
     bool refreshResponse();
     void rebuildCurve();
+
+    /** What follows the pointer: the readout's box, and the node or the mark on the curve. */
+    struct Pointed
+    {
+        juce::Rectangle<float> box;
+        juce::Rectangle<float> spot;
+    };
+
+    Pointed layOutPointed() const;
+    void repaintPointed();
     void paintSpectrum (juce::Graphics& g) const;
-    void paintNodes (juce::Graphics& g) const;
+    void paintFace (juce::Graphics& g);
+    void paintNodesAtRest (juce::Graphics& g) const;
+    void paintChosenNode (juce::Graphics& g) const;
     std::optional<ChartReadout> makeReadout() const;
     ChartReadout describeNode (std::size_t node) const;
     juce::String textOf (std::size_t knob) const;
@@ -119,11 +132,29 @@ private:
     ChartNodes nodes;
 
     ResponsePath curve;
+    std::uint32_t curvesBuilt = 0;
     std::function<void (juce::Graphics&)> surface;
     quillon::ui_pro::primitives::CachedLayer background;
 
+    /** What decides the picture of grid, curve and nodes, beside the size. */
+    struct Face
+    {
+        std::uint32_t curve = 0;
+        juce::Colour colour;
+        bool active = false;
+        bool airOff = false;
+        std::optional<std::size_t> chosen;
+
+        bool operator== (const Face&) const = default;
+    };
+
+    Face paintedFace;
+    quillon::ui_pro::primitives::CachedLayer faceLayer; // of the painted face, once it rests
+
     bool active = true;
-    std::optional<juce::Point<float>> pointer; // while it is over the plot
+    quillon::ui_pro::primitives::PixelGrid grid; // of the last painting
+    Pointed pointed;                             // there
+    std::optional<juce::Point<float>> pointer;   // while it is over the plot
     std::optional<std::size_t> hovered;
     std::optional<std::size_t> grasped;
     std::size_t focused = 0;

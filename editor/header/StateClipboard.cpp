@@ -1,5 +1,6 @@
 #include "editor/header/StateClipboard.h"
 
+#include "editor/header/ClipboardText.h"
 #include "engine/PluginState.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
@@ -14,7 +15,8 @@ constexpr double lookInterval = 1000.0; // ms
 } // namespace
 
 StateClipboard::StateClipboard (KestrelProcessor& processorToCopy)
-    : read ([] { return juce::SystemClipboard::getTextFromClipboard(); }),
+    : hasText (isTextOnClipboard),
+      read ([] { return juce::SystemClipboard::getTextFromClipboard(); }),
       write ([] (const juce::String& text) { juce::SystemClipboard::copyTextToClipboard (text); }),
       processor (processorToCopy)
 {
@@ -27,10 +29,10 @@ bool StateClipboard::canPaste()
     if (lastLook < 0.0 || now - lastLook >= lookInterval)
     {
         lastLook = now;
-        hasText = read().isNotEmpty();
+        hadText = hasText();
     }
 
-    return hasText;
+    return hadText;
 }
 
 bool StateClipboard::canPasteNow()

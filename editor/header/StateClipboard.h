@@ -19,19 +19,20 @@ public:
         state. */
     bool paste();
 
-    /** Whether there is any text to paste, as of the last second: asking another program for its text may take long. */
+    /** Whether there is any text to paste, as of the last second. */
     bool canPaste();
 
     /** The same as of now: another instance may just have copied. */
     bool canPasteNow();
 
     // The system's own unless replaced.
-    std::function<juce::String()> read;
+    std::function<bool()> hasText;
+    std::function<juce::String()> read; // may wait for another program
     std::function<void (const juce::String&)> write;
 
 private:
     KestrelProcessor& processor;
-    bool hasText = false;
+    bool hadText = false;
     double lastLook = -1.0; // ms; never
 };
 

@@ -51,14 +51,14 @@ double finiteOr (double fallback, double value)
 
 struct SpectrumEstimator::WindowTable
 {
-    WindowTable (Window window, std::size_t frameLength)
-        : coefficients (frameLength)
+    WindowTable (Window kind, std::size_t numSamples)
+        : coefficients (numSamples)
     {
-        const auto length = static_cast<double> (frameLength);
+        const auto length = static_cast<double> (numSamples);
 
-        for (std::size_t n = 0; n < frameLength; ++n)
+        for (std::size_t n = 0; n < numSamples; ++n)
             coefficients[n] =
-                static_cast<float> (windowAt (window, 2.0 * std::numbers::pi * static_cast<double> (n) / length));
+                static_cast<float> (windowAt (kind, 2.0 * std::numbers::pi * static_cast<double> (n) / length));
 
         const auto coherentGain =
             std::max (0.1, std::accumulate (coefficients.begin(), coefficients.end(), 0.0) / length);

@@ -100,7 +100,13 @@ TEST (StateClipboard, TakesBackWhatItGaveAndNothingElse)
     ProcessorRig rig;
     juce::String clipboard;
     StateClipboard state (rig.processor);
-    state.read = [&] { return clipboard; };
+    int reads = 0;
+    state.hasText = [&] { return clipboard.isNotEmpty(); };
+    state.read = [&]
+    {
+        ++reads;
+        return clipboard;
+    };
     state.write = [&] (const juce::String& text) { clipboard = text; };
 
     EXPECT_FALSE (state.canPaste());
@@ -110,6 +116,8 @@ TEST (StateClipboard, TakesBackWhatItGaveAndNothingElse)
     state.copy();
     EXPECT_TRUE (clipboard.contains ("\r\n"));
     EXPECT_FALSE (clipboard.replace ("\r\n", "").containsChar ('\n'));
+    EXPECT_TRUE (state.canPasteNow());
+    EXPECT_EQ (reads, 1) << "only a paste may wait for the program that holds the text";
     rig.set ("trim", 0.9f);
     EXPECT_TRUE (state.paste());
     EXPECT_EQ (rig.get ("trim"), 0.3f);

@@ -20,6 +20,7 @@ struct EditedRig : ProcessorRig
     {
         editor = std::make_unique<KestrelEditor> (processor);
         editor->getHeader().openAddress = [] (const juce::String&) {};
+        clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
         clipboard().read = [this] { return clipboardText; };
         clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }

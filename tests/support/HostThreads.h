@@ -3,6 +3,7 @@
 #include "engine/KestrelProcessor.h"
 
 #include <atomic>
+#include <chrono>
 #include <random>
 #include <thread>
 

@@ -3,6 +3,7 @@
 #include "engine/parameters/ParameterTable.h"
 
 #include <array>
+#include <stdexcept>
 #include <string_view>
 
 namespace kestreleq::test

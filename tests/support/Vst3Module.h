@@ -10,6 +10,7 @@
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <cstring>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -111,7 +112,7 @@ private:
         double value;
     };
 
-    std::vector<Queue> queues;
+    std::deque<Queue> queues;
 };
 
 #if defined(__GNUC__)

@@ -201,6 +201,23 @@ TEST_F (SettingsScopeManagerTest, SavesHalfASecondAfterTheLastChange)
     manager().setPerPluginScope (true);
     pass (1000.0);
     EXPECT_FALSE (file.existsAsFile()); // no change, no save
+
+    // What others were killed over is cleared away, but nothing that may still be in use or that is somebody else's.
+    const auto age = [&] (const char* name, double hours)
+    {
+        const auto result = folder.getChildFile (name);
+        result.replaceWithText ("<");
+        result.setLastModificationTime (juce::Time::getCurrentTime() - juce::RelativeTime::hours (hours));
+        return result;
+    };
+    const auto stale = age ("Scope_temp1f00.scope", 25.0);
+    const std::array kept { age ("Scope_temp1f01.scope", 23.0), age ("Scopes.scope", 25.0),
+        age ("Scope_temp1.txt", 25.0) };
+    manager().setPerPluginScope (false);
+    pass (1000.0);
+    EXPECT_EQ (stored(), 0);
+    EXPECT_FALSE (stale.exists());
+    EXPECT_TRUE (std::all_of (kept.begin(), kept.end(), [] (const auto& other) { return other.exists(); }));
 }
 
 TEST_F (SettingsScopeManagerTest, FollowsTheFile)

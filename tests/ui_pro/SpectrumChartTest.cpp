@@ -117,7 +117,12 @@ TEST (SpectrumChart, RepaintsForANewPictureOnly)
     chart.setSnapshot (flat (-20.0f));
     EXPECT_EQ (watch.takeCount(), 0);
     auto asked = 0;
-    chart.setSnapshot ({ true, 48000.0, 64, 0, [&asked] (std::uint64_t) { return ++asked, -20.0f; } });
+    const auto ask = [&asked] (std::uint64_t)
+    {
+        ++asked;
+        return -20.0f;
+    };
+    chart.setSnapshot ({ true, 48000.0, 64, 0, ask });
     paintPicture (chart);
     EXPECT_EQ (asked, 64) << "once for every bin";
     chart.setLineWidthScale (0.1f);

@@ -4,6 +4,8 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
+#include <stdexcept>
+
 namespace kestreleq::test
 {
 

@@ -1,5 +1,6 @@
 #include "tools/kestrel-demo/DemoSignal.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>

@@ -5,11 +5,12 @@
 #include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-host/OptionValues.h"
 #include "tools/kestrel-host/WavReader.h"
-#include "tools/kestrel-shot/Picture.h"
+#include "tools/kestrel-shot/Canvas.h"
 #include "tools/kestrel-shot/Places.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace kestreleq::shot
 {
@@ -49,14 +50,18 @@ struct Stage
         editor->tick();
     }
 
-    void play (host::WavReader& file)
+    /** Plays the file's end; `onTick` is told how many ticks are still to come. */
+    void play (host::WavReader& file, const std::function<void (std::int64_t)>& onTick)
     {
         const auto rate = static_cast<double> (file.sampleRate());
-        const auto played = static_cast<std::int64_t> (playedTime * rate);
+        const auto longest = static_cast<std::int64_t> (playedTime * rate);
+        const auto skippedBlocks = std::max<std::int64_t> (file.length() - longest + blockSize - 1, 0) / blockSize;
+        const auto played = file.length() - skippedBlocks * blockSize;
         juce::AudioBuffer<float> buffer (2, blockSize);
         juce::MidiBuffer midi;
         auto position = std::int64_t {};
         auto nextTick = tickLength;
+        const auto ticks = static_cast<std::int64_t> (static_cast<double> (played) * 1000.0 / rate / tickLength);
 
         for (auto left = file.length(); left > 0;)
         {
@@ -72,6 +77,7 @@ struct Stage
                 if (static_cast<double> (position) * 1000.0 / rate >= nextTick)
                 {
                     tick();
+                    onTick (ticks - static_cast<std::int64_t> (nextTick / tickLength));
                     nextTick += tickLength;
                 }
             }
@@ -94,6 +100,9 @@ struct Stage
                 break;
             case OpenPart::oversampling:
                 editor->getFooter().getOversampling().openPopup();
+                break;
+            case OpenPart::field:
+                editor->getLane (0).getChart().keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
                 break;
             case OpenPart::support:
                 editor->openSupport();
@@ -120,9 +129,20 @@ struct Stage
         }
     }
 
+    Canvas& canvasFor (const ShotOptions& options)
+    {
+        if (canvas == nullptr)
+            canvas = std::make_unique<Canvas> (*editor,
+                options.nativeRenderer ? static_cast<const juce::ImageType&> (juce::NativeImageType())
+                                       : static_cast<const juce::ImageType&> (juce::SoftwareImageType()));
+
+        return *canvas;
+    }
+
     double now = 1000.0; // ms
     KestrelProcessor processor;
     std::unique_ptr<KestrelEditor> editor;
+    std::unique_ptr<Canvas> canvas;
 };
 
 std::unique_ptr<Stage> setUp (const ShotOptions& options)
@@ -145,7 +165,12 @@ std::unique_ptr<Stage> setUp (const ShotOptions& options)
     stage->tick();
 
     if (audio)
-        stage->play (*audio);
+        stage->play (*audio,
+            [&] (std::int64_t ticksToCome)
+            {
+                if (options.paints > 1 && ticksToCome > 0 && ticksToCome < options.paints)
+                    stage->canvasFor (options).paint();
+            });
 
     stage->open (options.open);
 
@@ -159,7 +184,15 @@ std::unique_ptr<Stage> setUp (const ShotOptions& options)
 
 juce::Image shootEditor (const ShotOptions& options)
 {
-    return paintPicture (*setUp (options)->editor, 1.0f);
+    const auto stage = setUp (options);
+    auto& canvas = stage->canvasFor (options);
+    canvas.paint();
+
+    if (! options.audio)
+        for (int paint = 1; paint < options.paints; ++paint)
+            canvas.paintAll();
+
+    return canvas.finish();
 }
 
 void listEditorPlaces (const ShotOptions& options, std::ostream& out)

@@ -19,7 +19,8 @@ enum class OpenPart
     presets,
     menu,
     support,
-    oversampling
+    oversampling,
+    field
 };
 
 struct ShotOptions
@@ -35,6 +36,8 @@ struct ShotOptions
     std::optional<std::string> audio; // a WAV file that plays
     OpenPart open = OpenPart::nothing;
     std::optional<std::pair<double, double>> pointer; // over a chart, in design pixels
+    bool nativeRenderer = false;                      // the system's own instead of the framework's
+    int paints = 1;                                   // while audio plays: of its last ticks
 };
 
 /** Reads the arguments that follow the program's name. Throws host::UsageError, or host::Failure for a parameter value

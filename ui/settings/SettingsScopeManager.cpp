@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 namespace quillon::ui::settings
@@ -45,6 +46,17 @@ juce::int64 modificationTimeOf (const juce::File& file)
     const auto time = std::filesystem::last_write_time (file.getFullPathName().toStdString(), error);
     return error ? 0 : time.time_since_epoch().count();
 #endif
+}
+
+/** A process that is killed while it saves leaves the temporary file behind that was to become the file. One that is
+    older than a day belongs to nobody any more. */
+void deleteStaleTemporaries (const juce::File& file)
+{
+    const auto pattern = file.getFileNameWithoutExtension() + "_temp*" + file.getFileExtension();
+
+    for (const auto& temporary : file.getParentDirectory().findChildFiles (juce::File::findFiles, false, pattern))
+        if (juce::Time::getCurrentTime() - temporary.getLastModificationTime() > juce::RelativeTime::days (1.0))
+            temporary.deleteFile();
 }
 } // namespace
 
@@ -270,6 +282,7 @@ void SettingsScopeManager::save()
         file->setNeedsToBeSaved (false);
 
     lastSeenTime = modificationTimeOf (file->getFile());
+    deleteStaleTemporaries (file->getFile());
 }
 
 void SettingsScopeManager::watch()
