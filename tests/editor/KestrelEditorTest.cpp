@@ -194,8 +194,7 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
     EXPECT_EQ (countInForce(), 1);
     rig.press ('y', command);
     rig.editor.reset();
-    rig.editor = std::make_unique<KestrelEditor> (rig.processor);
-    rig.window.addAndMakeVisible (*rig.editor);
+    rig.open();
     EXPECT_EQ (label(), "07  Custom") << "in a window that was opened again";
 
     juce::MemoryBlock custom;
@@ -219,8 +218,6 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
     EXPECT_EQ (control.getSlot(), controls::ABSlot::B);
     rig.press ('z', command);
     EXPECT_EQ (label(), "01  Flat");
-
-    rig.clipboard().read = [&rig] { return rig.clipboardText; };
 
     for (const auto* text : { "", "something" }) // that another window has copied
     {
