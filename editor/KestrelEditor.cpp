@@ -118,7 +118,8 @@ void KestrelEditor::initialiseScaffold()
 void KestrelEditor::initialiseTooltips()
 {
     const auto& palette = style::Theme::palette();
-    tooltips.setOpaque (false); // its corners are round
+    tooltips.setInterceptsMouseClicks (false, false); // it may lie over the next button
+    tooltips.setOpaque (false);                       // its corners are round
     tooltips.setColour (juce::TooltipWindow::backgroundColourId, palette.surface2);
     tooltips.setColour (juce::TooltipWindow::outlineColourId, palette.outlineStrong);
     tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);

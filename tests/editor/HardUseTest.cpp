@@ -34,7 +34,13 @@ const std::tuple<const char*, void (*) (UsedRig&), const int*> actions[] {
         &Key::upKey },
     { "a node's drag", [] (UsedRig& rig) { drag (rig, rig.placeOfNode (0, 2)); }, &Key::upKey },
     { "a held key", [] (UsedRig& rig) { rig.pressOnChart (Key::upKey); }, &Key::upKey },
-    { "a typed value", [] (UsedRig& rig) { rig.pressOnChart (Key::returnKey); }, &Key::returnKey },
+    { "a typed value",
+        [] (UsedRig& rig)
+        {
+            rig.pressOnChart (Key::returnKey);
+            rig.type ('2');
+        },
+        &Key::returnKey },
     { "the menu", [] (UsedRig& rig) { rig.editor->getHeader().getMenu().openPopup(); }, &Key::escapeKey },
     { "the modes", [] (UsedRig& rig) { rig.editor->getFooter().getOversampling().openPopup(); }, &Key::escapeKey },
     { "the browser", [] (UsedRig& rig) { presets (rig).openBrowser(); }, &Key::escapeKey },
@@ -54,6 +60,7 @@ const std::tuple<const char*, void (*) (UsedRig&), bool> events[] {
     { "a host's program", [] (UsedRig& rig) { std::thread ([&] { rig.processor.setCurrentProgram (5); }).join(); },
         false },
     { "a host that parts the lanes", [] (UsedRig& rig) { rig.set ("link", 0.0f); }, false },
+    { "a hand on a knob", [] (UsedRig& rig) { drag (rig, rig.placeOf (rig.editor->getLane (0).getKnob (0))); }, true },
     { "a paste", [] (UsedRig& rig) { rig.clipboard().paste(); }, true },
     { "a restored state",
         [] (UsedRig& rig)
@@ -102,7 +109,7 @@ struct RandomUse : UsedRig
         {
             panel->services.copyText = [] (const juce::String&) { return true; };
             panel->services.openAddress = [] (const juce::String&) {};
-            panel->services.openFolder = [] (const juce::File&) {};
+            panel->getButton (Panel::Action::openConfigFolder).setEnabled (false); // it makes the folder
             panel->services.chooseFile = [] (const juce::File&, const auto& done) { done ({}); };
         }
     }
@@ -255,7 +262,6 @@ TEST (HardUse, WhatComesInTheMiddleOfAnythingDoesNoHarm)
             rig.keysAreHeld = true;
             begin (rig);
             UsedRig::deliver();
-            rig.type ('2');
             happen (rig);
             UsedRig::deliver();
             rig.moveBy (0, -15);

@@ -10,8 +10,27 @@
 namespace kestreleq::test
 {
 
-/** A processor with its editor open, in a window that is on no screen. */
-struct EditorRig : ProcessorRig
+/** A processor and its editor, in whatever window. */
+struct EditedRig : ProcessorRig
+{
+    StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
+
+    /** Opens an editor that touches nothing outside of the test. */
+    void openEditor()
+    {
+        editor = std::make_unique<KestrelEditor> (processor);
+        editor->getHeader().openAddress = [] (const juce::String&) {};
+        clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
+        clipboard().read = [this] { return clipboardText; };
+        clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
+    }
+
+    juce::String clipboardText;
+    std::unique_ptr<KestrelEditor> editor;
+};
+
+/** With the editor open in a window that is on no screen. */
+struct EditorRig : EditedRig
 {
     EditorRig() { open(); }
 
@@ -20,7 +39,7 @@ struct EditorRig : ProcessorRig
     /** As the constructor has done; also after 'editor.reset()'. */
     void open()
     {
-        editor = std::make_unique<KestrelEditor> (processor);
+        openEditor();
         editor->setClock ([this] { return now; });
 
         for (std::size_t lane = 0; lane < numLanes; ++lane)
@@ -29,13 +48,7 @@ struct EditorRig : ProcessorRig
         window.setSize (editor->getWidth(), editor->getHeight());
         window.addAndMakeVisible (*editor);
         editor->grabKeyboardFocus();
-        editor->getHeader().openAddress = [] (const juce::String&) {};
-        clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
-        clipboard().read = [this] { return clipboardText; };
-        clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }
-
-    StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
 
     void tick()
     {
@@ -74,8 +87,6 @@ struct EditorRig : ProcessorRig
 
     double now = 1000.0;
     bool keysAreHeld = false;
-    juce::String clipboardText;
-    std::unique_ptr<KestrelEditor> editor;
     Window window { 1, 1 };
 };
 
