@@ -22,6 +22,16 @@ constexpr float rowHeight = 1.9f; // of the text's size
 constexpr float clearance = 4.0f; // pixels between the box and the curve
 constexpr float edgeGap = 4.0f;   // between the box and the plot's edge
 
+juce::Font fontOf (const ChartReadout::Word& word, float size)
+{
+    return word.bold ? style::boldFont (size) : style::regularFont (size);
+}
+
+float widthOf (const ChartReadout::Word& word, float size)
+{
+    return std::ceil (juce::GlyphArrangement::getStringWidth (fontOf (word, size), word.text)) + 1.0f;
+}
+
 /** How far the curve stays away from a box; negative where it runs through. */
 float distanceToCurve (const controls::ChartAxes& axes, std::span<const double> curve, juce::Rectangle<float> box)
 {
@@ -71,35 +81,35 @@ juce::Rectangle<float> placeReadout (const controls::ChartAxes& axes, std::span<
     return best;
 }
 
-void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, std::span<const double> curve,
+juce::Rectangle<float> layOutReadout (const controls::ChartAxes& axes, std::span<const double> curve,
     const ChartReadout& readout, const primitives::PixelGrid& pixels)
 {
     const auto size = pixels.legible (textSize);
-    const auto gap = padding * size;
-    const auto fontOf = [size] (const ChartReadout::Word& word)
-    { return word.bold ? style::boldFont (size) : style::regularFont (size); };
-    auto width = gap;
+    auto width = padding * size;
 
     for (const auto& word : readout.words)
-        width += std::ceil (juce::GlyphArrangement::getStringWidth (fontOf (word), word.text)) + 1.0f + gap;
+        width += widthOf (word, size) + padding * size;
 
-    auto box = pixels.snap (placeReadout (axes, curve, readout, { width, rowHeight * size }));
+    return pixels.snap (placeReadout (axes, curve, readout, { width, rowHeight * size }));
+}
+
+void paintChartReadout (
+    juce::Graphics& g, juce::Rectangle<float> box, const ChartReadout& readout, const primitives::PixelGrid& pixels)
+{
+    const auto size = pixels.legible (textSize);
     const auto& palette = style::Theme::palette();
     const auto line = pixels.wholePixels (1.0f);
     primitives::fillPanel (g, box, palette.scrim2, 5.0f);
     g.setColour (palette.outlineStrong);
     g.drawRoundedRectangle (box.reduced (0.5f * line), 5.0f, line);
-    box.removeFromLeft (gap);
+    box.removeFromLeft (padding * size);
 
     for (const auto& word : readout.words)
     {
-        const auto font = fontOf (word);
-        g.setFont (font);
+        g.setFont (fontOf (word, size));
         g.setColour (word.colour);
-        g.drawText (word.text,
-            box.removeFromLeft (std::ceil (juce::GlyphArrangement::getStringWidth (font, word.text)) + 1.0f),
-            juce::Justification::centredLeft, false);
-        box.removeFromLeft (gap);
+        g.drawText (word.text, box.removeFromLeft (widthOf (word, size)), juce::Justification::centredLeft, false);
+        box.removeFromLeft (padding * size);
     }
 }
 

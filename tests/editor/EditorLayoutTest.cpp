@@ -30,6 +30,12 @@ TEST (EditorLayout, AWindowOpensAsLargeAsItWasButNoLargerThanItsDisplay)
     EXPECT_EQ (layout::openingSize (1000, none), Bounds (3344, 1716));
     EXPECT_EQ (layout::openingSize (3, laptop), layout::openingSize (3, none));
 
+    for (int step = 0; step <= 30; ++step) // closed and opened again, it is no smaller
+    {
+        const auto window = layout::openingSize (step, none);
+        EXPECT_EQ (layout::stepOfScale (layout::placeContent (window.getWidth(), window.getHeight()).scale), step);
+    }
+
     for (const auto& display : { laptop, wide })
     {
         const auto window = layout::openingSize (30, display);

@@ -128,6 +128,18 @@ TEST (EngineState, IgnoresGainsThatAreNoNumbers)
     EXPECT_EQ (EngineRig (odd).run (noise)[0], EngineRig (settings).run (noise)[0]);
 }
 
+TEST (EngineState, TheAirDistortsAboveATenthAndNotAtIt)
+{
+    for (const auto amount : { 0.1f, std::nextafter (0.1f, 1.0f) })
+    {
+        dsp::EngineParameters clean;
+        clean.lanes[0].airAmount = clean.lanes[1].airAmount = amount;
+        auto broken = clean;
+        broken.breakMode = true;
+        EXPECT_EQ (EngineRig (clean).run (noise) == EngineRig (broken).run (noise), amount == 0.1f);
+    }
+}
+
 using EveryRate = testing::TestWithParam<double>;
 } // namespace
 

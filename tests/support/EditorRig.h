@@ -13,23 +13,27 @@ namespace kestreleq::test
 /** A processor with its editor open, in a window that is on no screen. */
 struct EditorRig : ProcessorRig
 {
-    EditorRig()
-        : editor (std::make_unique<KestrelEditor> (processor)),
-          window (editor->getWidth(), editor->getHeight())
+    EditorRig() { open(); }
+
+    ~EditorRig() { editor.reset(); }
+
+    /** As the constructor has done; also after 'editor.reset()'. */
+    void open()
     {
+        editor = std::make_unique<KestrelEditor> (processor);
         editor->setClock ([this] { return now; });
 
         for (std::size_t lane = 0; lane < numLanes; ++lane)
             editor->getLane (lane).getChart().isKeyDown = [this] (int) { return keysAreHeld; };
 
+        window.setSize (editor->getWidth(), editor->getHeight());
         window.addAndMakeVisible (*editor);
         editor->grabKeyboardFocus();
+        editor->getHeader().openAddress = [] (const juce::String&) {};
         clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
         clipboard().read = [this] { return clipboardText; };
         clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }
-
-    ~EditorRig() { editor.reset(); }
 
     StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
 
@@ -72,7 +76,7 @@ struct EditorRig : ProcessorRig
     bool keysAreHeld = false;
     juce::String clipboardText;
     std::unique_ptr<KestrelEditor> editor;
-    Window window;
+    Window window { 1, 1 };
 };
 
 } // namespace kestreleq::test

@@ -234,7 +234,12 @@ TEST (MeterStrip, RepaintsOnlyWhatChanges)
     EXPECT_EQ (area.getX(), 5);
     EXPECT_EQ (area.getWidth(), 24);
     EXPECT_LE (area.getHeight(), 5);
+    strip.setLevels (linear (-10.0f), linear (-30.0f));
+    EXPECT_EQ (watch.takeArea().getX(), 33) << "the other bar";
 
+    const auto before = paintPicture (strip);
+    strip.setLabels ("MID", "SIDE");
+    EXPECT_GT (countDifferentPixels (before, paintPicture (strip), 16), 20);
     strip.setGainReduction (6.0f); // a new bar moves the others
     EXPECT_EQ (watch.takeArea(), strip.getLocalBounds());
     watch.takeCount();
@@ -270,6 +275,13 @@ TEST (MeterPair, ShowsBarsAndReadoutsWithinItsBounds)
 
     pair.setSize (20, 4);
     EXPECT_EQ (pair.getMeter (0).getWidth(), 1);
+
+    pair.clock = [] { return 501.0; };
+    pair.clear();
+    pair.setLevels (1.0f, 0.0f);
+    pair.clock = [] { return 1001.0; };
+    pair.setLevels (0.0f, 0.0f);
+    EXPECT_NEAR (pair.getMeter (0).getLevelDb(), -18.0f, 0.01f) << "half a second later";
 }
 
 TEST (MeterAccessibility, ReadsTheLevels)

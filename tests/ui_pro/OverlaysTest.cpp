@@ -180,6 +180,7 @@ TEST_F (SlideInOverlayTest, LendsItselfTheKeyboardAndKeepsTheTabKey)
         overlay.show (&first);
         advance (50);
         EXPECT_TRUE (tab());
+        EXPECT_TRUE (one.hasKeyboardFocus (false)) << "on its way in, too";
         advance (150);
         EXPECT_TRUE (one.hasKeyboardFocus (false));
 

@@ -1,11 +1,14 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/Window.h"
 
+#include "ui_pro/controls/buttons/LinkIconButton.h"
+#include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -25,6 +28,41 @@ TEST (Theme, ScalesTheCanvasIntoAnyAreaAndKnowsNoOtherAccents)
 
     for (const auto id : { -1, 0, 31 })
         EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
+}
+
+TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
+{
+    controls::LinkIconButton button (Theme::accent (5));
+    button.setSize (32, 24);
+
+    for (const auto scale : { 0.5f, 1.0f, 2.0f })
+    {
+        // How much of the icon's darkest column between the two links is ink, of what its brightest column has.
+        const auto joint = [&] (bool on)
+        {
+            button.setToggleState (on, juce::dontSendNotification);
+            const auto picture = paintPicture (button, scale);
+            const auto ink = [&] (int x)
+            {
+                auto least = 1.0f, most = 0.0f;
+                for (int y = juce::roundToInt (6.0f * scale); y < juce::roundToInt (18.0f * scale); ++y)
+                {
+                    least = std::min (least, picture.getPixelAt (x, y).getBrightness());
+                    most = std::max (most, picture.getPixelAt (x, y).getBrightness());
+                }
+                return most - least;
+            };
+            auto gap = 1.0f, link = 0.0f;
+            for (int x = juce::roundToInt (8.0f * scale); x < juce::roundToInt (24.0f * scale); ++x)
+            {
+                gap = std::min (gap, ink (x));
+                link = std::max (link, ink (x));
+            }
+            return gap / link;
+        };
+        EXPECT_LT (joint (false), 0.4f) << scale;
+        EXPECT_GT (joint (true), 0.6f) << scale;
+    }
 }
 
 /** Draws a one-pixel frame and a dot, whose blur would show. */
@@ -95,6 +133,20 @@ TEST (CachedLayer, TakesNoMemoryWhileNothingShowsIt)
         EXPECT_EQ (held(), 4u * 62u * 42u);
         act();
         EXPECT_EQ (held(), 0u);
+    }
+}
+
+TEST (HeaderBar, ShowsItsTexts)
+{
+    layout::HeaderBar bar;
+    bar.setSize (1672, 68);
+
+    for (const auto set : { &layout::HeaderBar::setProductName, &layout::HeaderBar::setVersionText,
+             &layout::HeaderBar::setSubtitle, &layout::HeaderBar::setPresetName })
+    {
+        const auto before = paintPicture (bar);
+        (bar.*set) ("something else");
+        EXPECT_GT (countDifferentPixels (before, paintPicture (bar), 16), 50);
     }
 }
 
