@@ -172,8 +172,8 @@ FunctionEnd
 Function ${un}RemoveAll
     InitPluginsDir
     !insertmacro ReadValue $MadeVst3 "MadeFolders"
-    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\old.txt"
-    StrCpy $R0 "$PLUGINSDIR\old.txt"
+    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\removed.txt"
+    StrCpy $R0 "$PLUGINSDIR\removed.txt"
     StrCpy $R1 "$PLUGINSDIR\none.txt"
     Call ${un}RemoveListed
     Delete "$INSTDIR\installed.txt"
@@ -318,6 +318,20 @@ Function RemoveOwnOfUser
     ${EndIf}
 FunctionEnd
 
+; What could not be installed whole is taken away again; over an older version, the next attempt has to know that one's list.
+Function TakeBack
+    ${If} ${FileExists} "$PLUGINSDIR\old.txt"
+        CopyFiles /SILENT "$PLUGINSDIR\old.txt" "$INSTDIR\installed.txt"
+    ${Else}
+        Call RemoveAll
+    ${EndIf}
+FunctionEnd
+
+Function .onInstFailed
+    SetOutPath "$TEMP"
+    Call TakeBack
+FunctionEnd
+
 Section
     Call RequirePossibleMode
     Call SetFolders
@@ -335,12 +349,16 @@ Section
         StrCpy $MadeVst3 1
     ${EndIf}
 
+    !insertmacro WriteValue Str "MadeFolders" '"$MadeVst3"'
+
     ClearErrors
-    !include "${FILES}"
     SetOutPath "$INSTDIR"
     File "/oname=installed.txt" "${LIST}"
+    !include "${FILES}"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
     ${If} ${Errors}
+        SetOutPath "$TEMP"
+        Call TakeBack
         !insertmacro FailWith ${ABORTED} "Not all files could be written."
     ${EndIf}
 
@@ -357,7 +375,6 @@ Section
     !insertmacro WriteValue Str "InstallLocation" '"$INSTDIR"'
     !insertmacro WriteValue Str "UninstallString" `'"$INSTDIR\Uninstall.exe"'`
     !insertmacro WriteValue Str "QuietUninstallString" `'"$INSTDIR\Uninstall.exe" /S'`
-    !insertmacro WriteValue Str "MadeFolders" '"$MadeVst3"'
     !insertmacro WriteValue DWORD "EstimatedSize" ${KILOBYTES}
     !insertmacro WriteValue DWORD "NoModify" 1
     !insertmacro WriteValue DWORD "NoRepair" 1
