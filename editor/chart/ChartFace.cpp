@@ -71,9 +71,9 @@ void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour 
 {
     const auto disc = [&] (float r) { return juce::Rectangle<float> (2.0f * r, 2.0f * r).withCentre (centre); };
     g.setColour (style::Theme::palette().surface3);
-    g.fillEllipse (disc (4.5f));
+    g.fillEllipse (disc (chartMarkRadius));
     g.setColour (colour);
-    g.fillEllipse (disc (3.5f));
+    g.fillEllipse (disc (chartMarkRadius - 1.0f));
 }
 
 void paintNodeRing (juce::Graphics& g, juce::Point<float> centre, float radius)
@@ -89,7 +89,7 @@ void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius,
     if (state != NodeState::idle)
     {
         g.setColour (colour.withAlpha (state == NodeState::dragged ? 0.45f : 0.25f));
-        g.fillEllipse (disc (radius + 5.0f));
+        g.fillEllipse (disc (radius + nodeHalo));
     }
 
     g.setColour (style::Theme::palette().surface3);

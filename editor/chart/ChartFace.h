@@ -28,11 +28,14 @@ enum class NodeState
 };
 
 /** Where the pointer meets the curve. */
+constexpr float chartMarkRadius = 4.5f; // design pixels
 void paintChartMark (juce::Graphics& g, juce::Point<float> centre, juce::Colour colour);
 
 /** Round the node that the keyboard has reached. */
 void paintNodeRing (juce::Graphics& g, juce::Point<float> centre, float radius);
 
+/** What surrounds the node under the pointer, beyond its radius. */
+constexpr float nodeHalo = 5.0f; // design pixels
 void paintChartNode (juce::Graphics& g, juce::Point<float> centre, float radius, juce::Colour colour, NodeState state);
 
 } // namespace kestreleq

@@ -6,7 +6,6 @@
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace kestreleq
@@ -21,6 +20,16 @@ constexpr float padding = 0.7f;   // of the text's size, round the words and bet
 constexpr float rowHeight = 1.9f; // of the text's size
 constexpr float clearance = 4.0f; // pixels between the box and the curve
 constexpr float edgeGap = 4.0f;   // between the box and the plot's edge
+
+juce::Font fontOf (const ChartReadout::Word& word, float size)
+{
+    return word.bold ? style::boldFont (size) : style::regularFont (size);
+}
+
+float widthOf (const ChartReadout::Word& word, float size)
+{
+    return std::ceil (juce::GlyphArrangement::getStringWidth (fontOf (word, size), word.text)) + 1.0f;
+}
 
 /** How far the curve stays away from a box; negative where it runs through. */
 float distanceToCurve (const controls::ChartAxes& axes, std::span<const double> curve, juce::Rectangle<float> box)
@@ -52,54 +61,59 @@ juce::Rectangle<float> placeReadout (const controls::ChartAxes& axes, std::span<
             .constrainedWithin (inside);
     };
     const auto reach = readout.distance + 0.5f * size.y;
-    const std::array places { boxAt (readout.at.y - reach), boxAt (readout.at.y + reach), boxAt (inside.getBottom()),
-        boxAt (inside.getY()) };
-    auto best = places.back();
+    auto best = boxAt (inside.getY());
     auto bestDistance = -1.0e9f;
-
-    for (std::size_t i = readout.distance > 0.0f ? 0 : 2; i < places.size(); ++i)
+    const auto consider = [&] (juce::Rectangle<float> box)
     {
-        const auto distance = std::min (distanceToCurve (axes, curve, places[i]), clearance);
+        const auto distance = std::min (distanceToCurve (axes, curve, box), clearance);
 
         if (distance > bestDistance)
         {
-            best = places[i];
+            best = box;
             bestDistance = distance;
         }
-    }
+    };
 
+    // As near as the curve leaves room, where it is steep a little farther; else at an edge.
+    if (readout.distance > 0.0f)
+        for (const auto farther : { 0.0f, 0.5f, 1.0f, 1.5f })
+            for (const auto side : { -1.0f, 1.0f })
+                consider (boxAt (readout.at.y + side * (reach + farther * size.y)));
+
+    consider (boxAt (inside.getBottom()));
+    consider (boxAt (inside.getY()));
     return best;
 }
 
-void paintChartReadout (juce::Graphics& g, const controls::ChartAxes& axes, std::span<const double> curve,
+juce::Rectangle<float> layOutReadout (const controls::ChartAxes& axes, std::span<const double> curve,
     const ChartReadout& readout, const primitives::PixelGrid& pixels)
 {
     const auto size = pixels.legible (textSize);
-    const auto gap = padding * size;
-    const auto fontOf = [size] (const ChartReadout::Word& word)
-    { return word.bold ? style::boldFont (size) : style::regularFont (size); };
-    auto width = gap;
+    auto width = padding * size;
 
     for (const auto& word : readout.words)
-        width += std::ceil (juce::GlyphArrangement::getStringWidth (fontOf (word), word.text)) + 1.0f + gap;
+        width += widthOf (word, size) + padding * size;
 
-    auto box = pixels.snap (placeReadout (axes, curve, readout, { width, rowHeight * size }));
+    return pixels.snap (placeReadout (axes, curve, readout, { width, rowHeight * size }));
+}
+
+void paintChartReadout (
+    juce::Graphics& g, juce::Rectangle<float> box, const ChartReadout& readout, const primitives::PixelGrid& pixels)
+{
+    const auto size = pixels.legible (textSize);
     const auto& palette = style::Theme::palette();
     const auto line = pixels.wholePixels (1.0f);
     primitives::fillPanel (g, box, palette.scrim2, 5.0f);
     g.setColour (palette.outlineStrong);
     g.drawRoundedRectangle (box.reduced (0.5f * line), 5.0f, line);
-    box.removeFromLeft (gap);
+    box.removeFromLeft (padding * size);
 
     for (const auto& word : readout.words)
     {
-        const auto font = fontOf (word);
-        g.setFont (font);
+        g.setFont (fontOf (word, size));
         g.setColour (word.colour);
-        g.drawText (word.text,
-            box.removeFromLeft (std::ceil (juce::GlyphArrangement::getStringWidth (font, word.text)) + 1.0f),
-            juce::Justification::centredLeft, false);
-        box.removeFromLeft (gap);
+        g.drawText (word.text, box.removeFromLeft (widthOf (word, size)), juce::Justification::centredLeft, false);
+        box.removeFromLeft (padding * size);
     }
 }
 

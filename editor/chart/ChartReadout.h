@@ -27,8 +27,13 @@ struct ChartReadout
     float distance = 0.0f; // from there to the box's edge, above or below; 0 for a box at an edge of the plot
 };
 
-void paintChartReadout (juce::Graphics& g, const quillon::ui_pro::controls::ChartAxes& axes,
-    std::span<const double> curve, const ChartReadout& readout, const quillon::ui_pro::primitives::PixelGrid& pixels);
+/** The readout's box, as large as its words and on whole pixels. */
+juce::Rectangle<float> layOutReadout (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> curve,
+    const ChartReadout& readout, const quillon::ui_pro::primitives::PixelGrid& pixels);
+
+/** Paints it into that box. */
+void paintChartReadout (juce::Graphics& g, juce::Rectangle<float> box, const ChartReadout& readout,
+    const quillon::ui_pro::primitives::PixelGrid& pixels);
 
 /** A box of this size for a readout, within the plot and clear of the curve, whose levels lie evenly along the axis. */
 juce::Rectangle<float> placeReadout (const quillon::ui_pro::controls::ChartAxes& axes, std::span<const double> curve,

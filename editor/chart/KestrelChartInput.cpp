@@ -31,7 +31,7 @@ void KestrelChartView::setPointer (std::optional<juce::Point<float>> position)
         return;
 
     pointer = position;
-    repaint (axes.plot.getSmallestIntegerContainer());
+    repaintPointed();
 }
 
 juce::RangedAudioParameter& KestrelChartView::parameterOf (std::size_t knob) const
@@ -47,7 +47,7 @@ void KestrelChartView::setHovered (std::optional<std::size_t> node)
     hovered = node;
     primitives::setParameterIndex (*this, node ? parameterOf (*node).getParameterIndex() : -1);
     setMouseCursor (node ? juce::MouseCursor::PointingHandCursor : juce::MouseCursor::NormalCursor);
-    repaint();
+    repaintPointed();
 }
 
 void KestrelChartView::mouseMove (const juce::MouseEvent& event)

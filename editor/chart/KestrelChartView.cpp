@@ -163,12 +163,36 @@ void KestrelChartView::paint (juce::Graphics& g)
     paintFace (g);
     paintChosenNode (g);
 
+    grid = pixels;
+    pointed = layOutPointed();
+
     if (const auto readout = makeReadout())
     {
         if (! chosenNode())
             paintChartMark (g, readout->at, shownColour());
 
-        paintChartReadout (g, axes, response.getCurve(), *readout, pixels);
+        paintChartReadout (g, pointed.box, *readout, pixels);
+    }
+}
+
+KestrelChartView::Pointed KestrelChartView::layOutPointed() const
+{
+    const auto readout = makeReadout();
+
+    if (! readout)
+        return {};
+
+    const auto reach = chosenNode() ? ChartNodes::radius + nodeHalo : chartMarkRadius;
+    return { layOutReadout (axes, response.getCurve(), *readout, grid),
+        juce::Rectangle<float> (2.0f * reach, 2.0f * reach).withCentre (readout->at) };
+}
+
+void KestrelChartView::repaintPointed()
+{
+    for (const auto& place : { pointed, layOutPointed() }) // what is painted, and what will be
+    {
+        repaint (place.box.getSmallestIntegerContainer());
+        repaint (place.spot.getSmallestIntegerContainer());
     }
 }
 
@@ -241,7 +265,7 @@ std::optional<std::size_t> KestrelChartView::chosenNode() const
 
 juce::Colour KestrelChartView::nodeColour (std::size_t node) const
 {
-    const auto own = style::Theme::accentForId (style::accentRole (laneKnobs[node].colourId));
+    const auto own = style::Theme::accent (laneKnobs[node].colourId);
     return active && ! (node == ChartNodes::airNode && isAirOff()) ? own : primitives::disabledAccent (own);
 }
 
@@ -277,7 +301,7 @@ ChartReadout KestrelChartView::describeNode (std::size_t node) const
 {
     const auto& palette = style::Theme::palette();
     const auto at = nodes.position (node);
-    ChartReadout readout { { { laneKnobs[node].caption, nodeColour (node), true },
+    ChartReadout readout { { { laneKnobs[node].caption, style::Theme::accent (laneKnobs[node].colourId), true },
                                { textOf (node), palette.textPrimary } },
         at, ChartNodes::radius + 8.0f };
 

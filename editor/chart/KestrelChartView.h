@@ -74,6 +74,9 @@ public:
     /** Whether a key is held down. What it does until it is released is one step. */
     std::function<bool (int)> isKeyDown = [] (int keyCode) { return juce::KeyPress::isKeyCurrentlyDown (keyCode); };
 
+    /** Ends the step of a key that is held. */
+    void endHeldKey() { held.reset(); }
+
     /** The node that keys move. */
     std::size_t getFocusedNode() const { return focused; }
 
@@ -89,6 +92,16 @@ private:
     dsp::LaneParameters readLane() const;
     bool refreshResponse();
     void rebuildCurve();
+
+    /** What follows the pointer: the readout's box, and the node or the mark on the curve. */
+    struct Pointed
+    {
+        juce::Rectangle<float> box;
+        juce::Rectangle<float> spot;
+    };
+
+    Pointed layOutPointed() const;
+    void repaintPointed();
     void paintSpectrum (juce::Graphics& g) const;
     void paintFace (juce::Graphics& g);
     void paintNodesAtRest (juce::Graphics& g) const;
@@ -139,7 +152,9 @@ private:
     quillon::ui_pro::primitives::CachedLayer faceLayer; // of the painted face, once it rests
 
     bool active = true;
-    std::optional<juce::Point<float>> pointer; // while it is over the plot
+    quillon::ui_pro::primitives::PixelGrid grid; // of the last painting
+    Pointed pointed;                             // there
+    std::optional<juce::Point<float>> pointer;   // while it is over the plot
     std::optional<std::size_t> hovered;
     std::optional<std::size_t> grasped;
     std::size_t focused = 0;

@@ -7,6 +7,12 @@
 
 namespace kestreleq
 {
+namespace
+{
+
+constexpr float unseen = 0.05f; // design pixels by which the drawn curve may be off; each point costs at every painting
+
+} // namespace
 
 std::vector<double> spreadFrequencies (const quillon::ui_pro::controls::ChartAxes& axes, std::size_t count)
 {
@@ -44,6 +50,7 @@ ResponsePath ResponsePath::of (
         points[i] = { plot.getX() + part * plot.getWidth(), axes.yFor (levels[i]) };
     }
 
+    points = quillon::ui_pro::controls::thinCurve (points, unseen);
     ResponsePath result;
     result.line = quillon::ui_pro::controls::outlineCurve (points, lineWidth);
     result.fill.startNewSubPath (plot.getX(), axes.yFor (0.0));

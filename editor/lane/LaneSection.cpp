@@ -52,10 +52,8 @@ void LaneSection::initialiseLaneControls()
         knob.setEnabled (true);
     }
 
-    title.setText ("ENABLED", juce::dontSendNotification);
     title.setFont (style::boldFont (12.0f));
     title.setJustificationType (juce::Justification::centredLeft);
-    title.setColour (juce::Label::textColourId, style::Theme::palette().textPrimary);
     title.setBorderSize ({});
     title.setInterceptsMouseClicks (false, false);
     meterStrip.setTitle ("Levels, " + laneName);
@@ -131,13 +129,17 @@ void LaneSection::refreshPower()
     powerAttachment.sendInitialUpdate();
 
     const auto& values = processor.getCore().getValues();
-    const auto bypassed = values.isOn (lane == 0 ? Parameter::laneABypass : Parameter::laneBBypass);
-    const auto active = ! bypassed && ! values.isOn (Parameter::bypass);
+    const auto enabled = ! values.isOn (lane == 0 ? Parameter::laneABypass : Parameter::laneBBypass);
+    const Power power { enabled, enabled && ! values.isOn (Parameter::bypass) };
+
+    if (std::exchange (shownPower, power) == power)
+        return;
+
     const auto& palette = style::Theme::palette();
-    chart->setActive (active);
-    panel.setActive (active);
-    title.setText (bypassed ? "OFF" : "ENABLED", juce::dontSendNotification);
-    title.setColour (juce::Label::textColourId, active ? palette.textPrimary : palette.textMuted);
+    chart->setActive (power.active);
+    panel.setActive (power.active);
+    title.setText (power.enabled ? "ENABLED" : "OFF", juce::dontSendNotification);
+    title.setColour (juce::Label::textColourId, power.active ? palette.textPrimary : palette.textMuted);
 }
 
 } // namespace kestreleq

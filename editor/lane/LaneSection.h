@@ -14,6 +14,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace kestreleq
 {
@@ -63,6 +64,14 @@ public:
     quillon::ui_pro::controls::MeterStrip& getMeterStrip() { return meterStrip; }
 
 private:
+    struct Power
+    {
+        bool enabled = true; // the lane's own switch
+        bool active = true;  // and the master bypass is off
+
+        bool operator== (const Power&) const = default;
+    };
+
     void initialiseLaneControls();
     void initialisePowerButton (const quillon::ui_pro::primitives::GestureHooks& hooks);
     void initialiseParameterAttachments (const quillon::ui_pro::primitives::GestureHooks& hooks);
@@ -79,6 +88,7 @@ private:
     quillon::ui_pro::controls::MeterStrip meterStrip;
     quillon::ui_pro::controls::PowerButton powerButton;
     juce::Label title;
+    std::optional<Power> shownPower;
     std::array<quillon::ui_pro::controls::KnobControl, laneKnobs.size()> knobs;
 
     // Last, so that they go before the controls that they drive.

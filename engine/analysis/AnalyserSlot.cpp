@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace kestreleq::analysis
 {
@@ -108,8 +109,9 @@ void AnalyserSlot::clear()
 {
     ring.skip (ring.available());
     fill = 0;
-    dataPresent = false;
-    std::fill (display.begin(), display.end(), spectrumFloor);
+
+    if (std::exchange (dataPresent, false)) // else the curve is at the floor
+        std::fill (display.begin(), display.end(), spectrumFloor);
 }
 
 } // namespace kestreleq::analysis

@@ -1,11 +1,14 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/Window.h"
 
+#include "ui_pro/controls/buttons/LinkIconButton.h"
+#include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
-#include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -16,15 +19,36 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-using style::Theme;
 
-TEST (Theme, ScalesTheCanvasIntoAnyAreaAndKnowsNoOtherAccents)
+TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
 {
-    EXPECT_EQ (Theme::scaleFor ({ 0, 500 }), 1.0f);
-    EXPECT_EQ (Theme::centredDesignBounds ({ 10, 20, 3344, 951 }), juce::Rectangle<int> (846, 20, 1672, 951));
+    controls::LinkIconButton button (Theme::accent (5));
+    button.setSize (32, 24);
 
-    for (const auto id : { -1, 0, 31 })
-        EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
+    for (const auto scale : { 0.5f, 1.0f, 2.0f })
+    {
+        // The least ink in the middle, as a share of that of a link.
+        const auto joint = [&] (bool on)
+        {
+            button.setToggleState (on, juce::dontSendNotification);
+            const auto picture = paintPicture (button, scale);
+            const auto ink = [&] (int x)
+            {
+                auto most = 0.0f;
+                for (int y = juce::roundToInt (6.0f * scale); y < juce::roundToInt (18.0f * scale); ++y)
+                    most = std::max (most,
+                        std::abs (picture.getPixelAt (x, y).getBrightness() -
+                            picture.getPixelAt (juce::roundToInt (4.0f * scale), y).getBrightness()));
+                return most;
+            };
+            auto middle = 1.0f;
+            for (int x = juce::roundToInt (15.0f * scale); x < juce::roundToInt (18.0f * scale); ++x)
+                middle = std::min (middle, ink (x));
+            return middle / ink (static_cast<int> (10.5f * scale));
+        };
+        EXPECT_LT (joint (false), 0.75f) << scale;
+        EXPECT_GT (joint (true), 0.95f) << scale;
+    }
 }
 
 /** Draws a one-pixel frame and a dot, whose blur would show. */
@@ -95,6 +119,20 @@ TEST (CachedLayer, TakesNoMemoryWhileNothingShowsIt)
         EXPECT_EQ (held(), 4u * 62u * 42u);
         act();
         EXPECT_EQ (held(), 0u);
+    }
+}
+
+TEST (HeaderBar, ShowsItsTexts)
+{
+    layout::HeaderBar bar;
+    bar.setSize (1672, 68);
+
+    for (const auto set : { &layout::HeaderBar::setProductName, &layout::HeaderBar::setVersionText,
+             &layout::HeaderBar::setSubtitle, &layout::HeaderBar::setPresetName })
+    {
+        const auto before = paintPicture (bar);
+        (bar.*set) ("something else");
+        EXPECT_GT (countDifferentPixels (before, paintPicture (bar), 16), 50);
     }
 }
 

@@ -101,6 +101,9 @@ struct Stage
             case OpenPart::oversampling:
                 editor->getFooter().getOversampling().openPopup();
                 break;
+            case OpenPart::field:
+                editor->getLane (0).getChart().keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+                break;
             case OpenPart::support:
                 editor->openSupport();
                 for (int i = 0; i < ticksToSlideIn; ++i)

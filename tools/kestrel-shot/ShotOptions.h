@@ -19,7 +19,8 @@ enum class OpenPart
     presets,
     menu,
     support,
-    oversampling
+    oversampling,
+    field
 };
 
 struct ShotOptions

@@ -4,18 +4,6 @@
 
 namespace quillon::ui_pro::primitives
 {
-namespace
-{
-
-constexpr float plateRadius = 5.0f;
-const juce::Colour plateTop { 0xff262d34 };
-const juce::Colour plateBottom { 0xff1a1f24 };
-const juce::Colour plateOn { 0xff14181c }; // under the accent
-const juce::Colour edge { 0xff68727d };
-const juce::Colour edgeDisabled { 0xff30383f };
-
-} // namespace
-
 juce::Colour disabledAccent (juce::Colour accent)
 {
     return accent.withMultipliedSaturation (0.3f).withMultipliedBrightness (0.45f);
@@ -65,7 +53,7 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
     }
 
     g.setGradientFill (juce::ColourGradient::vertical (top, plate.getY(), bottom, plate.getBottom()));
-    g.fillRoundedRectangle (plate, plateRadius);
+    g.fillRoundedRectangle (plate, tokens.cornerRadius);
 
     if (! look.enabled)
         g.setColour (look.on ? lit : tokens.edgeDisabled);
@@ -74,10 +62,10 @@ void paintButtonPlate (juce::Graphics& g, juce::Rectangle<float> r, juce::Colour
     else
         g.setColour (look.hovered ? tokens.edge.brighter (0.4f) : tokens.edge);
 
-    g.drawRoundedRectangle (plate, plateRadius, 1.0f);
+    g.drawRoundedRectangle (plate, tokens.cornerRadius, 1.0f);
 
     if (look.focused)
-        paintFocusRing (g, r, plateRadius);
+        paintFocusRing (g, r, tokens.cornerRadius);
 }
 
 } // namespace quillon::ui_pro::primitives

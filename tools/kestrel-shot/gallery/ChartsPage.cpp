@@ -29,6 +29,14 @@ controls::SpectrumChartSnapshot makeNoise()
     return { true, 48000.0, numBins, 1, [levels] (std::uint64_t i) { return levels[static_cast<std::size_t> (i)]; } };
 }
 
+/** A tone that only one bin holds. */
+controls::SpectrumChartSnapshot makeTone()
+{
+    constexpr std::uint64_t toneBin = 401;
+    return { true, 48000.0, numBins, 1,
+        [noise = makeNoise()] (std::uint64_t i) { return i == toneBin ? -3.0f : noise.valueAt (i) - 30.0f; } };
+}
+
 /** A bump of so many dB around a bin. */
 float bump (std::uint64_t i, float peak, float centre)
 {
@@ -42,10 +50,10 @@ controls::SpectrumChartSnapshot makeGains()
         [] (std::uint64_t i) { return bump (i, 12.0f, 180.0f) + bump (i, -9.0f, 340.0f) + bump (i, 6.0f, 500.0f); } };
 }
 
-SpectrumChartComponent& addChart (GallerySheet& sheet, const juce::String& caption, int width)
+SpectrumChartComponent& addChart (GallerySheet& sheet, const juce::String& caption, int width, int height = 196)
 {
     auto chart = std::make_unique<SpectrumChartComponent>();
-    chart->setSize (width, 196);
+    chart->setSize (width, height);
     return sheet.add (caption, std::move (chart));
 }
 
@@ -64,6 +72,8 @@ void addCharts (GallerySheet& sheet)
     sheet.addSection ("Spectrum charts");
     addChart (sheet, "Waiting", 788);
     addChart (sheet, "Spectrum", 788).setSnapshot (makeNoise());
+    addChart (sheet, "Waiting, in little room", 320, 60);
+    addChart (sheet, "A tone of one bin over noise", 440).setSnapshot (makeTone());
 
     auto& difference = addChart (sheet, "Difference", 788);
     difference.setSpectrumScale (false);

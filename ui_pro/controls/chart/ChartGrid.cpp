@@ -57,8 +57,9 @@ public:
             return add (text, { plot.getX() - outsideGap - room, y - 0.5f * height, room, height });
         }
 
-        // Above its line; the lowest row belongs to the frequencies.
-        const juce::Rectangle<float> box (plot.getX() + labelGap, y - height, width, height);
+        // Above its line, 0 dB beneath it where there is no room; the lowest row belongs to the frequencies.
+        const auto top = db == 0 && y - height < plot.getY() ? y : y - height;
+        const juce::Rectangle<float> box (plot.getX() + labelGap, top, width, height);
 
         if (box.getY() >= plot.getY() && box.getBottom() <= getRow().getY())
             add (text, box);

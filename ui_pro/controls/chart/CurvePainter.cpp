@@ -1,7 +1,8 @@
 #include "ui_pro/controls/chart/CurvePainter.h"
 
+#include <algorithm>
 #include <cmath>
-#include <vector>
+#include <cstddef>
 
 namespace quillon::ui_pro::controls
 {
@@ -74,6 +75,32 @@ void fillCurve (juce::Graphics& g, CurvePoints points, float baseline, juce::Rec
     g.setGradientFill (juce::ColourGradient::vertical (colour.withMultipliedAlpha (fillAlphaTop), area.getY(),
         colour.withMultipliedAlpha (fillAlphaBottom), area.getBottom()));
     g.fillPath (path);
+}
+
+std::vector<juce::Point<float>> thinCurve (CurvePoints points, float tolerance)
+{
+    constexpr std::size_t longestPiece = 16; // points, so that the search stays short
+    std::vector<juce::Point<float>> kept (points.begin(), points.begin() + (points.empty() ? 0 : 1));
+
+    for (std::size_t start = 0, end = 1; end < points.size(); ++end)
+    {
+        const auto straightTo = [&] (std::size_t last)
+        {
+            const auto slope = (points[last].y - points[start].y) / (points[last].x - points[start].x);
+            return std::all_of (points.begin() + static_cast<std::ptrdiff_t> (start),
+                points.begin() + static_cast<std::ptrdiff_t> (last),
+                [&] (juce::Point<float> point)
+                { return std::abs (points[start].y + slope * (point.x - points[start].x) - point.y) <= tolerance; });
+        };
+
+        if (end + 1 == points.size() || end - start == longestPiece || ! straightTo (end + 1))
+        {
+            kept.push_back (points[end]);
+            start = end;
+        }
+    }
+
+    return kept;
 }
 
 juce::Path outlineCurve (CurvePoints points, float width)

@@ -45,7 +45,7 @@ struct SpectrumChartTraceConfig
     bool fill = true;
     juce::Colour zeroLineColour = style::Theme::get().surface.spectrumZeroLine;
     juce::Colour gridColour = style::Theme::get().surface.spectrumGridLine;
-    juce::Colour traceColour { 0x00000000 }; // transparent: the accent's
+    juce::Colour traceColour {}; // transparent: the accent's
 
     SpectrumChartMode getMode() const
     {

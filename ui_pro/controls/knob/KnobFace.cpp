@@ -1,5 +1,6 @@
 #include "ui_pro/controls/knob/KnobFace.h"
 
+#include "ui_pro/primitives/ButtonLook.h"
 #include "ui_pro/style/Theme.h"
 
 #include <algorithm>
@@ -123,8 +124,7 @@ void paintKnobBody (juce::Graphics& g, juce::Rectangle<float> r, bool enabled)
 void paintKnobValue (juce::Graphics& g, juce::Rectangle<float> r, const KnobLook& look)
 {
     const auto& palette = style::Theme::palette();
-    const auto accent =
-        look.enabled ? look.accent : look.accent.withMultipliedSaturation (0.3f).withMultipliedBrightness (0.45f);
+    const auto accent = look.enabled ? look.accent : primitives::disabledAccent (look.accent);
 
     if (std::min (r.getWidth(), r.getHeight()) < smallestFace)
     {

@@ -154,14 +154,13 @@ void MeterStrip::paintStaticLayer (juce::Graphics& g) const
 
     const auto pixels = primitives::PixelGrid::of (g, *this);
     const std::array<juce::String, 3> titles { labelL, labelR, "GR" };
-    g.setFont (style::boldFont (getTitleSize (titles, pixels.legible (tokens.titleSize))));
+    g.setFont (makeTitleFont (titles, pixels.legible (tokens.titleSize)));
 
     for (int i = 0; i < layout.numBars; ++i)
     {
         bars[static_cast<std::size_t> (i)].paintUnlit (g, pixels);
         g.setColour (style::Theme::palette().textPrimary);
-        g.drawFittedText (
-            titles[static_cast<std::size_t> (i)], layout.getTitle (i), juce::Justification::centred, 1, 0.5f);
+        g.drawText (titles[static_cast<std::size_t> (i)], layout.getTitle (i), juce::Justification::centred, true);
     }
 
     g.setFont (style::regularFont (pixels.legible (tokens.scaleSize)));
@@ -172,19 +171,21 @@ void MeterStrip::paintStaticLayer (juce::Graphics& g) const
             juce::Justification::centredRight, 1, 0.8f);
 }
 
-float MeterStrip::getTitleSize (const std::array<juce::String, 3>& titles, float wanted) const
+juce::Font MeterStrip::makeTitleFont (const std::array<juce::String, 3>& titles, float wanted) const
 {
-    auto size = wanted;
+    auto share = 1.0f; // of its width that the widest title has room for
 
     for (int i = 0; i < layout.numBars; ++i)
     {
         const auto width =
             juce::GlyphArrangement::getStringWidth (style::boldFont (wanted), titles[static_cast<std::size_t> (i)]);
-        const auto room = static_cast<float> (layout.getTitle (i).getWidth()) / narrowestTitle;
-        size = std::min (size, wanted * room / std::max (width, 1.0f));
+        share = std::min (share, static_cast<float> (layout.getTitle (i).getWidth()) / std::ceil (width + 0.5f));
     }
 
-    return std::max (size, std::min (wanted, style::Theme::get().meter.titleSize));
+    // First all titles become narrower alike, then smaller.
+    const auto smallest = std::min (wanted, style::Theme::get().meter.titleSize);
+    const auto size = std::max (std::min (wanted, wanted * share / narrowestTitle), smallest);
+    return style::boldFont (size).withHorizontalScale (std::clamp (share * wanted / size, 0.5f, 1.0f));
 }
 
 juce::String MeterStrip::spokenValue() const

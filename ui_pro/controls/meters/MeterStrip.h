@@ -55,8 +55,8 @@ private:
     void repaintChangedSegments();
     void paintStaticLayer (juce::Graphics& g) const;
 
-    /** The size of text in which all titles fit, up to the one wanted. */
-    float getTitleSize (const std::array<juce::String, 3>& titles, float wanted) const;
+    /** One font in which all titles fit, up to the size that is wanted. */
+    juce::Font makeTitleFont (const std::array<juce::String, 3>& titles, float wanted) const;
     juce::String spokenValue() const;
 
     float levelDbL = -48.0f;
