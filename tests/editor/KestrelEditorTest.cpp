@@ -108,6 +108,32 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
     }
 }
 
+/** Counts its paintings. */
+struct Probe final : juce::Component
+{
+    void paint (juce::Graphics&) override { ++painted; }
+
+    int painted = 0;
+};
+
+TEST (KestrelEditor, PaintsNothingThatBackgroundOrChartCover)
+{
+    EditorRig rig;
+    auto& chart = rig.editor->getLane (0).getChart();
+    std::array<Probe, 2> probes;
+    probes[0].setBounds (rig.editor->getLocalBounds());
+    rig.editor->addAndMakeVisible (probes[0], 0);
+    probes[1].setBounds (chart.getBounds().reduced (2));
+    chart.getParentComponent()->addAndMakeVisible (probes[1], 0);
+
+    const auto picture = paintPicture (*rig.editor);
+    EXPECT_EQ (probes[0].painted, 0);
+    EXPECT_EQ (probes[1].painted, 0);
+
+    for (const auto corner : { picture.getBounds().getTopLeft(), picture.getBounds().getBottomRight() })
+        EXPECT_EQ (picture.getPixelAt (std::max (corner.x - 1, 0), std::max (corner.y - 1, 0)).getAlpha(), 255);
+}
+
 TEST (KestrelEditor, ProgramsWrapAround)
 {
     EditorRig rig;
