@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace kestreleq::test
 {
@@ -91,6 +92,8 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
         return std::array { paintPicture (*rig.editor), paintPicture (rig.editor->getLane (1).getPanel()) };
     };
     const auto on = pictures();
+    const auto title = (layout::placeLane (1, false).title.toFloat() * 0.5f).getSmallestIntegerContainer();
+    std::vector<juce::Image> titles { on[0].getClippedImage (title) };
 
     for (const auto* id : { "laneBBypass", "bypass" })
     {
@@ -102,10 +105,14 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
                        off[0].getClippedImage ({ 80, 225, 560, 100 }), 16),
             400)
             << "curve and nodes, " << id;
+        titles.push_back (off[0].getClippedImage (title));
         rig.set (id, 0.0f);
         rig.tick();
         EXPECT_EQ (countDifferentPixels (on[0], pictures()[0], 16), 0);
     }
+
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_GT (countDifferentPixels (titles[i], titles[(i + 1) % 3], 16), 20) << "ENABLED, OFF, ENABLED but dim";
 }
 
 /** Counts its paintings. */
