@@ -228,6 +228,10 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
         EXPECT_TRUE (rig.view->getReadoutText().endsWith (describeLevel (levelAt (axes, curve, at.x)))) << node;
     }
     EXPECT_TRUE (rig.view->getReadoutText().startsWith ("AIR 0.6 10K "));
+    rig.view->keyPressed (juce::KeyPress (juce::KeyPress::returnKey));
+    EXPECT_EQ (rig.view->getReadoutText(), "") << "the field stands there";
+    rig.view->getField().close();
+    EXPECT_EQ (describeFrequency (632.4), "632 Hz");
 
     // Nowhere is the box in the curve's way, at half size either.
     for (auto x = axes.plot.getX(); x < axes.plot.getRight(); x += 13.0f)

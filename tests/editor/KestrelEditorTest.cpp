@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 
 namespace kestreleq::test
 {
@@ -100,6 +101,8 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
     auto& panel = rig.editor->getLane (1).getPanel();
     const auto caption = rig.editor->getLocalArea (&panel, juce::Rectangle<int> (8, 20, 132, 50));
     const auto on = paintPicture (*rig.editor);
+    const auto title = (layout::placeLane (1, false).title.toFloat() * 0.5f).getSmallestIntegerContainer();
+    std::vector<juce::Image> titles { on.getClippedImage (title) };
 
     for (const auto* id : { "laneBBypass", "bypass" })
     {
@@ -110,11 +113,14 @@ TEST (KestrelEditor, WhatIsBypassedLooksOff)
         for (const auto& area : { caption, { 80, 225, 560, 100 } }) // curve and nodes
             EXPECT_GT (countDifferentPixels (on.getClippedImage (area), off.getClippedImage (area), 16), 100)
                 << area.toString() << ", " << id;
-
+        titles.push_back (off.getClippedImage (title));
         rig.set (id, 0.0f);
         rig.tick();
         EXPECT_EQ (countDifferentPixels (on, paintPicture (*rig.editor), 16), 0);
     }
+
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_GT (countDifferentPixels (titles[i], titles[(i + 1) % 3], 16), 20) << "ENABLED, OFF, ENABLED but dim";
 }
 
 TEST (KestrelEditor, WhatHasTheKeyboardShowsIt)
@@ -131,6 +137,32 @@ TEST (KestrelEditor, WhatHasTheKeyboardShowsIt)
         button->grabKeyboardFocus();
         EXPECT_GT (countDifferentPixels (before, paintPicture (*button), 16), 20) << title;
     }
+}
+
+/** Counts its paintings. */
+struct Probe final : juce::Component
+{
+    void paint (juce::Graphics&) override { ++painted; }
+
+    int painted = 0;
+};
+
+TEST (KestrelEditor, PaintsNothingThatBackgroundOrChartCover)
+{
+    EditorRig rig;
+    auto& chart = rig.editor->getLane (0).getChart();
+    std::array<Probe, 2> probes;
+    probes[0].setBounds (rig.editor->getLocalBounds());
+    rig.editor->addAndMakeVisible (probes[0], 0);
+    probes[1].setBounds (chart.getBounds().reduced (2));
+    chart.getParentComponent()->addAndMakeVisible (probes[1], 0);
+
+    const auto picture = paintPicture (*rig.editor);
+    EXPECT_EQ (probes[0].painted, 0);
+    EXPECT_EQ (probes[1].painted, 0);
+
+    for (const auto corner : { picture.getBounds().getTopLeft(), picture.getBounds().getBottomRight() })
+        EXPECT_EQ (picture.getPixelAt (std::max (corner.x - 1, 0), std::max (corner.y - 1, 0)).getAlpha(), 255);
 }
 
 TEST (KestrelEditor, ProgramsWrapAround)
