@@ -224,14 +224,5 @@ TEST (MeterPair, ShowsBarsAndReadoutsWithinItsBounds)
     EXPECT_NEAR (pair.getMeter (0).getLevelDb(), -18.0f, 0.01f) << "half a second later";
 }
 
-TEST (MeterAccessibility, ReadsTheLevels)
-{
-    MeterStrip strip;
-    strip.setLevels (0.0f, linear (-12.34f));
-    const auto handler = strip.createAccessibilityHandler();
-    EXPECT_EQ (handler->getValueInterface()->getCurrentValueAsString(), "IN silent, OUT -12.3 dB");
-    EXPECT_TRUE (handler->getValueInterface()->isReadOnly());
-}
-
 } // namespace
 } // namespace kestreleq::test
