@@ -106,55 +106,6 @@ TEST (MeterStrip, LightsSegmentsInTheColoursOfTheirLevels)
     EXPECT_EQ (segmentColours (picture, bar, false), expectedColours (32, 27, 25, 28, own));
 }
 
-/** The unlit segments of one bar over the whole component. */
-struct BarOnly final : juce::Component
-{
-    void paint (juce::Graphics& g) override
-    {
-        bar.setBounds (getLocalBounds().toFloat());
-        bar.paintUnlit (g, quillon::ui_pro::primitives::PixelGrid::of (g, *this));
-    }
-
-    SegmentedBar bar { 32, 4.0f, SegmentedBar::Growth::down };
-};
-
-TEST (SegmentedBar, DrawsEverySegmentWithinHalfAPixelOfItsPlace)
-{
-    BarOnly shown;
-
-    for (const auto height : { 154, 171, 495, 600 })
-    {
-        shown.setSize (20, height);
-        const auto pitch = static_cast<float> (height) / 32.0f;
-
-        for (const auto scale : { 1.0f, 1.5f, 2.0f })
-        {
-            const auto picture = paintPicture (shown, scale);
-            const auto lit = [&] (int y)
-            { return y >= 0 && y < picture.getHeight() && picture.getPixelAt (12, y).getAlpha() > 127; };
-            int segment = 0;
-
-            for (int y = 0; y <= picture.getHeight(); ++y)
-            {
-                const auto place = static_cast<float> (segment) * pitch * scale;
-
-                if (lit (y) && ! lit (y - 1))
-                {
-                    EXPECT_NEAR (static_cast<float> (y), place, 0.51f) << height << " at " << scale;
-                }
-
-                if (! lit (y) && lit (y - 1))
-                {
-                    EXPECT_NEAR (static_cast<float> (y), place + (pitch - 1.0f) * scale, 0.51f);
-                    ++segment;
-                }
-            }
-
-            EXPECT_EQ (segment, 32);
-        }
-    }
-}
-
 TEST (MeterStrip, RepaintsOnlyWhatChanges)
 {
     MeterStrip strip;
