@@ -33,17 +33,5 @@ TEST (EditorLayout, AWindowOpensAsLargeAsItWasButNoLargerThanItsDisplay)
     EXPECT_EQ (layout::openingSize (30, tiny), Bounds (836, 429)) << "it cannot be made smaller";
 }
 
-TEST (EditorLayout, NothingInTheFooterOverlapsOrLeavesIt)
-{
-    const auto footer = layout::placeFooter();
-    const std::array row { footer.oversampling, footer.latency, footer.sampleRate, footer.inputMeters,
-        footer.outputMeters, footer.outputMode, footer.cpuUsage, footer.label };
-    for (std::size_t i = 0; i < row.size(); ++i)
-    {
-        EXPECT_TRUE (footer.bar.contains (row[i])) << i;
-        EXPECT_GE (row[i].getX(), i > 0 ? row[i - 1].getRight() : footer.bar.getX()) << i;
-    }
-}
-
 } // namespace
 } // namespace kestreleq::test

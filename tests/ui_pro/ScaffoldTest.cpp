@@ -164,19 +164,5 @@ TEST (Scaffold, WhatIsNotNamedStaysUnconnected)
         << "the one panel has the gains";
 }
 
-TEST (Scaffold, LanesShowAndSetTheChannelModeInPairs)
-{
-    ScaffoldRig rig;
-    auto& lanes = rig.scaffold->getLaneStack();
-    EXPECT_EQ (lanes.getModeSelector (1).getButtonText(), "STEREO");
-
-    lanes.getModeSelector (1).choose (controls::LaneMode::mid);
-    EXPECT_EQ (rig.processor.take(), "< begin 0.50 end >"); // the first lane's side
-    EXPECT_EQ (lanes.getModeSelector (0).getButtonText(), "SIDE");
-
-    lanes.getModeSelector (0).choose (controls::LaneMode::stereo);
-    EXPECT_EQ (rig.processor.get ("mode"), 1.0f);
-}
-
 } // namespace
 } // namespace kestreleq::test
