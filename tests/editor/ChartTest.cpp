@@ -224,7 +224,7 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
     for (std::size_t node = 0; node < ChartNodes::count; ++node)
     {
         const auto at = rig.view->getNodes().position (node);
-        rig.mouse.move (at);
+        rig.mouse.move (at.translated (6.0f, 0.0f));
         EXPECT_TRUE (rig.view->getReadoutText().endsWith (describeLevel (levelAt (axes, curve, at.x)))) << node;
     }
     EXPECT_TRUE (rig.view->getReadoutText().startsWith ("AIR 0.6 10K "));
