@@ -4,6 +4,7 @@
 #include "ui_pro/controls/buttons/LinkIconButton.h"
 #include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
+#include "ui_pro/style/Theme.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ using namespace quillon::ui_pro;
 
 TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
 {
-    controls::LinkIconButton button (Theme::accent (5));
+    controls::LinkIconButton button (style::Theme::accent (5));
     button.setSize (32, 24);
 
     for (const auto scale : { 0.5f, 1.0f, 2.0f })
