@@ -111,6 +111,15 @@ public:
 
     void click (POINT at) { drag (at, at); }
 
+    /** A key, to the window that has the keyboard. */
+    void press (WPARAM key)
+    {
+        require (GetFocus() == child, "the module's window has not got the keyboard");
+        PostMessageW (child, WM_KEYDOWN, key, 1);
+        PostMessageW (child, WM_KEYUP, key, 1);
+        pump (300);
+    }
+
     Pixels capture() const
     {
         const auto [width, height] = getSize();

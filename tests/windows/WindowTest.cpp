@@ -60,8 +60,8 @@ void testScales (LoadedModule& module, POINT menu)
         const auto before = window.capture();
         window.click (scaled (menu, scale));
         require (difference (before, window.capture()) > enoughToSee, "no menu opens at the display's scale");
-        window.click (scaled (menu, scale));
-        require (difference (before, window.capture()) < enoughToSee, "the menu does not close");
+        window.press (VK_ESCAPE);
+        require (difference (before, window.capture()) < enoughToSee, "Escape does not close the menu");
     }
 
     require (difference (closed, window.capture()) < enoughToSee, "scale 1 looks otherwise after the others");
