@@ -81,20 +81,22 @@ KestrelEditor::~KestrelEditor()
         resizableCorner->setLookAndFeel (nullptr);
 }
 
-/** A gesture is a step of the history. */
+/** A gesture is a step of the history; a key that is still held goes on in another one. */
 primitives::GestureHooks KestrelEditor::stepHooks()
 {
-    const auto enclose = [this] (auto&& act)
-    {
-        return [this, act]
+    return { [this]
         {
-            act (equaliser.getCore().getHistory());
-            header.refreshCommands();
-        };
-    };
+            for (auto& lane : lanes)
+                lane->getChart().endHeldKey();
 
-    return { enclose ([] (EditHistory& history) { history.beginStep(); }),
-        enclose ([] (EditHistory& history) { history.endStep(); }) };
+            equaliser.getCore().getHistory().beginStep();
+            header.refreshCommands();
+        },
+        [this]
+        {
+            equaliser.getCore().getHistory().endStep();
+            header.refreshCommands();
+        } };
 }
 
 void KestrelEditor::initialiseScaffold()
@@ -116,7 +118,8 @@ void KestrelEditor::initialiseScaffold()
 void KestrelEditor::initialiseTooltips()
 {
     const auto& palette = style::Theme::palette();
-    tooltips.setOpaque (false); // its corners are round
+    tooltips.setInterceptsMouseClicks (false, false); // it may lie over the next button
+    tooltips.setOpaque (false);                       // its corners are round
     tooltips.setColour (juce::TooltipWindow::backgroundColourId, palette.surface2);
     tooltips.setColour (juce::TooltipWindow::outlineColourId, palette.outlineStrong);
     tooltips.setColour (juce::TooltipWindow::textColourId, palette.textPrimary);

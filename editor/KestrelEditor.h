@@ -58,6 +58,9 @@ public:
     /** Slides the support and diagnostics panel in. */
     void openSupport();
 
+    /** What lies over the editor and has the keyboard: the sheet, a list, or the browser's search field; or null. */
+    juce::Component* findOpenPopup();
+
     /** One round of the timer, for whoever has no time to wait. */
     void tick();
 
@@ -89,7 +92,6 @@ private:
     void initialiseTooltips();
     void initialiseOverlay();
     void initialiseKeyboard();
-    juce::Component* findOpenPopup();
     void giveKeyboardToPopup();
     void openHostMenu (const juce::AudioProcessorParameter& parameter, juce::Point<int> position);
     void layOutCanvas();

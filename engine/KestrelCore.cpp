@@ -87,9 +87,8 @@ void KestrelCore::setAllParameters (
             for (std::size_t i = 0; i < numParameters; ++i)
             {
                 const auto parameter = static_cast<Parameter> (i);
-                tree[parameter].beginChangeGesture();
+                const ParameterTree::Gesture gesture (tree, tree[parameter]);
                 tree.setExactly (parameter, newValues[i]);
-                tree[parameter].endChangeGesture();
             }
         });
 }

@@ -130,9 +130,8 @@ void ParameterLinks::copyTo (Parameter target, Parameter source, float value)
     if (gestures[indexOf (source)] != juce::Thread::getCurrentThreadId() && parameter.getValue() != value)
         unannounced |= bitOf (target);
 
-    parameter.beginChangeGesture();
+    const ParameterTree::Gesture gesture (tree, parameter);
     parameter.setValueNotifyingHost (parameter.convertTo0to1 (value));
-    parameter.endChangeGesture();
 }
 
 void ParameterLinks::announce()
@@ -155,9 +154,8 @@ void ParameterLinks::announce()
             continue;
 
         // Not set anew: the host may be moving it again.
-        parameter.beginChangeGesture();
+        const ParameterTree::Gesture gesture (tree, parameter);
         parameter.sendValueChangedMessageToListeners (parameter.getValue());
-        parameter.endChangeGesture();
     }
 }
 

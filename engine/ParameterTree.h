@@ -17,7 +17,7 @@ namespace kestreleq
 
     The framework writes changed parameters into the tree, and with that into the undo history, from a timer of its own:
     late, and whoever made the change, host automation too. Here that timer does not run. */
-class ParameterTree final : public juce::AudioProcessorValueTreeState
+class ParameterTree final : public juce::AudioProcessorValueTreeState, private juce::AudioProcessorParameter::Listener
 {
 public:
     using Parameter = kestreleq::Parameter; // the base class has one too
@@ -28,11 +28,47 @@ public:
           values (*this)
     {
         for (std::size_t i = 0; i < numParameters; ++i)
+        {
             parameters[i] = getParameter (parameterTable[i].id);
+            parameters[i]->addListener (this);
+        }
 
         using FrameworksTimer = juce::Timer*; // the base class is one, though not in public
         FrameworksTimer (this)->stopTimer();
     }
+
+    ~ParameterTree() override
+    {
+        for (auto* parameter : parameters)
+            parameter->removeListener (this);
+    }
+
+    /** A gesture on one parameter from construction to destruction, or a part of the one that is open already: to a
+        host a gesture within another of the same parameter is an error, and its end the end of both. Any thread. */
+    class Gesture
+    {
+    public:
+        Gesture (ParameterTree& tree, juce::AudioProcessorParameter& parameterToChange)
+            : parameter (tree.isInGesture[static_cast<std::size_t> (parameterToChange.getParameterIndex())]
+                      ? nullptr
+                      : &parameterToChange)
+        {
+            if (parameter != nullptr)
+                parameter->beginChangeGesture();
+        }
+
+        ~Gesture()
+        {
+            if (parameter != nullptr)
+                parameter->endChangeGesture();
+        }
+
+        Gesture (const Gesture&) = delete;
+        Gesture& operator= (const Gesture&) = delete;
+
+    private:
+        juce::AudioProcessorParameter* const parameter; // null within an open gesture
+    };
 
     juce::RangedAudioParameter& operator[] (Parameter parameter) const { return *parameters[indexOf (parameter)]; }
 
@@ -74,8 +110,16 @@ public:
 private:
     void timerCallback() override {}
 
+    void parameterValueChanged (int, float) override {}
+
+    void parameterGestureChanged (int index, bool isStarting) override
+    {
+        isInGesture[static_cast<std::size_t> (index)] = isStarting;
+    }
+
     ParameterValues values;
     std::array<juce::RangedAudioParameter*, numParameters> parameters {};
+    std::array<std::atomic<bool>, numParameters> isInGesture {};
 };
 
 } // namespace kestreleq

@@ -10,6 +10,13 @@ add_compile_options(
     "$<$<COMPILE_LANGUAGE:C,CXX>:-I${windows_dir}/shims>" # in front of what they extend
     "$<$<COMPILE_LANGUAGE:C,CXX>:SHELL:-include ${windows_dir}/compat.h>")
 
+# Names and lines of all functions. What ships is stripped by scripts/lib/part-symbols, which keeps them, and not by the linker,
+# as the tool chain would have it.
+add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-g1>" "$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.>")
+foreach(kind EXE SHARED MODULE)
+    string(REPLACE " -s " " " CMAKE_${kind}_LINKER_FLAGS "${CMAKE_${kind}_LINKER_FLAGS}")
+endforeach()
+
 add_library(kestrel_mingw_support STATIC "${windows_dir}/guids.c" "${windows_dir}/unload.c")
 
 add_library(kestrel_mingw INTERFACE)

@@ -133,6 +133,7 @@ void KestrelChartView::resized()
 void KestrelChartView::rebuildCurve()
 {
     curve = ResponsePath::of (axes, response.getCurve(), curveWidth);
+    ++curvesBuilt;
     nodes.place (axes, response, readValue (airStepKnob, 0.0f));
 }
 
@@ -159,9 +160,8 @@ void KestrelChartView::paint (juce::Graphics& g)
         g.reduceClipRegion (axes.plot.withTrimmedBottom (2.0f).getSmallestIntegerContainer());
         paintSpectrum (g);
     }
-    paintChartGrid (g, axes, pixels);
-    paintChartCurve (g, axes, curve, shownColour());
-    paintNodes (g);
+    paintFace (g);
+    paintChosenNode (g);
 
     grid = pixels;
     pointed = layOutPointed();
@@ -215,15 +215,39 @@ void KestrelChartView::paintSpectrum (juce::Graphics& g) const
                 g, levelAxes, spectrum.getFrequencies(), levels, { .colour = colours[trace], .fill = trace == 1 });
 }
 
-void KestrelChartView::paintNodes (juce::Graphics& g) const
+/** Grid, curve and nodes. Where an image costs next to nothing they come from one while only the spectrum moves; the
+    framework's own renderer draws them in less time than all the pixels of the plot. */
+void KestrelChartView::paintFace (juce::Graphics& g)
+{
+    const auto draw = [this] (juce::Graphics& picture)
+    {
+        picture.reduceClipRegion (axes.plot.getSmallestIntegerContainer());
+        paintChartGrid (picture, axes, primitives::PixelGrid::of (picture, *this));
+        paintChartCurve (picture, axes, curve, shownColour());
+        paintNodesAtRest (picture);
+    };
+    const Face face { curvesBuilt, shownColour(), active, isAirOff(), chosenNode() };
+
+    if (std::exchange (paintedFace, face) == face && primitives::drawsWithGraphicsProcessor (g))
+        return faceLayer.draw (g, *this, draw);
+
+    const juce::Graphics::ScopedSaveState saved (g);
+    faceLayer.invalidate();
+    draw (g);
+}
+
+void KestrelChartView::paintNodesAtRest (juce::Graphics& g) const
 {
     const auto chosen = chosenNode();
 
     for (std::size_t node = 0; node < ChartNodes::count; ++node)
         if (node != chosen)
             paintChartNode (g, nodes.position (node), ChartNodes::radius, nodeColour (node), NodeState::idle);
+}
 
-    if (chosen)
+void KestrelChartView::paintChosenNode (juce::Graphics& g) const
+{
+    if (const auto chosen = chosenNode())
         paintChartNode (g, nodes.position (*chosen), ChartNodes::radius, nodeColour (*chosen),
             grasped ? NodeState::dragged : NodeState::hovered);
 

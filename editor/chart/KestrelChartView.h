@@ -13,6 +13,7 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -73,6 +74,9 @@ public:
     /** Whether a key is held down. What it does until it is released is one step. */
     std::function<bool (int)> isKeyDown = [] (int keyCode) { return juce::KeyPress::isKeyCurrentlyDown (keyCode); };
 
+    /** Ends the step of a key that is held. */
+    void endHeldKey() { held.reset(); }
+
     /** The node that keys move. */
     std::size_t getFocusedNode() const { return focused; }
 
@@ -99,7 +103,9 @@ private:
     Pointed layOutPointed() const;
     void repaintPointed();
     void paintSpectrum (juce::Graphics& g) const;
-    void paintNodes (juce::Graphics& g) const;
+    void paintFace (juce::Graphics& g);
+    void paintNodesAtRest (juce::Graphics& g) const;
+    void paintChosenNode (juce::Graphics& g) const;
     std::optional<ChartReadout> makeReadout() const;
     ChartReadout describeNode (std::size_t node) const;
     juce::String textOf (std::size_t knob) const;
@@ -126,8 +132,24 @@ private:
     ChartNodes nodes;
 
     ResponsePath curve;
+    std::uint32_t curvesBuilt = 0;
     std::function<void (juce::Graphics&)> surface;
     quillon::ui_pro::primitives::CachedLayer background;
+
+    /** What decides the picture of grid, curve and nodes, beside the size. */
+    struct Face
+    {
+        std::uint32_t curve = 0;
+        juce::Colour colour;
+        bool active = false;
+        bool airOff = false;
+        std::optional<std::size_t> chosen;
+
+        bool operator== (const Face&) const = default;
+    };
+
+    Face paintedFace;
+    quillon::ui_pro::primitives::CachedLayer faceLayer; // of the painted face, once it rests
 
     bool active = true;
     quillon::ui_pro::primitives::PixelGrid grid; // of the last painting

@@ -33,14 +33,12 @@ struct Typed
     juce::String unit;
 };
 
-void setAsGesture (juce::RangedAudioParameter& parameter, float value)
+void setAsGesture (KestrelProcessor& processor, juce::RangedAudioParameter& parameter, float value)
 {
-    parameter.beginChangeGesture();
+    const ParameterTree::Gesture gesture (processor.getCore().getTree(), parameter);
 
     if (parameter.getValue() != value)
         parameter.setValueNotifyingHost (value);
-
-    parameter.endChangeGesture();
 }
 
 } // namespace
@@ -60,16 +58,15 @@ NodeGesture::NodeGesture (KestrelProcessor& processor, const NodeParameters& par
     owner.setPendingTransactionName (nodeStepName);
     owner.getCore().getHistory().beginStep();
 
-    for (auto* parameter : parameters)
-        if (parameter != nullptr)
-            parameter->beginChangeGesture();
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        if (parameters[i] != nullptr)
+            gestures[i].emplace (owner.getCore().getTree(), *parameters[i]);
 }
 
 NodeGesture::~NodeGesture()
 {
-    for (auto* parameter : parameters)
-        if (parameter != nullptr)
-            parameter->endChangeGesture();
+    for (auto& gesture : gestures)
+        gesture.reset();
 
     owner.getCore().getHistory().endStep();
 }
@@ -89,7 +86,7 @@ void resetNode (KestrelProcessor& processor, std::size_t lane, std::size_t node)
         {
             for (auto* parameter : parametersOf (processor, lane, node))
                 if (parameter != nullptr)
-                    setAsGesture (*parameter, parameter->getDefaultValue());
+                    setAsGesture (processor, *parameter, parameter->getDefaultValue());
         });
 }
 
@@ -108,7 +105,7 @@ bool typeNode (KestrelProcessor& processor, std::size_t lane, std::size_t node, 
     auto& parameter = *parametersOf (processor, lane, node)[isFrequency ? 1 : 0];
     const auto value = parameter.getValueForText (
         isFrequency ? juce::String (inKilohertz ? number : number / 1000.0) + "K" : typed.number);
-    processor.getCore().getHistory().perform (nodeStepName, [&] { setAsGesture (parameter, value); });
+    processor.getCore().getHistory().perform (nodeStepName, [&] { setAsGesture (processor, parameter, value); });
     return true;
 }
 

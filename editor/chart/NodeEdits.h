@@ -3,6 +3,7 @@
 #include "engine/KestrelProcessor.h"
 
 #include <array>
+#include <optional>
 
 namespace kestreleq
 {
@@ -34,6 +35,7 @@ public:
 private:
     KestrelProcessor& owner;
     const NodeParameters parameters;
+    std::array<std::optional<ParameterTree::Gesture>, 2> gestures;
 };
 
 /** Sets the node's parameters to their defaults. */

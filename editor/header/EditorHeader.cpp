@@ -56,7 +56,7 @@ bool EditorHeader::chooseMenuItem (const controls::MenuItem& item)
     else if (item.id == "support")
         hooks.openSupport();
     else if (item.kind == controls::MenuItem::Kind::link && item.target.isNotEmpty())
-        juce::URL (item.target).launchInDefaultBrowser();
+        openAddress (item.target);
 
     return false;
 }

@@ -56,6 +56,10 @@ public:
 
     StateClipboard& getClipboard() { return clipboard; }
 
+    /** Shows a web page. Replaced in tests. */
+    std::function<void (const juce::String&)> openAddress = [] (const juce::String& address)
+    { juce::URL (address).launchInDefaultBrowser(); };
+
 private:
     void initialiseHeader();
     void initialiseMenu();

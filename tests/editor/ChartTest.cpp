@@ -1,5 +1,7 @@
 #include "editor/chart/KestrelChartView.h"
 #include "editor/chart/LaneAxes.h"
+#include "editor/header/PresetEntries.h"
+#include "engine/parameters/FactoryPrograms.h"
 
 #include "tests/support/MessagePump.h"
 #include "tests/support/Mouse.h"
@@ -13,101 +15,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
-#include <random>
+#include <array>
 
 namespace kestreleq::test
 {
 namespace
 {
-
-TEST (LaneAxes, LeaveTheLabelsTheirMarginsAndStopAtTheirEnds)
-{
-    const auto axes = makeLaneAxes (1120, 196);
-    EXPECT_EQ (axes.plot.getWidth(), 1089.0f);
-    EXPECT_EQ (axes.plot.getHeight(), 177.0f);
-    EXPECT_EQ (axes.xFor (1.0), axes.plot.getX());
-    EXPECT_EQ (axes.xFor (1e6), axes.plot.getRight());
-    EXPECT_NEAR (axes.xFor (std::sqrt (20.0 * 40000.0)), axes.plot.getCentreX(), 0.01f);
-    EXPECT_NEAR (axes.frequencyAt (axes.xFor (1234.0)), 1234.0, 0.1);
-    EXPECT_EQ (axes.yFor (30.0), axes.plot.getY());
-    EXPECT_EQ (axes.yFor (-18.0), axes.plot.getBottom());
-    EXPECT_NEAR (axes.yFor (9.0), axes.plot.getY() + axes.plot.getHeight() * 0.25f, 0.01f);
-    EXPECT_TRUE (makeLaneAxes (5, 5).plot.isEmpty());
-}
-
-TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
-{
-    SpectrumDisplay display;
-    double now = 1000.0;
-    display.clock = [&now] { return now; };
-    const auto show = [&] (std::vector<float> levels, double rate = 48000.0) {
-        return display.refresh ({ std::span<const float> (levels), {} }, rate);
-    };
-
-    constexpr auto nan = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_TRUE (show ({ -10.0f, nan, -200.0f }));
-    EXPECT_EQ (display.getLevels (0)[0], -10.0f);
-    EXPECT_EQ (display.getLevels (0)[1], -84.0f);
-    EXPECT_TRUE (display.getLevels (1).empty());
-
-    now += 1500.0;
-    EXPECT_TRUE (show ({ -58.0f, -30.0f, -200.0f }));
-    EXPECT_NEAR (display.getLevels (0)[0], -46.0f, 1e-3f);
-    EXPECT_EQ (display.getLevels (0)[1], -30.0f);
-    now += 500.0;
-    EXPECT_TRUE (show ({ -58.0f, -30.0f, -200.0f }));
-    EXPECT_EQ (display.getLevels (0)[0], -58.0f);
-    now += 500.0;
-    EXPECT_FALSE (show ({ -58.0f, -30.0f, -200.0f })) << "what lies below the floor is not drawn";
-
-    // Bins lie at the middles of equal parts of the axis; a rate that is none counts as 48 kHz.
-    EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (1200.0, 0.5), 0.01);
-    show ({ -58.0f }, nan);
-    EXPECT_EQ (display.getFrequencies().size(), 1u);
-    EXPECT_EQ (display.getFrequencies()[0], 20.0f);
-    show ({ -20.0f, -40.0f }, 8000.0);
-    EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
-    EXPECT_EQ (display.getLevels (0)[1], -40.0f);
-}
-
-TEST (SpectrumDisplay, EveryToneIsDrawnAsHighAsTheAnalyserHasIt)
-{
-    using namespace quillon::ui_pro::controls;
-    const ChartAxes axes {
-        .plot = makeLaneAxes (1120, 196).plot, .highestHz = 40000.0, .lowestDb = -84.0, .highestDb = 24.0
-    };
-    std::mt19937 random (17);
-
-    for (const auto rate : { 44100.0, 48000.0, 96000.0, 192000.0 })
-    {
-        for (int tone = 0; tone < 80; ++tone)
-        {
-            const auto part = std::uniform_real_distribution<> (0.0, 1.0) (random);
-            const auto frequency = 100.0 * std::pow (0.45 * rate / 100.0, part);
-            const auto samples = sine (frequency, rate, 4096, 0.25);
-            analysis::SpectrumAnalyser analyser;
-            ASSERT_TRUE (analyser.prepare (rate, 4096, 1024, 512));
-            analyser.setOn (true);
-            analyser.push (0, samples.data(), 4096);
-            for (int tick = 0; tick < 30; ++tick)
-                analyser.update();
-
-            SpectrumDisplay display;
-            display.refresh (analyser);
-            const auto levels = display.getLevels (0);
-            const auto points = makeSpectrumPoints (axes, display.getFrequencies(), levels, 4.0f); // half size
-            EXPECT_LT (points.size(), 280u);
-            const auto top = std::min_element (
-                points.begin(), points.end(), [] (const auto& a, const auto& b) { return a.y < b.y; });
-            EXPECT_NEAR (top->y, axes.yFor (*std::max_element (levels.begin(), levels.end())), 0.5f * 177.0f / 108.0f)
-                << frequency << " Hz at " << rate;
-            const auto bin = axes.xFor (frequency + rate / 4096.0) - axes.xFor (frequency);
-            EXPECT_NEAR (top->x, axes.xFor (frequency), 4.0f + bin) << frequency << " Hz at " << rate;
-        }
-    }
-}
 
 /** A view of lane A with a size, in front of a processor that has its message thread here. */
 struct ChartRig : ProcessorRig
@@ -132,6 +45,7 @@ TEST (ChartView, DragsANodeAsOneNamedStep)
     const auto node = rig.view->getNodes().position (2);
 
     rig.mouse.down (node);
+    rig.mouse.drag (node);
     rig.mouse.up (node);
     EXPECT_FALSE (rig.undo().canUndo()) << "a press alone makes no step";
 
@@ -141,6 +55,7 @@ TEST (ChartView, DragsANodeAsOneNamedStep)
         rig.mouse.drag (node.translated (3.0f, -static_cast<float> (i)));
         pumpMessages (5);
     }
+    EXPECT_FALSE (rig.view->keyPressed (juce::KeyPress (juce::KeyPress::upKey))) << "one hand at a time";
     rig.mouse.up (node.translated (3.0f, -40.0f));
 
     EXPECT_NEAR (rig.get ("160hz"), 0.5f + 40.0f / 177.0f, 1e-4f);
@@ -230,7 +145,7 @@ TEST (ChartView, KeysMoveResetAndTypeANodeEachAsOneNamedStep)
     EXPECT_EQ (rig.view->getFocusedNode(), ChartNodes::airNode);
     press (Key::pageUpKey);
     EXPECT_EQ (rig.get ("airBand"), 0.25f);
-    EXPECT_TRUE (type ("20K"));
+    EXPECT_TRUE (type ("20"));
     EXPECT_EQ (rig.get ("airBand"), 0.75f);
     EXPECT_TRUE (type ("0.3"));
     EXPECT_NEAR (rig.get ("airGain"), 0.3f, 1e-5f);
@@ -266,6 +181,7 @@ TEST (ChartView, TheAirNodeMovesBothWaysAndADoubleClickBringsItBack)
     ChartRig rig;
     const auto node = rig.view->getNodes().position (ChartNodes::airNode);
     EXPECT_EQ (rig.view->getNodes().hit (node), ChartNodes::airNode) << "beside the 2.5K node, not under it";
+    EXPECT_EQ (rig.view->getNodes().hit (node + (rig.view->getNodes().position (4) - node) * 0.6f), 4u);
 
     const auto octave = rig.view->getAxes().xFor (2000.0) - rig.view->getAxes().xFor (1000.0);
     rig.mouse.down (node);
@@ -299,6 +215,8 @@ TEST (ChartView, TellsWhatIsUnderThePointerClearOfTheCurve)
     const auto told = paintPicture (*rig.view);
     rig.mouse.exit ({ 0.0f, -1.0f });
     EXPECT_EQ (rig.view->getReadoutText(), "");
+    EXPECT_EQ (describeFrequency (999.4) + ", " + describeFrequency (999.6), "999 Hz, 1.00 kHz");
+    EXPECT_NEAR (levelAt (axes, std::array { 0.0, 6.0 }, axes.plot.getCentreX()), 3.0, 1e-6);
     EXPECT_GT (countDifferentPixels (told, paintPicture (*rig.view), 16), 200);
     rig.mouse.move ({ 3.0f, 60.0f });
     EXPECT_EQ (rig.view->getReadoutText(), "") << "beside the plot";
@@ -355,7 +273,7 @@ TEST (ChartView, AMovedPointerRepaintsWhatItTellsAndNoMore)
             {
                 RepaintWatch watch (*rig.view);
                 rig.mouse.move (at);
-                asked = watch.takeRegion();
+                asked = watch.takeAreas();
             }
             auto pixels = 0;
             for (const auto& area : asked)
@@ -431,6 +349,9 @@ TEST (ChartView, TheAirNodeSaysWhenItIsOffAndABypassedLaneLooksOff)
     const auto lit = brightness (node);
     rig.view->setActive (false);
     EXPECT_LT (brightness (node), 0.6f * lit) << "node and curve";
+    RepaintWatch watch (*rig.view);
+    rig.view->setActive (true);
+    EXPECT_EQ (watch.takeCount(), 1);
 }
 
 TEST (ChartView, ShowsTheSameCurveAtEveryHostRateUpTo96kHz)
@@ -449,24 +370,43 @@ TEST (ChartView, ShowsTheSameCurveAtEveryHostRateUpTo96kHz)
     const auto a = slow.view->getResponse().getCurve();
     const auto b = fast.view->getResponse().getCurve();
     EXPECT_TRUE (std::equal (a.begin(), a.end(), b.begin(), b.end()));
+
+    const auto& axes = slow.view->getAxes();
+    dsp::LaneResponse expected;
+    expected.prepare (96000.0, spreadFrequencies (axes, a.size()));
+    expected.setParameters ({ .bands = { 0.5f, 0.5f, 0.5f, 0.9f, 0.5f }, .airAmount = 0.7f, .airStep = 1.0f });
+    EXPECT_TRUE (std::equal (a.begin(), a.end(), expected.getCurve().begin()));
+    EXPECT_LE (slow.view->getNodes().position (ChartNodes::airNode).x + ChartNodes::radius, axes.plot.getRight());
+
+    RepaintWatch watch (*slow.view);
+    slow.processor.setRateAndBufferSizeDetails (192000.0, 512);
+    slow.view->refresh();
+    EXPECT_EQ (watch.takeCount(), 1) << "at another rate";
 }
 
-TEST (ChartView, PaintsTheSpectrumOfWhatItHears)
+TEST (PresetPreview, DrawsWhatTheProgramSoundsLike)
 {
-    ChartRig rig;
-    rig.processor.setCapturing (true);
-    auto& analyser = rig.processor.getCore().getAnalyser (0);
-    const auto still = paintPicture (*rig.view);
+    constexpr int width = 300, height = 180; // 5 pixels a dB
 
-    Stereo signal { sine (1000.0, 48000.0, 24000, 0.5), sine (1000.0, 48000.0, 24000, 0.5) };
-    rig.process (signal);
-    for (int tick = 0; tick < 20; ++tick)
-        analyser.update();
-    rig.view->refresh();
+    for (int program = 0; program < 6; ++program)
+    {
+        juce::Image picture (juce::Image::ARGB, width, height, true, juce::SoftwareImageType());
+        juce::Graphics g (picture);
+        paintPresetPreview (g, picture.getBounds(), program);
 
-    const auto levels = rig.view->getSpectrum().getLevels (1);
-    EXPECT_GT (*std::max_element (levels.begin(), levels.end()), -20.0f);
-    EXPECT_GT (countDifferentPixels (still, paintPicture (*rig.view), 16), 500);
+        const auto& wanted = factoryPrograms[static_cast<std::size_t> (program)];
+        dsp::LaneResponse response;
+        response.prepare (96000.0, { 100.0, 1000.0, 8000.0 });
+        response.setParameters ({ .bands = wanted.bands, .airAmount = wanted.airGain, .airStep = wanted.airBand });
+        const quillon::ui_pro::controls::ChartAxes axes { .plot = picture.getBounds().toFloat() };
+
+        for (const auto& [hz, i] : { std::pair { 100.0, 0u }, { 1000.0, 1u }, { 8000.0, 2u } })
+        {
+            const auto y = juce::roundToInt (height / 2.0 - 5.0 * response.getCurve()[i]);
+            EXPECT_GT (picture.getPixelAt (juce::roundToInt (axes.xFor (hz)), y).getAlpha(), 120)
+                << program << ", " << hz;
+        }
+    }
 }
 
 } // namespace

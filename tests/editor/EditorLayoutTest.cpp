@@ -9,26 +9,18 @@ namespace
 
 using Bounds = juce::Rectangle<int>;
 
-TEST (EditorLayout, TheCanvasFillsAnyWindowAndIsCentred)
-{
-    const auto half = layout::placeContent (836, 429);
-    EXPECT_EQ (half.scale, 0.5f);
-    EXPECT_EQ (half.bounds, Bounds (0, 0, 836, 429));
-
-    const auto wide = layout::placeContent (2000, 858);
-    EXPECT_EQ (wide.scale, 1.0f);
-    EXPECT_EQ (wide.bounds, Bounds (164, 0, 1672, 858));
-    EXPECT_EQ (juce::Point<int> (100, 50).transformedBy (wide.transform()), juce::Point<int> (264, 50));
-
-    EXPECT_EQ (layout::placeContent (836, 1000).bounds, Bounds (0, 285, 836, 429));
-}
-
 TEST (EditorLayout, AWindowOpensAsLargeAsItWasButNoLargerThanItsDisplay)
 {
     const Bounds none, laptop (0, 0, 1366, 728), wide (0, 0, 5000, 728), tiny (0, 0, 640, 400);
     EXPECT_EQ (layout::openingSize (-1, none), Bounds (836, 429));
     EXPECT_EQ (layout::openingSize (1000, none), Bounds (3344, 1716));
     EXPECT_EQ (layout::openingSize (3, laptop), layout::openingSize (3, none));
+
+    for (int step = 0; step <= 30; ++step) // closed and opened again, it is no smaller
+    {
+        const auto window = layout::openingSize (step, none);
+        EXPECT_EQ (layout::stepOfScale (layout::placeContent (window.getWidth(), window.getHeight()).scale), step);
+    }
 
     for (const auto& display : { laptop, wide })
     {

@@ -1,8 +1,7 @@
+#include "tests/editor/ControlTable.h"
+#include "tests/editor/UsedRig.h"
 #include "tests/support/Components.h"
-#include "tests/support/EditorRig.h"
 
-#include "ui_pro/controls/presets/PresetBrowserPopup.h"
-#include "ui_pro/primitives/DropDownList.h"
 #include "ui_pro/primitives/FaceButton.h"
 
 #include <gtest/gtest.h>
@@ -13,93 +12,10 @@ namespace
 {
 
 using quillon::ui_pro::controls::KnobControl;
-using quillon::ui_pro::primitives::DropDownList;
 using quillon::ui_pro::primitives::FaceButton;
 
-using Prepare = void (*) (EditorRig&);
-using State = juce::String (*) (EditorRig&);
-
-juce::String program (EditorRig& rig)
-{
-    return juce::String (rig.processor.getCurrentProgram());
-}
-
-juce::String openList (EditorRig& rig)
-{
-    return DropDownList::findOpenIn (*rig.editor) != nullptr ? "open" : "closed";
-}
-
-juce::String slot (EditorRig& rig)
-{
-    return juce::String (static_cast<int> (rig.editor->getHeader().getAbControl().getSlot()));
-}
-
-/** A button of the window, what makes it worth pressing, and what a press changes. */
-struct ButtonRow
-{
-    const char* title;
-    Prepare prepare;
-    State state;
-};
-
-void nothing (EditorRig&) {}
-
-void load (EditorRig& rig)
-{
-    rig.editor->getHeader().selectProgram (3);
-}
-
-void loadAndUndo (EditorRig& rig)
-{
-    load (rig);
-    rig.editor->getHeader().selectProgram (4);
-    rig.press ('z', juce::ModifierKeys::ctrlModifier);
-}
-
-template <Parameter parameter>
-juce::String valueOf (EditorRig& rig)
-{
-    return juce::String (rig.get (infoOf (parameter).id));
-}
-
-/** Every button of the window that both lanes are shown in, as the eye goes: from left to right and downwards. */
-const ButtonRow buttonRows[] {
-    { "Initial preset", load, program },
-    { "Previous preset", nothing, program },
-    { "Preset", nothing,
-        [] (EditorRig& rig)
-        { return juce::String (rig.editor->getHeader().getPresetSelector().getBrowser() != nullptr ? "open" : ""); } },
-    { "Next preset", nothing, program },
-    { "Undo", load, valueOf<Parameter::airGain> },
-    { "Redo", loadAndUndo, valueOf<Parameter::airGain> },
-    { "Settings A",
-        [] (EditorRig& rig) { rig.editor->getHeader().getAbControl().select (quillon::ui_pro::controls::ABSlot::B); },
-        slot },
-    { "Settings B", nothing, slot },
-    { "Copy", nothing, [] (EditorRig& rig) { return rig.clipboardText; } },
-    { "Paste",
-        [] (EditorRig& rig)
-        {
-            rig.press ('c', juce::ModifierKeys::ctrlModifier);
-            rig.set ("sub", 0.9f);
-        },
-        valueOf<Parameter::sub> },
-    { "Menu", nothing, openList },
-    { "Enabled, lane A", nothing, valueOf<Parameter::laneABypass> },
-    { "Enabled, lane B", nothing, valueOf<Parameter::laneBBypass> },
-    { "MASTER BYPASS", nothing, valueOf<Parameter::bypass> },
-    { "LINK L/R", nothing, valueOf<Parameter::link> },
-    { "M/S MODE", nothing, valueOf<Parameter::msMode> },
-    { "BREAK", nothing, valueOf<Parameter::breakMode> },
-    { "INPUT LINK", nothing, valueOf<Parameter::inGainLink> },
-    { "INPUT AUTO GAIN", nothing, valueOf<Parameter::inAutoGain> },
-    { "OUTPUT LINK", nothing, valueOf<Parameter::outGainLink> },
-    { "OUTPUT AUTO GAIN", nothing, valueOf<Parameter::outAutoGain> },
-    { "Oversampling", nothing, openList },
-};
-
 /** An editor that shows both lanes. */
-struct WideRig : EditorRig
+struct WideRig : UsedRig
 {
     WideRig()
     {
@@ -152,20 +68,11 @@ TEST (Reach, EveryButtonIsWorkedByMouseByKeyboardAndByVoice)
 TEST (Reach, EveryKnobTakesByVoiceWhatItShows)
 {
     WideRig rig;
-    std::vector<std::pair<KnobControl*, const ParameterInfo*>> knobs;
 
-    for (std::size_t lane = 0; lane < numLanes; ++lane)
-        for (std::size_t i = 0; i < laneKnobs.size(); ++i)
-            knobs.emplace_back (
-                &rig.editor->getLane (lane).getKnob (i), &infoOf (onLane (laneKnobs[i].parameter, lane)));
-
-    for (const auto& [title, parameter] : { std::pair { "TRIM", Parameter::trim },
-             { "INPUT GAIN 1", Parameter::inGain1 }, { "INPUT GAIN 2", Parameter::inGain2 },
-             { "OUTPUT GAIN 1", Parameter::outGain1 }, { "OUTPUT GAIN 2", Parameter::outGain2 } })
-        knobs.emplace_back (findTitled<KnobControl> (*rig.editor, title), &infoOf (parameter));
-
-    for (const auto& [knob, info] : knobs)
+    for (const auto& [title, parameter] : knobRows())
     {
+        auto* const knob = findTitled<KnobControl> (*rig.editor, title);
+        const auto* const info = &infoOf (parameter);
         ASSERT_NE (knob, nullptr) << info->id;
         EXPECT_FALSE (knob->getWantsKeyboardFocus()) << info->id;
         EXPECT_NE (knob->getTooltip(), "") << info->id;
@@ -183,6 +90,37 @@ TEST (Reach, EveryKnobTakesByVoiceWhatItShows)
     EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier)) << "a step like any other";
 }
 
+TEST (Reach, EveryNodeIsWorkedByMouseAndByKeysAndTellsItsValue)
+{
+    WideRig rig;
+
+    for (const auto& [lane, node, moved] : nodeRows())
+    {
+        SCOPED_TRACE (infoOf (moved).id);
+        auto& chart = rig.editor->getLane (lane).getChart();
+        const auto before = rig.get (infoOf (moved).id);
+        rig.pressAt (rig.placeOfNode (lane, node));
+        rig.moveBy (0, -20);
+        rig.check();
+        const auto dragged = rig.get (infoOf (moved).id);
+        EXPECT_GT (dragged, before + 0.1f);
+
+        rig.editor->grabKeyboardFocus();
+        for (int i = 0; i < 60 && ! chart.hasKeyboardFocus (false); ++i)
+            rig.press (juce::KeyPress::tabKey, 0);
+        while (chart.getFocusedNode() != node)
+            ASSERT_TRUE (rig.press (juce::KeyPress::rightKey, 0));
+        EXPECT_TRUE (rig.press (juce::KeyPress::upKey, 0));
+        EXPECT_NEAR (rig.get (infoOf (moved).id), dragged + 0.01f, 1e-5f);
+        EXPECT_FALSE (rig.press (juce::KeyPress::spaceKey, 0)) << "the host's";
+
+        const auto told = chart.getAccessibilityHandler()->getValueInterface()->getCurrentValueAsString();
+        EXPECT_TRUE (told.startsWith (
+            juce::String (laneKnobs[node].caption) + " " + rig.parameter (infoOf (moved).id).getCurrentValueAsText()))
+            << told;
+    }
+}
+
 TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
 {
     WideRig rig;
@@ -191,9 +129,7 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
     rig.press ('c', juce::ModifierKeys::ctrlModifier);
     rig.tick();
 
-    juce::StringArray expected;
-    for (const auto& row : buttonRows)
-        expected.add (row.title);
+    const auto expected = tabStops();
 
     for (const auto backwards : { false, true })
     {
@@ -203,15 +139,12 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
         for (int i = 0; i < 60; ++i)
         {
             rig.press (juce::KeyPress::tabKey, backwards ? juce::ModifierKeys::shiftModifier : 0);
-            auto* const focused = dynamic_cast<FaceButton*> (juce::Component::getCurrentlyFocusedComponent());
+            const auto title = juce::Component::getCurrentlyFocusedComponent()->getTitle();
 
-            if (focused == nullptr) // a node of a chart
-                continue;
-
-            if (walked.contains (focused->getTitle()))
+            if (walked.contains (title))
                 break;
 
-            walked.insert (backwards ? 0 : -1, focused->getTitle());
+            walked.insert (backwards ? 0 : -1, title);
         }
 
         EXPECT_EQ (walked.joinIntoString ("\n"), expected.joinIntoString ("\n"));
@@ -233,34 +166,6 @@ TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)
         rig.window.click (at);
         EXPECT_TRUE (selector.getBrowser()->getSearchField().hasKeyboardFocus (true)) << at.toString();
     }
-}
-
-TEST (Reach, WhatAHeldKeyDoesToANodeIsOneStep)
-{
-    EditorRig rig;
-    auto& chart = rig.editor->getLane (0).getChart();
-    chart.grabKeyboardFocus();
-    const auto hold = [&] (int key)
-    {
-        rig.keysAreHeld = true;
-        for (int i = 0; i < 20; ++i)
-        {
-            rig.press (key, 0);
-            rig.tick();
-        }
-    };
-    hold (juce::KeyPress::upKey);
-    EXPECT_NEAR (rig.get ("subR"), 0.7f, 1e-5f) << "and moves it at once";
-    hold (juce::KeyPress::downKey);
-    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
-    rig.keysAreHeld = false;
-    rig.window.getPeer()->handleKeyUpOrDown (false);
-    EXPECT_EQ (rig.steps(), juce::StringArray ({ "Move chart node", "Move chart node" }));
-
-    hold (juce::KeyPress::upKey);
-    rig.editor->grabKeyboardFocus();
-    EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier)) << "the keyboard went elsewhere";
-    EXPECT_NEAR (rig.get ("sub"), 0.5f, 1e-5f);
 }
 
 /** Everything that a screen reader finds in a component has a kind and a name. */

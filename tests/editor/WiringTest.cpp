@@ -155,13 +155,17 @@ TEST (Wiring, EachControlMovesItsOwnParameterAndShowsItAndNoOther)
             auto* const knob = dynamic_cast<KnobControl*> (component);
 
             if (knob != nullptr)
-                rig.work (*knob, knob->getKnobBounds().getCentre().toFloat(), { 0.0f, -35.0f });
+                rig.work (*knob, knob->getKnobBounds().getCentre().toFloat(), { 0.0f, -38.0f });
             else
                 rig.work (*component, component->getLocalBounds().getCentre().toFloat());
 
             const auto moved = rig.get (info.id);
+            const auto dragged = before[indexOf (parameter)] + 38.0f / 140.0f;
             EXPECT_NEAR (moved,
-                knob != nullptr ? before[indexOf (parameter)] + 0.25f : 1.0f - before[indexOf (parameter)], 1e-4f)
+                knob == nullptr                      ? 1.0f - before[indexOf (parameter)]
+                    : info.text == TextKind::airStep ? std::round (4.0f * dragged) / 4.0f
+                                                     : dragged,
+                1e-4f)
                 << info.id;
             EXPECT_EQ (rig.values(), expectedAfter (before, parameter, moved, linked)) << info.id;
             EXPECT_EQ (rig.steps(), juce::StringArray (info.name)) << info.id;
@@ -216,7 +220,8 @@ TEST (Wiring, EachNodeMovesItsOwnParameterByMouseKeysAndText)
             };
             auto value = rig.get (id);
             const auto height = chart.getAxes().plot.getHeight();
-            rig.work (chart, chart.getNodes().position (node), { 3.0f, -0.1f * height });
+            rig.work (chart, chart.getNodes().position (node),
+                { node == ChartNodes::airNode ? -20.0f : 120.0f, -0.1f * height });
             expectMove (value += 0.1f);
             const auto at = chart.getNodes().position (node);
             EXPECT_NEAR (
@@ -238,6 +243,11 @@ TEST (Wiring, EachNodeMovesItsOwnParameterByMouseKeysAndText)
             pumpMessages (1);
             pumpMessagesUntil ([&] { return ! chart.getField().isOpen(); }, 500);
             expectMove (node == ChartNodes::airNode ? 0.3f : 0.65f);
+
+            rig.press (Key::returnKey, 0);
+            EXPECT_TRUE (chart.getField().isOpen());
+            rig.window.click ({ 3, 200 });
+            EXPECT_TRUE (pumpMessagesUntil ([&] { return ! chart.getField().isOpen(); }, 1000));
         }
     }
 }
@@ -323,6 +333,11 @@ TEST (Wiring, EachMeterAndSpectrumShowsItsOwnSignalInItsOwnColour)
             auto& strip = rig.editor->getLane (lane).getMeterStrip();
             EXPECT_NEAR (strip.getLevelDbL(), input[lane], 0.5f);
             EXPECT_NEAR (strip.getLevelDbR(), output, 0.5f);
+            const auto bars = controls::MeterStripLayout::of (strip.getLocalBounds(), false).bars;
+            const auto colourOf = [bars, picture = paintPicture (strip)] (std::size_t bar)
+            { return picture.getPixelAt (bars[bar].getCentreX(), bars[bar].getBottom() - 2); };
+            EXPECT_EQ (colourOf (0), ChannelMode::neutral());
+            EXPECT_EQ (colourOf (1), style::Theme::accent (mode.colours[lane]));
 
             auto& spectrum = rig.editor->getLane (lane).getChart().getSpectrum();
             EXPECT_NEAR (peakOf (spectrum, 0), lane == 0 ? 500.0f : 3000.0f, lane == 0 ? 12.0f : 70.0f);

@@ -69,6 +69,21 @@ TEST (EngineState, IsClearedByReleasingABypass)
         const auto output = rig.run (silence);
         EXPECT_EQ (peak (output[0]), 0.0);
         EXPECT_EQ (peak (output[1]) > 0.0, laneOnly);
+
+        // Nor is the distortion's gate open: it sounds as if the lane had been bypassed from the start.
+        auto settings = busySettings();
+        (laneOnly ? settings.lanes[0].bypass : settings.bypass) = true;
+        EngineRig always (settings);
+
+        for (auto* each : { &rig, &always })
+        {
+            (laneOnly ? each->settings.lanes[0].bypass : each->settings.bypass) = true;
+            each->run (noise);
+            each->run (noise);
+            (laneOnly ? each->settings.lanes[0].bypass : each->settings.bypass) = false;
+        }
+
+        EXPECT_EQ (rig.run (noise)[0], always.run (noise)[0]);
     }
 }
 
@@ -126,6 +141,42 @@ TEST (EngineState, IgnoresGainsThatAreNoNumbers)
     // A band falls to the bottom; the air amount holds its value, the step falls to the third setting, where it is.
     settings.lanes[0].bands[2] = 0.0f;
     EXPECT_EQ (EngineRig (odd).run (noise)[0], EngineRig (settings).run (noise)[0]);
+}
+
+TEST (EngineState, PreparedAgainItIsAsNew)
+{
+    EngineRig rig (busySettings(), 96000.0);
+    rig.run (noise);
+    rig.engine.prepare (48000.0);
+    EXPECT_EQ (rig.run (noise), EngineRig (busySettings()).run (noise));
+}
+
+TEST (EngineState, ALaneFadesWhateverTheOtherDoes)
+{
+    auto settings = busySettings();
+    EngineRig one (settings);
+    settings.lanes[0].bypass = true;
+    EngineRig other (settings);
+
+    for (const auto value : { 0.2f, 0.9f })
+    {
+        for (auto* rig : { &one, &other })
+            rig->settings.lanes[1].bands[2] = value;
+
+        EXPECT_EQ (one.run (noise)[1], other.run (noise)[1]) << value;
+    }
+}
+
+TEST (EngineState, TheAirDistortsAboveATenthAndNotAtIt)
+{
+    for (const auto amount : { 0.1f, std::nextafter (0.1f, 1.0f) })
+    {
+        dsp::EngineParameters clean;
+        clean.lanes[0].airAmount = clean.lanes[1].airAmount = amount;
+        auto broken = clean;
+        broken.breakMode = true;
+        EXPECT_EQ (EngineRig (clean).run (noise) == EngineRig (broken).run (noise), amount == 0.1f);
+    }
 }
 
 using EveryRate = testing::TestWithParam<double>;

@@ -46,6 +46,10 @@ TEST (GainRider, StaysInItsRangeAndHoldsOnNearSilence)
     EXPECT_EQ (rig.rider.getGain(), 0.0);
 
     rig.rider.setFrozen (true);
+    float left[] { 0.125f, 0.125f }, right[] { 0.125f, 0.125f };
+    float* const channels[] = { left, right };
+    rig.rider.process (channels, 2);
+    EXPECT_EQ (left[0], 0.125f) << "at once";
     rig.run (1.0, -30.0);
     EXPECT_EQ (rig.rider.getGain(), 0.0);
 }

@@ -103,8 +103,35 @@ TEST (HostTool, RendersEveryKindOfWavAndTheSameEachTime)
             EXPECT_LT (differenceDb (out.channels[0], left), bits == 16 ? -80.0 : -130.0);
             EXPECT_LT (differenceDb (out.channels[1], channels == 1 ? left : right), bits == 16 ? -80.0 : -130.0);
             EXPECT_TRUE (juce::File (work.path ("a.wav")).hasIdenticalContentTo (work.path ("b.wav")));
+            juce::MemoryBlock bytes;
+            juce::File (work.path ("a.wav")).loadFileAsData (bytes);
+            EXPECT_EQ (juce::ByteOrder::littleEndianInt (&bytes[28]), 8.0 * rate) << "bytes a second";
         }
     }
+
+    // Floats behind the long kind of header, and before it a chunk of odd length.
+    juce::FileOutputStream file (work.path ("in.wav"));
+    file.setPosition (0);
+    file.truncate();
+    file << "RIFF" << juce::MemoryBlock (4, true) << "WAVEnote" << '\3' << juce::MemoryBlock (3, true) << "abc" << '\0'
+         << "fmt ";
+    file.writeInt (40);
+
+    for (const int number : { 0xfffe, 2, 48000, 0, 48000 * 8 % 65536, 48000 * 8 / 65536, 8, 32, 22, 32, 3, 0, 3 })
+        file.writeShort (static_cast<short> (number));
+
+    file << juce::MemoryBlock (14, true) << "data";
+    file.writeInt (8 * 1001);
+
+    for (std::size_t i = 0; i < left.size(); ++i)
+    {
+        file.writeFloat (left[i]);
+        file.writeFloat (right[i]);
+    }
+
+    file.flush();
+    ASSERT_EQ (render (work, "a.wav", { "--set", "bypass=1" }).exitCode, 0);
+    EXPECT_EQ (readWav (work.path ("a.wav")).channels, (std::vector<std::vector<float>> { left, right }));
 }
 
 TEST (HostTool, KeepsTheOrderOfWhatIsSet)
@@ -179,6 +206,9 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
     good.loadFileAsData (bytes);
     juce::File (work.path ("truncated.wav")).replaceWithData (bytes.getData(), bytes.getSize() - 100);
     juce::File (work.path ("header.wav")).replaceWithData (bytes.getData(), 30);
+    auto cut = bytes;
+    cut[cut.getSize() - 4004] -= 2; // the length of the audio, to within a sample
+    juce::File (work.path ("cut.wav")).replaceWithData (cut.getData(), cut.getSize());
     const auto filesBefore = work.folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories);
 
     const auto in = good.getFullPathName();
@@ -193,7 +223,8 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
         EXPECT_EQ (work.folder.getNumberOfChildFiles (juce::File::findFilesAndDirectories), filesBefore);
     };
 
-    for (const auto* name : { "missing.wav", "three.wav", "empty.wav", "text.wav", "truncated.wav", "header.wav" })
+    for (const auto* name :
+        { "missing.wav", "three.wav", "empty.wav", "text.wav", "truncated.wav", "header.wav", "cut.wav" })
         expectRefusal ({ "render", module, work.path (name), out }, 1, name);
 
     for (const auto* setting : { "nope=0.5", "sub=1.5", "sub=-0.1", "sub=nan", "sub=loud" })
@@ -212,8 +243,9 @@ TEST (HostTool, RefusesWithOneLineAndLeavesNothingBehind)
 
     for (const auto& wrong : std::vector<juce::StringArray> { {}, { "sing" }, { "info" }, { "render", module, in },
              { "render", module, in, out, "--block", "0" }, { "render", module, in, out, "--block", "x" },
-             { "render", module, in, out, "--what" }, { "render", module, in, out, "--set", "sub" },
-             { "bench", module, "--rate", "1" }, { "open", module, "--seconds", "-1" } })
+             { "render", module, in, out, "--block", "64x" }, { "render", module, in, out, "--what" },
+             { "render", module, in, out, "--set", "sub" }, { "bench", module, "--rate", "1" },
+             { "open", module, "--seconds", "-1" } })
         expectRefusal (wrong, 2, "usage");
 
     EXPECT_EQ (runHost ({ "--help" }, HostStream::output).exitCode, 0);

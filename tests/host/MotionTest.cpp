@@ -29,12 +29,6 @@ public:
         instance.set (settings);
     }
 
-    void selectProgram (int index)
-    {
-        auto& controller = *instance.controller;
-        controller.setParamNormalized (programParameterId (controller), index / 5.0);
-    }
-
     /** What comes out. */
     Channels play (
         Channels audio, const std::function<void (int start)>& beforeBlock = [] (int) {})
@@ -185,44 +179,7 @@ TEST (Motion, SwitchesDoNotClick)
         }
 }
 
-TEST (Motion, ValuesThatJumpDoNotClick)
-{
-    std::vector<char> states[2];
-
-    for (const bool isBusy : { false, true })
-        states[isBusy] = Player (512, isBusy ? apart : Settings()).instance.save();
-
-    for (const int block : { 64, 512 })
-    {
-        const auto measure =
-            [&] (const std::string& what, const ChangingSine::Action& there, const ChangingSine::Action& back)
-        {
-            const auto name = what + " jumps, blocks of " + std::to_string (block);
-            const ChangingSine changing (block, {}, there, back);
-            expectBelow (changing.above(), -45.0, name + ", above 6 kHz");
-            expectBelow (changing.step(), 3.0, name + ", step");
-        };
-
-        for (const auto* id : { "trim", "sub", "650hz", "inGain1" })
-            measure (
-                id,
-                [&] (Player& player) {
-                    player.instance.set ({ { id, 0.9 } });
-                },
-                [&] (Player& player) {
-                    player.instance.set ({ { id, 0.1 } });
-                });
-
-        measure (
-            "program", [] (Player& player) { player.selectProgram (2); },
-            [] (Player& player) { player.selectProgram (5); });
-        measure (
-            "state", [&] (Player& player) { player.instance.restore (states[1]); },
-            [&] (Player& player) { player.instance.restore (states[0]); });
-    }
-}
-
-// What the two tests before measure shows a switch without a fade.
+// What the test before measures shows a switch without a fade.
 TEST (Motion, TheMeasuresSeeAStep)
 {
     auto stepped = sine (100.0, rate, 9600, 0.5);
@@ -268,31 +225,6 @@ TEST (Motion, NothingIsLeftOfWhatSoundedBefore)
 
         EXPECT_EQ (player.peakInSilence (4800) == 0.0, stops);
         EXPECT_EQ (player.playSine (1000.0, 4800) == expected, stops);
-    }
-}
-
-TEST (Motion, AnEnormousSampleIsSoonForgotten)
-{
-    for (const auto midSide : { 0.0, 1.0 })
-    {
-        Channels outputs[2];
-
-        for (const bool enormous : { false, true })
-        {
-            Player player (512, apart);
-            player.instance.set ({ { "breakMode", 1.0 }, { "msMode", midSide } });
-            Channels audio { musicalMix (1, rate, 96000), musicalMix (2, rate, 96000) };
-            audio[0][48000] = enormous ? 1e20f : audio[0][48000];
-            outputs[enormous] = player.play (audio);
-        }
-
-        for (const std::size_t channel : { 0u, 1u })
-        {
-            const auto after = [&] (int which) { return std::span (outputs[which][channel]).subspan (48000 + 9600); };
-            expectBelow (differenceDb (after (1), after (0)), -60.0, "0.2 s after 1e20");
-        }
-
-        EXPECT_GT (differenceDb (outputs[1][0], outputs[0][0]), -60.0) << "the comparison sees the sample itself";
     }
 }
 

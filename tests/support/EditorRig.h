@@ -10,28 +10,45 @@
 namespace kestreleq::test
 {
 
-/** A processor with its editor open, in a window that is on no screen. */
-struct EditorRig : ProcessorRig
+/** A processor and its editor, in whatever window. */
+struct EditedRig : ProcessorRig
 {
-    EditorRig()
-        : editor (std::make_unique<KestrelEditor> (processor)),
-          window (editor->getWidth(), editor->getHeight())
+    StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
+
+    /** Opens an editor that touches nothing outside of the test. */
+    void openEditor()
     {
-        editor->setClock ([this] { return now; });
-
-        for (std::size_t lane = 0; lane < numLanes; ++lane)
-            editor->getLane (lane).getChart().isKeyDown = [this] (int) { return keysAreHeld; };
-
-        window.addAndMakeVisible (*editor);
-        editor->grabKeyboardFocus();
+        editor = std::make_unique<KestrelEditor> (processor);
+        editor->getHeader().openAddress = [] (const juce::String&) {};
         clipboard().hasText = [this] { return clipboardText.isNotEmpty(); };
         clipboard().read = [this] { return clipboardText; };
         clipboard().write = [this] (const juce::String& text) { clipboardText = text; };
     }
 
+    juce::String clipboardText;
+    std::unique_ptr<KestrelEditor> editor;
+};
+
+/** With the editor open in a window that is on no screen. */
+struct EditorRig : EditedRig
+{
+    EditorRig() { open(); }
+
     ~EditorRig() { editor.reset(); }
 
-    StateClipboard& clipboard() { return editor->getHeader().getClipboard(); }
+    /** As the constructor has done; also after 'editor.reset()'. */
+    void open()
+    {
+        openEditor();
+        editor->setClock ([this] { return now; });
+
+        for (std::size_t lane = 0; lane < numLanes; ++lane)
+            editor->getLane (lane).getChart().isKeyDown = [this] (int) { return keysAreHeld; };
+
+        window.setSize (editor->getWidth(), editor->getHeight());
+        window.addAndMakeVisible (*editor);
+        editor->grabKeyboardFocus();
+    }
 
     void tick()
     {
@@ -70,9 +87,7 @@ struct EditorRig : ProcessorRig
 
     double now = 1000.0;
     bool keysAreHeld = false;
-    juce::String clipboardText;
-    std::unique_ptr<KestrelEditor> editor;
-    Window window;
+    Window window { 1, 1 };
 };
 
 } // namespace kestreleq::test

@@ -2,6 +2,8 @@
 
 #include <juce_events/juce_events.h>
 
+#include <memory>
+
 // The framework's loops either end for good after one stop or are compiled out with its modal loops. This is the step
 // that they all are made of; it has no declaration in a public header.
 namespace juce::detail
@@ -32,10 +34,17 @@ bool pumpMessagesUntil (Condition&& condition, int milliseconds)
     return true;
 }
 
-/** Delivers messages for a fixed time; 0 still delivers nothing, 1 what is waiting. */
+/** Delivers messages for a fixed time, and at any rate what is waiting now, however late this thread gets its turn; 0
+    delivers nothing. */
 inline void pumpMessages (int milliseconds)
 {
+    if (milliseconds < 1)
+        return;
+
+    const auto reached = std::make_shared<bool> (false);
+    juce::MessageManager::callAsync ([reached] { *reached = true; });
     pumpMessagesUntil ([] { return false; }, milliseconds);
+    pumpMessagesUntil ([&] { return *reached; }, 10000);
 }
 
 } // namespace kestreleq::test

@@ -50,10 +50,11 @@ public:
         up (at);
     }
 
-    void wheel (juce::Point<float> at, float deltaY)
+    void wheel (juce::Point<float> at, float deltaY, bool isSmooth = false)
     {
         juce::MouseWheelDetails details {};
         details.deltaY = deltaY;
+        details.isSmooth = isSmooth;
 
         if (component != nullptr)
             component->mouseWheelMove (event (at, {}, 1), details);

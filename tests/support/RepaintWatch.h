@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/Pictures.h"
+
 #include <juce_gui_basics/juce_gui_basics.h>
 
 namespace kestreleq::test
@@ -16,7 +18,7 @@ public:
         component.setVisible (true);
         component.setCachedComponentImage (new Collector (*this));
         count = 0; // it repaints everything for its new image
-        region.clear();
+        areas = {};
     }
 
     ~RepaintWatch() { component.setCachedComponentImage (nullptr); }
@@ -25,10 +27,9 @@ public:
     int takeCount() { return std::exchange (count, 0); }
 
     /** The area round all that was asked for since the last call. */
-    juce::Rectangle<int> takeArea() { return takeRegion().getBounds(); }
+    juce::Rectangle<int> takeArea() { return std::exchange (areas, {}).getBounds(); }
 
-    /** All that was asked for since the last call. */
-    juce::RectangleList<int> takeRegion() { return std::exchange (region, {}); }
+    juce::RectangleList<int> takeAreas() { return std::exchange (areas, {}); }
 
 private:
     struct Collector final : juce::CachedComponentImage
@@ -45,7 +46,7 @@ private:
         bool invalidate (const juce::Rectangle<int>& invalid) override
         {
             ++owner.count;
-            owner.region.add (invalid);
+            owner.areas.add (invalid);
             return false;
         }
 
@@ -55,8 +56,28 @@ private:
     };
 
     juce::Component& component;
-    juce::RectangleList<int> region;
+    juce::RectangleList<int> areas;
     int count = 0;
 };
+
+/** How many pixels of a component show what was before the change, because nobody asked for them to be painted. */
+template <typename Change>
+int countStalePixels (juce::Component& component, Change&& change)
+{
+    auto before = paintPicture (component);
+    juce::RectangleList<int> painted;
+    {
+        RepaintWatch watch (component);
+        change();
+        painted = watch.takeAreas();
+    }
+    auto after = paintPicture (component);
+
+    for (auto* picture : { &before, &after })
+        for (const auto& area : painted)
+            picture->clear (area);
+
+    return countDifferentPixels (before, after, 8);
+}
 
 } // namespace kestreleq::test

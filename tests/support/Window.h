@@ -22,6 +22,13 @@ public:
     /** Whether something in the window took the key; what nothing takes is the host's. */
     bool pressKey (const juce::KeyPress& key) { return getPeer()->handleKeyPress (key); }
 
+    /** The mouse at a place, with the buttons and keys that are held there, at a time in milliseconds. */
+    void sendMouse (juce::Point<int> at, juce::ModifierKeys held, juce::int64 time = juce::Time::currentTimeMillis())
+    {
+        getPeer()->handleMouseEvent (
+            juce::MouseInputSource::InputSourceType::mouse, at.toFloat(), held, 0.0f, 0.0f, time);
+    }
+
     void moveMouse (juce::Point<int> at) { sendMouse (at, {}); }
 
     void click (juce::Point<int> at)
@@ -98,12 +105,6 @@ private:
     };
 
     juce::ComponentPeer* createNewPeer (int style, void*) override { return new Peer (*this, style); }
-
-    void sendMouse (juce::Point<int> at, juce::ModifierKeys held)
-    {
-        getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, at.toFloat(), held, 0.0f, 0.0f,
-            juce::Time::currentTimeMillis());
-    }
 };
 
 } // namespace kestreleq::test

@@ -1,5 +1,6 @@
 #include "tests/support/Components.h"
 #include "tests/support/MessagePump.h"
+#include "tests/support/Mouse.h"
 #include "tests/support/Window.h"
 
 #include "ui_pro/primitives/DropDownList.h"
@@ -80,10 +81,12 @@ TEST_F (DropDownListTest, IsWalkedByKeysAndLeavesTheOthersToTheHost)
 {
     list.open (items());
     EXPECT_EQ (highlighted(), "");
-    EXPECT_TRUE (press (Key::downKey));
-    EXPECT_EQ (highlighted(), "Alpha");
     EXPECT_TRUE (press (Key::upKey));
-    EXPECT_EQ (highlighted(), "Bravo") << "round the end, past the heading";
+    EXPECT_EQ (highlighted(), "Bravo");
+    EXPECT_TRUE (press (Key::downKey));
+    EXPECT_EQ (highlighted(), "Alpha") << "round the end, past the heading";
+    EXPECT_TRUE (press (Key::upKey));
+    EXPECT_EQ (highlighted(), "Bravo");
     EXPECT_TRUE (press (Key::upKey));
     EXPECT_EQ (highlighted(), "Beta") << "past what cannot be chosen";
     EXPECT_TRUE (press (Key::homeKey));
@@ -109,6 +112,10 @@ TEST_F (DropDownListTest, IsWalkedByKeysAndLeavesTheOthersToTheHost)
     EXPECT_TRUE (press (Key::spaceKey));
     EXPECT_EQ (chosen, "Beta Alpha ");
     EXPECT_FALSE (press (Key::spaceKey)) << "closed";
+
+    list.open ({ item ("Only") });
+    press (Key::downKey);
+    EXPECT_EQ (highlighted(), "Only");
 }
 
 TEST_F (DropDownListTest, HoweverItClosesTheKeyboardGoesBackToWhoHadIt)
@@ -140,6 +147,15 @@ TEST_F (DropDownListTest, HoweverItClosesTheKeyboardGoesBackToWhoHadIt)
     }
 
     EXPECT_EQ (chosen, "Alpha Alpha ");
+
+    // But where the user has put it since, it stays.
+    anchor.setVisible (true);
+    anchor.setWantsKeyboardFocus (true);
+    anchor.grabKeyboardFocus();
+    list.open (items());
+    field.grabKeyboardFocus();
+    list.close();
+    EXPECT_TRUE (field.hasKeyboardFocus (false));
 }
 
 TEST_F (DropDownListTest, APressBesideItOnlyClosesAndOneOnADeadLineDoesNothing)
@@ -195,6 +211,8 @@ TEST_F (DropDownListTest, StaysInTheWindowBesideItsAnchorWhereverThatIs)
     EXPECT_NEAR (list.getListBounds().getRight(), anchorArea.getRight(), 1);
     EXPECT_GT (list.getListBounds().getY(), anchorArea.getBottom());
     EXPECT_NEAR (list.getListBounds().getWidth(), 2 * before.getWidth(), 2);
+    window.setSize (4000, 2000); // with its anchor where it was
+    EXPECT_EQ (list.getBounds(), window.getLocalBounds());
 }
 
 TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
@@ -206,7 +224,10 @@ TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
 
     many[40].isTicked = true;
     const auto isSeen = [this] (const juce::String& text)
-    { return list.getListBounds().contains (middleOf (list, text)); };
+    {
+        auto& row = *findTitled (list, text);
+        return list.getListBounds().contains (list.getLocalArea (&row, row.getLocalBounds()));
+    };
 
     list.open (many);
     EXPECT_EQ (highlighted(), "Row 40");
@@ -215,6 +236,11 @@ TEST_F (DropDownListTest, ScrollsToWhatIsTickedAndToWhatTheKeysReach)
     press (Key::homeKey);
     EXPECT_TRUE (isSeen ("Row 0"));
     press (Key::upKey);
+    EXPECT_TRUE (isSeen ("Row 59"));
+    Mouse wheel (list);
+    wheel.wheel ({}, 1000.0f);
+    EXPECT_TRUE (isSeen ("Row 0"));
+    wheel.wheel ({}, -1000.0f);
     EXPECT_TRUE (isSeen ("Row 59"));
     window.click (middleOf (list, "Row 57"));
     EXPECT_EQ (chosen, "Row 57 ");
@@ -242,6 +268,9 @@ TEST_F (DropDownListTest, SpeaksToScreenReaders)
     EXPECT_FALSE (bravo->getCurrentState().isChecked());
     EXPECT_EQ (findTitled (list, "first")->getAccessibilityHandler()->getRole(), juce::AccessibilityRole::staticText);
 
+    findTitled (list, "first")->getAccessibilityHandler()->getActions().invoke (juce::AccessibilityActionType::press);
+    pumpMessages (1);
+    EXPECT_TRUE (list.isOpen()) << "a heading";
     beta->getActions().invoke (juce::AccessibilityActionType::focus);
     EXPECT_EQ (highlighted(), "Beta");
     beta->getActions().invoke (juce::AccessibilityActionType::press);

@@ -42,19 +42,6 @@ TEST (FooterControls, SanitiseAndShowTheirValues)
     }
 }
 
-TEST (OutputModeControl, ItsKnobChoosesAMode)
-{
-    OutputModeControl output;
-    output.setMode (1);
-    EXPECT_EQ (output.getTooltip(), "OUT:\nStereo");
-
-    std::vector<int> chosen;
-    output.onModeChange = [&chosen] (int mode) { chosen.push_back (mode); };
-    output.getKnob().setValueFromUser (0.9f);
-    EXPECT_EQ (chosen, std::vector<int> { 2 });
-    EXPECT_EQ (output.getValueText(), "Multi");
-}
-
 TEST (OversamplingControl, OpensAndClosesByClicksAndPassesAChoiceOnlyWithBothHooksAndPermission)
 {
     Window window (400, 200);

@@ -95,21 +95,6 @@ TEST (UndoRedoControl, FollowsItsActionsAndItsPredicates)
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "clicks leave the host its keyboard";
 }
 
-TEST (CopyPasteControl, PastesOnceThereIsSomethingAndNothingInTheGap)
-{
-    PairRig<CopyPasteControl> rig;
-    auto& control = rig.control;
-    control.setActions (rig.actions.make());
-    EXPECT_EQ (control.getButton (Part::second).getTooltip(), "Paste settings");
-    EXPECT_EQ (control.getButton (Part::first).getTooltip(), "Copy");
-    rig.window.click ({ 30, 10 });
-    EXPECT_EQ (rig.actions.calls, "") << "nothing to paste";
-    rig.window.click ({ 5, 10 });
-    rig.window.click ({ 21, 10 });
-    rig.window.click ({ 30, 10 });
-    EXPECT_EQ (rig.actions.calls, "copy paste ");
-}
-
 TEST (ABControl, ShowsWhatTheOwnerReports)
 {
     auto current = ABSlot::A;

@@ -125,8 +125,15 @@ TEST (Knob, AGestureNeverStaysOpen)
     recorded.mouse.down ({ 0.0f, 0.0f });
     recorded.mouse.down ({ 0.0f, 0.0f }); // a second button
     recorded.knob.setEnabled (false);
-    recorded.mouse.up ({ 0.0f, 0.0f });
     EXPECT_EQ (recorded.take(), (Events { "start", "end", "start", "end" }));
+    recorded.mouse.up ({ 0.0f, 0.0f });
+    EXPECT_EQ (recorded.take(), Events {});
+
+    recorded.knob.setEnabled (true);
+    recorded.knob.setVisible (true);
+    recorded.mouse.down ({ 0.0f, 0.0f });
+    recorded.knob.setVisible (false);
+    EXPECT_EQ (recorded.take(), (Events { "start", "end" }));
 }
 
 TEST (Knob, RepaintsWhatChangedAndNothingElse)
@@ -161,6 +168,9 @@ TEST (Knob, ScreenReadersAdjustItInOneGesture)
     EXPECT_EQ (recorded.take(), (Events { "start", "25", "end" }));
     value->setValueAsString ("40 %");
     EXPECT_EQ (recorded.take(), (Events { "start", "40", "end" }));
+    recorded.mouse.down ({ 0.0f, 0.0f });
+    value->setValue (0.25);
+    EXPECT_EQ (recorded.take(), Events { "start" }) << "not into a drag";
 }
 
 } // namespace

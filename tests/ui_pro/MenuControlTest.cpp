@@ -64,34 +64,5 @@ TEST_F (MenuControlTest, AClickOpensAndChoosingHandsTheItemOver)
     EXPECT_EQ (menu.getPopup(), nullptr);
 }
 
-TEST_F (MenuControlTest, EmptyingTheItemsClosesAndOtherItemsShow)
-{
-    menu.openPopup();
-    menu.setItems ({ { "new", Kind::action, "New", {}, {}, {} } });
-    ASSERT_NE (menu.getPopup(), nullptr);
-    EXPECT_NE (findTitled (window, "New"), nullptr);
-    menu.setItems ({});
-    EXPECT_EQ (menu.getPopup(), nullptr);
-    EXPECT_FALSE (menu.isEnabled());
-    clickButton();
-    EXPECT_EQ (menu.getPopup(), nullptr);
-
-    menu.setItems (menuExamples());
-    menu.setItemHandler (nullptr);
-    menu.openPopup();
-    EXPECT_EQ (menu.getPopup(), nullptr);
-
-    menu.setItemHandler (
-        [this] (const MenuItem& item)
-        {
-            menu.setItems ({}); // in the middle of its own call
-            chosen << item.id;
-            return false;
-        });
-    menu.openPopup();
-    clickRow ("About");
-    EXPECT_EQ (chosen, "about");
-}
-
 } // namespace
 } // namespace kestreleq::test

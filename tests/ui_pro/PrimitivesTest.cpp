@@ -2,6 +2,7 @@
 #include "tests/support/Window.h"
 
 #include "ui_pro/controls/buttons/LinkIconButton.h"
+#include "ui_pro/layout/HeaderBar.h"
 #include "ui_pro/primitives/CachedLayer.h"
 #include "ui_pro/style/Theme.h"
 
@@ -19,20 +20,10 @@ namespace
 {
 
 using namespace quillon::ui_pro;
-using style::Theme;
-
-TEST (Theme, ScalesTheCanvasIntoAnyAreaAndKnowsNoOtherAccents)
-{
-    EXPECT_EQ (Theme::scaleFor ({ 0, 500 }), 1.0f);
-    EXPECT_EQ (Theme::centredDesignBounds ({ 10, 20, 3344, 951 }), juce::Rectangle<int> (846, 20, 1672, 951));
-
-    for (const auto id : { -1, 0, 31 })
-        EXPECT_EQ (Theme::accent (id), juce::Colour (0xfff67f2d));
-}
 
 TEST (LinkIcon, ItsLinksJoinOrLieApartAtHalfSizeToo)
 {
-    controls::LinkIconButton button (Theme::accent (5));
+    controls::LinkIconButton button (style::Theme::accent (5));
     button.setSize (32, 24);
 
     for (const auto scale : { 0.5f, 1.0f, 2.0f })
@@ -129,6 +120,20 @@ TEST (CachedLayer, TakesNoMemoryWhileNothingShowsIt)
         EXPECT_EQ (held(), 4u * 62u * 42u);
         act();
         EXPECT_EQ (held(), 0u);
+    }
+}
+
+TEST (HeaderBar, ShowsItsTexts)
+{
+    layout::HeaderBar bar;
+    bar.setSize (1672, 68);
+
+    for (const auto set : { &layout::HeaderBar::setProductName, &layout::HeaderBar::setVersionText,
+             &layout::HeaderBar::setSubtitle, &layout::HeaderBar::setPresetName })
+    {
+        const auto before = paintPicture (bar);
+        (bar.*set) ("something else");
+        EXPECT_GT (countDifferentPixels (before, paintPicture (bar), 16), 50);
     }
 }
 

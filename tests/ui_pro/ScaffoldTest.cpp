@@ -138,6 +138,10 @@ TEST (Scaffold, ASwitchIsOneGesturePerClickAndNoneWhenTheHostMovesIt)
 
     link.setToggleState (true, juce::dontSendNotification); // a refresh
     EXPECT_EQ (rig.processor.take(), "");
+
+    rig.scaffold->onLinkChanged = [&rig] { rig.scaffold.reset(); }; // the window closes within the click
+    Mouse (link).click ({ 5.0f, 5.0f });
+    EXPECT_EQ (rig.processor.take(), "< >");
 }
 
 TEST (Scaffold, ALaneIsLitWhileItsBypassIsOff)

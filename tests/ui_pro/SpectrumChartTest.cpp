@@ -131,41 +131,6 @@ TEST (SpectrumChart, RepaintsForANewPictureOnly)
     EXPECT_EQ (watch.takeCount(), 2);
 }
 
-/** The same chart through the static routine, with nothing cached. */
-struct PlainChart final : juce::Component
-{
-    void paint (juce::Graphics& g) override
-    {
-        SpectrumChartComponent::paintChart (
-            g, getLocalBounds().toFloat(), flat (-30.0f), {}, quillon::ui_pro::style::accentRole (16), 1.0f, {}, {});
-    }
-};
-
-TEST (SpectrumChart, LooksTheSameThroughTheStaticRoutineAtEveryScale)
-{
-    juce::Component window;
-    window.setSize (340, 140);
-    SpectrumChartComponent chart;
-    chart.setSnapshot (flat (-30.0f));
-    PlainChart plain;
-
-    for (auto* const shown : { static_cast<juce::Component*> (&chart), static_cast<juce::Component*> (&plain) })
-    {
-        shown->setBounds (8, 8, 321, 121);
-        window.addChildComponent (shown);
-    }
-
-    for (const auto scale : { 0.5f, 1.0f, 1.25f, 2.0f })
-    {
-        chart.setVisible (true);
-        plain.setVisible (false);
-        const auto cached = paintPicture (window, scale);
-        chart.setVisible (false);
-        plain.setVisible (true);
-        EXPECT_LT (countDifferentPixels (cached, paintPicture (window, scale), 16), 6) << scale;
-    }
-}
-
 /** Nothing but the lines of a grid, in opaque white. */
 struct LinesOnly final : juce::Component
 {

@@ -38,16 +38,13 @@ public:
     /** Has the window manager give it the keyboard, which a new window need not have. */
     void activate() { input ({ "windowactivate", "--sync", handle() }); }
 
-    void moveMouse (juce::Component& over, juce::Point<int> at)
-    {
-        const auto position = getLocalPoint (&over, at);
-        input ({ "mousemove", "--window", handle(), juce::String (position.x), juce::String (position.y) });
-    }
+    void moveMouse (juce::Component& over, juce::Point<int> at) { input (moveTo (getLocalPoint (&over, at))); }
 
     void click (juce::Component& over, juce::Point<int> at)
     {
-        moveMouse (over, at);
-        input ({ "click", "1" });
+        auto way = moveTo (getLocalPoint (&over, at));
+        way.addArray ({ "sleep", "0.02", "click", "1" });
+        input (way);
     }
 
     void click (juce::Component& over) { click (over, over.getLocalBounds().getCentre()); }
@@ -55,16 +52,23 @@ public:
     void drag (juce::Component& over, juce::Point<int> from, juce::Point<int> to)
     {
         constexpr int steps = 5;
-        moveMouse (over, from);
-        input ({ "mousedown", "1" });
         const auto start = getLocalPoint (&over, from); // of a component that may move along
         const auto distance = getLocalPoint (&over, to) - start;
+        auto way = moveTo (start);
+        way.addArray ({ "mousedown", "1" });
 
         for (int i = 1; i <= steps; ++i)
-            moveMouse (*this, start + distance * i / steps);
+        {
+            way.addArray ({ "sleep", "0.03" });
+            way.addArray (moveTo (start + distance * i / steps));
+        }
 
-        input ({ "mouseup", "1" });
+        way.addArray ({ "sleep", "0.03", "mouseup", "1" });
+        input (way);
     }
+
+    /** Long enough for the key to be repeated. */
+    void hold (const juce::String& key) { input ({ "keydown", key, "sleep", "1", "keyup", key }); }
 
     void press (const juce::String& key) { input ({ "key", key }); }
 
@@ -73,6 +77,11 @@ public:
     juce::StringArray keys; // those that came up to this window
 
 private:
+    juce::StringArray moveTo (juce::Point<int> at) const
+    {
+        return { "mousemove", "--window", handle(), juce::String (at.x), juce::String (at.y) };
+    }
+
     juce::String handle() const { return juce::String (reinterpret_cast<juce::pointer_sized_int> (getWindowHandle())); }
 
     /** Runs xdotool, and gives the window time to answer. */

@@ -1,9 +1,8 @@
 #include "editor/KestrelEditor.h"
 
-#include "tests/support/ProcessorRig.h"
+#include "tests/editor/ControlTable.h"
+#include "tests/support/Components.h"
 #include "tests/window/DesktopWindow.h"
-
-#include "ui_pro/controls/presets/PresetBrowserPopup.h"
 
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -19,12 +18,13 @@ namespace
 {
 
 /** A processor with its editor open on the screen. */
-struct ScreenRig : ProcessorRig
+struct ScreenRig : EditedRig
 {
     explicit ScreenRig (juce::Point<int> at = { 40, 60 })
-        : editor (std::make_unique<KestrelEditor> (processor)),
-          window (std::make_unique<DesktopWindow> (*editor, at))
     {
+        openEditor();
+        opening = editor->getLocalBounds();
+        window = std::make_unique<DesktopWindow> (*editor, at);
         EXPECT_TRUE (pumpMessagesUntil ([this] { return editor->isShowing(); }, 5000));
         window->activate();
         pumpMessages (200);
@@ -46,8 +46,7 @@ struct ScreenRig : ProcessorRig
         window->drag (knob (index), centre, centre.translated (0, -upwards));
     }
 
-    std::unique_ptr<KestrelEditor> editor;
-    const juce::Rectangle<int> opening { editor->getLocalBounds() };
+    juce::Rectangle<int> opening;
     std::unique_ptr<DesktopWindow> window;
 };
 
@@ -144,25 +143,121 @@ TEST (EditorWindow, LeavesTheHostItsKeys)
     EXPECT_EQ (rig.window->keys.size(), 2) << "the keyboard is back";
 }
 
-TEST (EditorWindow, TheTabKeyWalksTheControls)
+/** The window with every control in it, in the same state before each row of the table. */
+struct TableRig : ScreenRig
 {
-    ScreenRig rig;
-    const auto focused = []
+    TableRig()
     {
-        auto* const component = juce::Component::getCurrentlyFocusedComponent();
-        return component != nullptr ? component->getTitle() : juce::String();
+        set ("link", 0.0f);
+        saved = save();
+    }
+
+    void startAgain()
+    {
+        for (int i = 0; i < 2 && editor->findOpenPopup() != nullptr; ++i)
+            window->press ("Escape");
+        restore (saved);
+        pumpMessages (120);
+    }
+
+    void prepare (Prepare what)
+    {
+        startAgain();
+        what (*this);
+        set ("link", 0.0f); // programs have switched it on
+        pumpMessages (120);
+    }
+
+    /** A press there would do something: the Tab key passes by what is dimmed. */
+    void enableAll()
+    {
+        clipboardText = "something";
+        prepare (loadAndUndo);
+    }
+
+    juce::MemoryBlock saved;
+};
+
+TEST (EditorWindow, EveryControlIsWorkedByTheMouse)
+{
+    TableRig rig;
+
+    for (const auto& row : buttonRows)
+    {
+        rig.prepare (row.prepare);
+        auto* const button = findTitled (*rig.editor, row.title);
+        ASSERT_NE (button, nullptr) << row.title;
+        const auto before = row.state (rig);
+        rig.window->click (*button);
+        EXPECT_TRUE (pumpMessagesUntil ([&] { return row.state (rig) != before; }, 2000)) << row.title;
+    }
+
+    rig.startAgain();
+    const auto drag = [&rig] (juce::Component& control, juce::Point<int> from, Parameter parameter)
+    {
+        rig.set (infoOf (parameter).id, 0.4f);
+        pumpMessages (120);
+        rig.window->drag (control, from, from.translated (0, -40));
+        EXPECT_GT (rig.get (infoOf (parameter).id), 0.5f) << infoOf (parameter).id;
     };
-    rig.window->click (*rig.editor, { 40, 300 });
-    rig.window->press ("Tab");
-    rig.window->press ("Tab");
-    EXPECT_EQ (focused(), "Previous preset");
-    rig.window->press ("Return");
-    EXPECT_EQ (rig.processor.getCurrentProgram(), 5);
-    rig.window->press ("shift+Tab");
-    EXPECT_EQ (focused(), "Initial preset");
+
+    for (const auto& [title, parameter] : knobRows())
+    {
+        auto& knob = *findTitled<quillon::ui_pro::controls::KnobControl> (*rig.editor, title);
+        drag (knob, knob.getLocalBounds().getCentre(), parameter);
+    }
+
+    for (const auto& [lane, node, parameter] : nodeRows())
+    {
+        rig.startAgain();
+        auto& chart = rig.editor->getLane (lane).getChart();
+        drag (chart, chart.getNodes().position (node).roundToInt(), parameter);
+    }
 }
 
-TEST (EditorWindow, AChartsNodeIsMovedAndTypedByTheKeyboard)
+TEST (EditorWindow, EveryControlIsReachedByTheTabKeyAndWorkedByKeys)
+{
+    TableRig rig;
+    rig.enableAll();
+    rig.window->click (*rig.editor, { 5, 200 });
+    std::size_t next = 0;
+
+    for (const auto& title : tabStops())
+    {
+        rig.window->press ("Tab");
+        auto* const focused = juce::Component::getCurrentlyFocusedComponent();
+        ASSERT_NE (focused, nullptr) << title;
+        ASSERT_EQ (focused->getTitle(), title);
+
+        if (const auto& row = buttonRows[next % std::size (buttonRows)]; title == row.title)
+        {
+            rig.prepare (row.prepare);
+            focused->grabKeyboardFocus(); // which a button loses when it is dimmed
+            const auto before = row.state (rig);
+            rig.window->press (next++ % 2 == 0 ? "Return" : "space");
+            EXPECT_TRUE (pumpMessagesUntil ([&] { return row.state (rig) != before; }, 2000)) << title;
+            rig.enableAll();
+            focused->grabKeyboardFocus();
+            continue;
+        }
+
+        for (const auto& [lane, node, parameter] : nodeRows())
+        {
+            if (focused != &rig.editor->getLane (lane).getChart())
+                continue;
+
+            const auto before = rig.get (infoOf (parameter).id);
+            rig.window->press ("Up");
+            EXPECT_NEAR (rig.get (infoOf (parameter).id), before + 0.01f, 1e-5f) << infoOf (parameter).id;
+            rig.window->press ("Right");
+        }
+    }
+
+    EXPECT_EQ (next, std::size (buttonRows));
+    EXPECT_TRUE (rig.window->keys.isEmpty()) << "the host gets none of these";
+}
+
+TEST (EditorWindow, AChartsNodeTakesATypedValueAndAHeldKey)
 {
     ScreenRig rig;
     auto& chart = rig.editor->getLane (0).getChart();
@@ -170,9 +265,6 @@ TEST (EditorWindow, AChartsNodeIsMovedAndTypedByTheKeyboard)
     rig.window->click (*rig.editor, { 40, 300 });
     chart.grabKeyboardFocus();
     rig.window->press ("Right");
-    rig.window->press ("Up");
-    EXPECT_NEAR (rig.get ("40hz"), 0.51f, 1e-5f);
-
     rig.window->press ("Return");
     EXPECT_TRUE (pumpMessagesUntil ([&] { return field.hasKeyboardFocus (true); }, 2000));
     for (const auto* key : { "minus", "2", "x", "Return" })
@@ -183,8 +275,13 @@ TEST (EditorWindow, AChartsNodeIsMovedAndTypedByTheKeyboard)
     EXPECT_TRUE (pumpMessagesUntil ([&] { return ! field.isOpen() && chart.hasKeyboardFocus (true); }, 2000));
     EXPECT_NEAR (rig.get ("40hz"), 0.3f, 1e-5f);
 
+    const auto steps = rig.processor.getCore().getUndoManager().getUndoDescriptions().size();
+    rig.window->hold ("Up");
+    EXPECT_GT (rig.get ("40hz"), 0.32f) << "the key is repeated";
+    EXPECT_EQ (rig.processor.getCore().getUndoManager().getUndoDescriptions().size(), steps + 1);
+
     rig.window->press ("ctrl+z");
-    EXPECT_NEAR (rig.get ("40hz"), 0.51f, 1e-5f);
+    EXPECT_NEAR (rig.get ("40hz"), 0.3f, 1e-5f);
     EXPECT_TRUE (rig.window->keys.isEmpty()) << "the host gets none of these";
 }
 

@@ -22,6 +22,9 @@ Console::Console()
     SetConsoleOutputCP (CP_UTF8);
     _setmode (_fileno (stdout), _O_BINARY);
     _setmode (_fileno (stderr), _O_BINARY);
+    // A console gets what is not buffered byte by byte, and shows no letter of which it does not get all bytes at once.
+    std::setvbuf (stdout, nullptr, _IOFBF, 1 << 16);
+    std::setvbuf (stderr, nullptr, _IOFBF, 1 << 12);
 }
 
 Console::~Console()

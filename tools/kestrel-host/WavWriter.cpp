@@ -55,7 +55,7 @@ bool isTakenByOtherThing (const juce::File& file)
 {
     std::error_code error;
     const auto status = std::filesystem::status (standardPath (file), error);
-    return std::filesystem::exists (status) && ! std::filesystem::is_regular_file (status);
+    return file.isDirectory() || (std::filesystem::exists (status) && ! std::filesystem::is_regular_file (status));
 }
 
 } // namespace

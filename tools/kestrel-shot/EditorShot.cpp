@@ -54,13 +54,14 @@ struct Stage
     void play (host::WavReader& file, const std::function<void (std::int64_t)>& onTick)
     {
         const auto rate = static_cast<double> (file.sampleRate());
-        const auto played = static_cast<std::int64_t> (playedTime * rate);
+        const auto longest = static_cast<std::int64_t> (playedTime * rate);
+        const auto skippedBlocks = std::max<std::int64_t> (file.length() - longest + blockSize - 1, 0) / blockSize;
+        const auto played = file.length() - skippedBlocks * blockSize;
         juce::AudioBuffer<float> buffer (2, blockSize);
         juce::MidiBuffer midi;
         auto position = std::int64_t {};
         auto nextTick = tickLength;
-        const auto lastTick = static_cast<std::int64_t> (
-            static_cast<double> (std::min (file.length(), played)) * 1000.0 / rate / tickLength);
+        const auto ticks = static_cast<std::int64_t> (static_cast<double> (played) * 1000.0 / rate / tickLength);
 
         for (auto left = file.length(); left > 0;)
         {
@@ -76,7 +77,7 @@ struct Stage
                 if (static_cast<double> (position) * 1000.0 / rate >= nextTick)
                 {
                     tick();
-                    onTick (lastTick - static_cast<std::int64_t> (nextTick / tickLength));
+                    onTick (ticks - static_cast<std::int64_t> (nextTick / tickLength));
                     nextTick += tickLength;
                 }
             }

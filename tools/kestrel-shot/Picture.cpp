@@ -1,5 +1,7 @@
 #include "tools/kestrel-shot/Picture.h"
 
+#include "tools/kestrel-host/Paths.h"
+
 #include <stdexcept>
 
 namespace kestreleq::shot
@@ -19,7 +21,7 @@ juce::Image paintPicture (juce::Component& component, float scale)
 
 void writePng (const juce::Image& picture, const std::string& path)
 {
-    const auto file = juce::File::getCurrentWorkingDirectory().getChildFile (juce::String::fromUTF8 (path.c_str()));
+    const auto file = host::fileAt (path);
     juce::TemporaryFile temporary (file);
     bool written = false;
 

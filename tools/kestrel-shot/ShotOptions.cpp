@@ -108,18 +108,18 @@ ShotOptions parseOptions (std::span<const std::string_view> arguments)
 std::string_view usageText()
 {
     return R"(usage: kestrel-shot OUT.png [--scale S] [--program N] [--set ID=VALUE]... [--audio IN.wav]
-                    [--open presets|menu|support|oversampling|field] [--pointer X,Y]
-                    [--renderer software|native] [--paints N]
+                    [--open presets|menu|support|oversampling|field] [--pointer X,Y] [--renderer software|native]
+                    [--paints N]
        kestrel-shot --gallery OUT.png [--scale S]
        kestrel-shot --places [--scale S] [--program N] [--set ID=VALUE]... [--open ...]
 
 Draws the editor, or every control of the library in its states, without a window; with --places, prints where each named
 control of the editor stands instead, as lines of x, y, width, height (pixels) and the name. A scale is 0.5 to 2, a program 0 to 5,
 ID a parameter ID and VALUE 0 to 1. --set acts in the order given, after --program. With --audio the picture shows the
-editor while the file's end plays. The field is where a chart node's value is typed. --pointer puts the mouse over a chart,
-at a place of the 1672 x 858 design pixels.
---renderer native paints with the system's own renderer where it has one (Direct2D on Windows). --paints paints the whole
-picture so many times (1 to 1000); with --audio it paints it once, and then in each of the last ticks what that tick changed.
+editor while the file's end plays. The field is where a node's value is typed. --pointer puts the mouse over a chart, at a
+place of the 1672 x 858 design pixels. --renderer native paints with the system's own renderer where it has one (Direct2D on
+Windows). --paints paints the whole picture so many times (1 to 1000); with --audio it paints it once, and then in each of the
+last ticks what that tick changed.
 )";
 }
 

@@ -1,3 +1,4 @@
+#include "tools/kestrel-host/Console.h"
 #include "tools/kestrel-host/Errors.h"
 #include "tools/kestrel-shot/EditorShot.h"
 #include "tools/kestrel-shot/Picture.h"
@@ -10,11 +11,12 @@
 int main (int argc, char* argv[])
 {
     using namespace kestreleq;
+    const host::Console console;
 
     try
     {
-        const std::vector<std::string_view> arguments (argv + std::min (argc, 1), argv + argc);
-        const auto options = shot::parseOptions (arguments);
+        const auto arguments = host::Console::arguments (argc, argv);
+        const auto options = shot::parseOptions (std::vector<std::string_view> (arguments.begin(), arguments.end()));
         const juce::ScopedJuceInitialiser_GUI framework;
 
         if (options.places)

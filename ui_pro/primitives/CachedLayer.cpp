@@ -15,15 +15,12 @@ std::size_t bytesOf (const juce::Image& image)
     return 4 * static_cast<std::size_t> (image.getWidth()) * static_cast<std::size_t> (image.getHeight());
 }
 
-/** A renderer converts, and hands to the graphics processor, every image of another kind each time that it draws it.
-   The framework's own renderer draws the images that it also makes; elsewhere than on Windows and macOS there is no
-   other. */
-bool wantsNativeImages (juce::Graphics& g)
+} // namespace
+
+bool drawsWithGraphicsProcessor (juce::Graphics& g)
 {
     return dynamic_cast<juce::LowLevelGraphicsSoftwareRenderer*> (&g.getInternalContext()) == nullptr;
 }
-
-} // namespace
 
 /** Gives the image up when the component, or what it lies in, is hidden or leaves its window. */
 class CachedLayer::Watch final : public juce::ComponentMovementWatcher
@@ -88,7 +85,8 @@ void CachedLayer::draw (
         render (paint);
     }
 
-    if (wantsNativeImages (g))
+    // An image of another kind would be converted and handed to the graphics processor at every draw.
+    if (drawsWithGraphicsProcessor (g))
         image = juce::NativeImageType().convert (image); // the image itself, once it is of that kind
 
     g.setOpacity (1.0f);

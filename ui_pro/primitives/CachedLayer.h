@@ -9,6 +9,10 @@
 namespace quillon::ui_pro::primitives
 {
 
+/** Whether images are drawn by the graphics processor, out of memory of its own. The framework's own renderer, the only
+    one on Linux, does not. */
+bool drawsWithGraphicsProcessor (juce::Graphics& g);
+
 /** Keeps the part of a component's picture that only its size decides as an image in the pixels of the screen, and
     draws that instead. The image lies on whole screen pixels, so it is as crisp as the drawing would be; it is of the
     renderer's own kind, which draws it from where it lies, and it is given up when the component no longer shows.

@@ -46,8 +46,10 @@ RootBackground::RootBackground()
 
 void RootBackground::paint (juce::Graphics& g)
 {
-    for (const auto& area : covered)
-        g.excludeClipRegion (area);
+    // To the graphics processor the clip is dearer than the pixels.
+    if (! drawsWithGraphicsProcessor (g))
+        for (const auto& area : covered)
+            g.excludeClipRegion (area);
 
     layer.draw (g, *this,
         [this] (juce::Graphics& picture)

@@ -12,8 +12,8 @@ class RootBackground final : public SilentComponent
 public:
     RootBackground();
 
-    /** Parts that are not painted, because something opaque stands in front of them. The framework finds that out by
-        itself only where nothing is scaled. */
+    /** Parts that need not be painted, because something opaque stands in front of them. The framework finds that out
+       by itself only where nothing is scaled. */
     void setCovered (juce::RectangleList<int> areas) { covered = std::move (areas); }
 
     void paint (juce::Graphics& g) override;
