@@ -95,6 +95,19 @@ mend("changes made before a restore come back after it"
     "            pluginInstance->setStateInformation (data, static_cast<int> (size));"
     "        {\n            pluginInstance->setStateInformation (data, static_cast<int> (size));\n            comPluginInstance->forAllChangedParameters ([] (Vst::ParamID, float) {});\n        }")
 
+# The window's size goes from the editor's pixels to the host's and back with every change of the display's scale. Rounded up
+# both ways, the window grew each time.
+set(growing "a window grows by a pixel whenever it goes to a display of another scale")
+mend("${growing}"
+    "                    return getLocalArea (pluginEditor.get(), pluginEditor->getLocalBounds());"
+    "                    return getLocalArea (pluginEditor.get(), pluginEditor->getLocalBounds().toFloat()).toNearestInt();")
+mend("${growing}"
+    "pluginEditor->setBounds (pluginEditor->getLocalArea (this, newBounds).withZeroOrigin());"
+    "pluginEditor->setBounds (pluginEditor->getLocalArea (this, newBounds.toFloat()).toNearestInt().withZeroOrigin());")
+mend("${growing}"
+    "auto prevEditorBounds = pluginEditor->getLocalArea (this, lastBounds);"
+    "auto prevEditorBounds = pluginEditor->getLocalArea (this, lastBounds.toFloat()).toNearestInt();")
+
 # A state ends with a part of the wrapper's own, whose length the state tells. A length beyond the state made the rest of it,
 # which is what the plug-in is given, longer than the block of memory.
 mend("a state with a false length is read past its end"

@@ -7,6 +7,7 @@
 #include <array>
 #include <optional>
 #include <random>
+#include <thread>
 
 namespace kestreleq::test
 {
@@ -30,6 +31,17 @@ TEST (AbComparison, ASlotStartsWithWhatIsHeardAndKeepsItsProgram)
     EXPECT_TRUE (comparison.undo());
     EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     EXPECT_FALSE (comparison.switchTo (2));
+
+    // What a host loads on a thread of its own belongs to the slot, too, though to no step.
+    while (comparison.undo())
+    {
+    }
+    EXPECT_TRUE (comparison.redo());
+    EXPECT_TRUE (comparison.undo());
+    std::thread ([&] { rig.processor.setCurrentProgram (4); }).join();
+    EXPECT_TRUE (comparison.redo());
+    EXPECT_TRUE (comparison.undo());
+    EXPECT_EQ (rig.processor.getCurrentProgram(), 4);
 }
 
 TEST (AbComparison, NoOrderOfFlipsUndoAndRedoLosesASlot)

@@ -33,39 +33,5 @@ TEST (EditorLayout, AWindowOpensAsLargeAsItWasButNoLargerThanItsDisplay)
     EXPECT_EQ (layout::openingSize (30, tiny), Bounds (836, 429)) << "it cannot be made smaller";
 }
 
-TEST (EditorLayout, LanesShareThePlaceOrLaneATakesIt)
-{
-    const auto linked = layout::placeLane (0, true);
-    EXPECT_TRUE (linked.tall);
-    EXPECT_TRUE (
-        linked.panel.contains (layout::placeLane (0, false).panel.getUnion (layout::placeLane (1, false).panel)));
-
-    const auto b = layout::placeLane (1, true);
-    EXPECT_EQ (b.panel, layout::placeLane (1, false).panel);
-    EXPECT_FALSE (b.tall);
-
-    for (const auto& lane : { linked, layout::placeLane (0, false), b })
-    {
-        std::vector parts { lane.chart, lane.meterStrip, lane.powerButton, lane.title };
-        parts.insert (parts.end(), lane.knobs.begin(), lane.knobs.end());
-
-        for (std::size_t i = 0; i < parts.size(); ++i)
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE (parts[i].intersects (parts[j])) << i << " and " << j;
-    }
-}
-
-TEST (EditorLayout, NothingInTheFooterOverlapsOrLeavesIt)
-{
-    const auto footer = layout::placeFooter();
-    const std::array row { footer.oversampling, footer.latency, footer.sampleRate, footer.inputMeters,
-        footer.outputMeters, footer.outputMode, footer.cpuUsage, footer.label };
-    for (std::size_t i = 0; i < row.size(); ++i)
-    {
-        EXPECT_TRUE (footer.bar.contains (row[i])) << i;
-        EXPECT_GE (row[i].getX(), i > 0 ? row[i - 1].getRight() : footer.bar.getX()) << i;
-    }
-}
-
 } // namespace
 } // namespace kestreleq::test

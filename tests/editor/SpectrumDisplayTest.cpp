@@ -1,15 +1,10 @@
 #include "editor/chart/SpectrumDisplay.h"
 #include "editor/chart/LaneAxes.h"
 
-#include "tests/support/Signals.h"
-#include "ui_pro/controls/chart/SpectrumPainter.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <random>
 
 namespace kestreleq::test
 {
@@ -64,43 +59,6 @@ TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
     show ({ -20.0f, -40.0f }, 8000.0);
     EXPECT_NEAR (display.getFrequencies()[1], 20.0 * std::pow (200.0, 0.75), 0.01);
     EXPECT_EQ (display.getLevels (0)[1], -40.0f);
-}
-
-TEST (SpectrumDisplay, EveryToneIsDrawnAsHighAsTheAnalyserHasIt)
-{
-    using namespace quillon::ui_pro::controls;
-    const ChartAxes axes {
-        .plot = makeLaneAxes (1120, 196).plot, .highestHz = 40000.0, .lowestDb = -84.0, .highestDb = 24.0
-    };
-    std::mt19937 random (17);
-
-    for (const auto rate : { 44100.0, 48000.0, 96000.0, 192000.0 })
-    {
-        for (int tone = 0; tone < 80; ++tone)
-        {
-            const auto part = std::uniform_real_distribution<> (0.0, 1.0) (random);
-            const auto frequency = 100.0 * std::pow (0.45 * rate / 100.0, part);
-            const auto samples = sine (frequency, rate, 4096, 0.25);
-            analysis::SpectrumAnalyser analyser;
-            ASSERT_TRUE (analyser.prepare (rate, 4096, 1024, 512));
-            analyser.setOn (true);
-            analyser.push (0, samples.data(), 4096);
-            for (int tick = 0; tick < 30; ++tick)
-                analyser.update();
-
-            SpectrumDisplay display;
-            display.refresh (analyser);
-            const auto levels = display.getLevels (0);
-            const auto points = makeSpectrumPoints (axes, display.getFrequencies(), levels, 4.0f); // half size
-            EXPECT_LT (points.size(), 280u);
-            const auto top = std::min_element (
-                points.begin(), points.end(), [] (const auto& a, const auto& b) { return a.y < b.y; });
-            EXPECT_NEAR (top->y, axes.yFor (*std::max_element (levels.begin(), levels.end())), 0.5f * 177.0f / 108.0f)
-                << frequency << " Hz at " << rate;
-            const auto bin = axes.xFor (frequency + rate / 4096.0) - axes.xFor (frequency);
-            EXPECT_NEAR (top->x, axes.xFor (frequency), 4.0f + bin) << frequency << " Hz at " << rate;
-        }
-    }
 }
 
 } // namespace

@@ -44,6 +44,8 @@ TEST (GainRider, StaysInItsRangeAndHoldsOnNearSilence)
     EXPECT_EQ (rig.rider.getGain(), -80.0);
     rig.rider.reset (std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ (rig.rider.getGain(), 0.0);
+    rig.run (1.0, -81.0);
+    EXPECT_EQ (rig.rider.getGain(), 0.0) << "a pause";
 
     rig.rider.setFrozen (true);
     float left[] { 0.125f, 0.125f }, right[] { 0.125f, 0.125f };

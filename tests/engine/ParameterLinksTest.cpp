@@ -111,6 +111,13 @@ TEST (ParameterLinks, SwitchingOnTakesLaneAAndSwitchingOffNothing)
     rig.set ("link", 1.0f);
     for (const auto& [first, second] : linkedPairs)
         EXPECT_EQ (rig.get (infoOf (second).id), rig.get (infoOf (first).id)) << infoOf (second).id;
+
+    {
+        const ParameterLinks::ScopedPause asStored (rig.processor.getCore().getLinks());
+        rig.set ("subR", 0.3f);
+    }
+    rig.set ("link", 0.0f);
+    EXPECT_EQ (rig.get ("subR"), 0.3f);
 }
 
 TEST (ParameterLinks, AGainLinkWorksAloneAndTheLaneLinkWithoutIt)

@@ -120,6 +120,7 @@ TEST (Processor, TakesMonoThroughBothLanes)
         mono.processor.processBlock (buffer, mono.midi);
     }
     EXPECT_EQ (actual, expected[0]);
+    EXPECT_EQ (mono.processor.getCorrelation(), 0.0f) << "there is nothing to compare";
 
     // Beyond the prepared size there is no second channel: silence.
     std::vector<float> tooLong (300, 0.25f);

@@ -228,29 +228,6 @@ TEST (SpectrumAnalyser, AgreesWithAModelThatAnalysesEveryFrame)
     }
 }
 
-TEST (SpectrumAnalyser, PreparesAtOddSizes)
-{
-    // Frame length, hop and points as asked for, then as they count.
-    const std::size_t cases[][6] = { { 3000, 0, 512, 4096, 1024, 512 }, { 100, 0, 0, 256, 64, 64 },
-        { 0, 9999, 5000, 4096, 4096, 2048 }, { 70000, 20000, 65, 65536, 20000, 65 } };
-
-    for (const auto& [askedLength, askedHop, askedPoints, length, hop, points] : cases)
-    {
-        SpectrumAnalyser analyser;
-        analyser.setOn (true);
-        ASSERT_TRUE (analyser.prepare (48000.0, askedLength, askedHop, askedPoints));
-        EXPECT_EQ (analyser.numPoints(), points);
-
-        // The first frame ends with sample N, the next one a hop later.
-        EXPECT_EQ (curveAfter (analyser, length - 1, 0.0), silentCurve);
-        EXPECT_FALSE (analyser.hasData (0));
-        EXPECT_EQ (curveAfter (analyser, 1, 0.0), silentCurve);
-        EXPECT_TRUE (analyser.hasData (0));
-        EXPECT_EQ (curveAfter (analyser, hop - 1), silentCurve);
-        EXPECT_NE (curveAfter (analyser, 1), silentCurve);
-    }
-}
-
 TEST (SpectrumAnalyser, IgnoresSamplesWhileUnpreparedOrOff)
 {
     SpectrumAnalyser analyser;

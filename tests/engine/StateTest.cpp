@@ -88,19 +88,21 @@ TEST (State, TakesOnlyWhatItCanHold)
 {
     ProcessorRig rig;
     rig.setRandomly (1);
-    rig.restore (wrapped (R"(<?xml version="1.0"?><Parameters currentProgram="7"><PARAM id="sub" value="0.25"/>
+    rig.restore (wrapped (R"(<?xml version="1.0"?><Parameters currentProgram="6"><PARAM id="sub" value="0.25"/>
         <PARAM id="sub" value="0.75"/><PARAM id="40hz" value="nan"/><PARAM id="160hz" value="1e999"/>
         <PARAM id="650hz" value="7"/><PARAM id="2500hz" value="-3"/><PARAM id="bypass" value="0.3"/>
         <PARAM id="breakMode" value="0.6"/><PARAM id="nobody" value="1"/><OTHER id="trim" value="1"/>
-        <PARAM id="airGain"/></Parameters>)"));
+        <PARAM id="outGain1"/></Parameters>)"));
 
     for (const auto& [id, value] : { std::pair { "sub", 0.75f }, { "40hz", 0.0f }, { "160hz", 0.0f }, { "650hz", 1.0f },
-             { "2500hz", 0.0f }, { "bypass", 0.0f }, { "breakMode", 1.0f }, { "trim", 0.5f }, { "airGain", 0.0f },
+             { "2500hz", 0.0f }, { "bypass", 0.0f }, { "breakMode", 1.0f }, { "trim", 0.5f }, { "outGain1", 0.5f },
              { "subR", 0.5f }, { "link", 1.0f } })
         EXPECT_EQ (heard (rig, id), value) << id;
 
     EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
+    EXPECT_FALSE (rig.processor.getPreset().isCustom);
     rig.restore (wrapped (R"(<Parameters currentProgram="-3"/>)"));
+    EXPECT_TRUE (rig.processor.getPreset().isCustom);
     EXPECT_EQ (rig.processor.getCurrentProgram(), 0);
     EXPECT_EQ (rig.processor.getEditorScaleStep(), -1);
     const auto text = [&]

@@ -19,15 +19,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 10> linkedPa
 } };
 
 // clang-format on
-/** The seven controls of both lanes, then trim and break mode; whatever a program leaves out stands at its default. */
-constexpr float programs[6][9] {
-    { 0.5f, 0.5f, 0.5f, 0.5f, 0.5f, 0.0f, 0.5f, 0.5f, 0.0f },
-    { 0.5f, 0.5f, 0.45f, 0.6f, 0.65f, 0.3f, 0.5f, 0.48f, 0.0f },
-    { 0.7f, 0.65f, 0.55f, 0.5f, 0.45f, 0.0f, 0.5f, 0.45f, 0.0f },
-    { 0.5f, 0.5f, 0.5f, 0.5f, 0.6f, 0.5f, 0.75f, 0.47f, 0.0f },
-    { 0.65f, 0.6f, 0.45f, 0.4f, 0.6f, 0.4f, 0.5f, 0.45f, 0.0f },
-    { 0.55f, 0.55f, 0.6f, 0.55f, 0.4f, 0.0f, 0.25f, 0.42f, 1.0f },
-};
 
 std::size_t indexOf (std::string_view id)
 {
@@ -89,18 +80,6 @@ void ReferenceParameters::set (std::string_view id, float value)
             copy (first, second);
         else if (id == second)
             copy (second, first);
-    }
-}
-
-void ReferenceParameters::selectProgram (int index)
-{
-    const auto& program = programs[index];
-
-    for (std::size_t i = 0; i < numParameters; ++i)
-    {
-        const std::string_view id = parameterTable[i].id;
-        const auto initial = parameterTable[i].defaultValue;
-        set (id, i < 14 ? program[i % 7] : id == "trim" ? program[7] : id == "breakMode" ? program[8] : initial);
     }
 }
 

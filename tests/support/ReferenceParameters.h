@@ -25,9 +25,6 @@ public:
     /** One host gesture: the value is clamped and snapped, then linking answers. */
     void set (std::string_view id, float value);
 
-    /** The gestures of choosing a factory program (0..5): every value in the host's order. */
-    void selectProgram (int index);
-
 private:
     void store (std::string_view id, float value);
 

@@ -220,6 +220,21 @@ TEST_F (SettingsScopeManagerTest, SavesHalfASecondAfterTheLastChange)
     EXPECT_TRUE (std::all_of (kept.begin(), kept.end(), [] (const auto& other) { return other.exists(); }));
 }
 
+TEST_F (SettingsScopeManagerTest, KeepsWhatAnotherProcessHasJustWritten)
+{
+    write (0);
+    manager().setFileOptions (options);
+    pass (499.0);
+    manager().setPerPluginScope (true);
+    pass (499.0); // a look has been, and saw nothing new
+    juce::PropertiesFile other (options);
+    other.setValue ("neighbour", 7);
+    ASSERT_TRUE (other.save());
+    pass (1.0);
+    EXPECT_EQ (stored(), 1);
+    EXPECT_EQ (juce::PropertiesFile (options).getIntValue ("neighbour"), 7);
+}
+
 TEST_F (SettingsScopeManagerTest, FollowsTheFile)
 {
     int calls = 0, expected = 0;

@@ -63,38 +63,6 @@ struct PairRig
     Window window { 100, 60 };
 };
 
-TEST (UndoRedoControl, FollowsItsActionsAndItsPredicates)
-{
-    PairRig<UndoRedoControl> rig;
-    auto& control = rig.control;
-    auto& calls = rig.actions.calls;
-    EXPECT_FALSE (control.isUndoEnabled());
-    control.undo();
-    control.setActions (rig.actions.make());
-    rig.window.click ({ 60, 16 }); // redo has nothing to do
-    rig.window.click ({ 39, 16 }); // between the two
-    EXPECT_EQ (calls, "");
-    rig.window.click ({ 10, 16 });
-    EXPECT_EQ (calls, "undo ");
-    EXPECT_FALSE (control.isUndoEnabled());
-    EXPECT_TRUE (control.isRedoEnabled());
-
-    Mouse redo (control.getButton (Part::second));
-    redo.down ({ 10, 16 }); // thinks again and lets go elsewhere
-    redo.drag ({ 10, 50 });
-    redo.up ({ 10, 50 });
-    redo.down ({ 10, 16 }, juce::ModifierKeys::rightButtonModifier);
-    redo.drag ({ 11, 16 });
-    redo.up ({ 11, 16 });
-    EXPECT_EQ (calls, "undo ");
-    rig.window.click ({ 60, 16 });
-    EXPECT_EQ (calls, "undo redo ");
-
-    EXPECT_EQ (control.getButton (Part::first).getTooltip(), "Move knob");
-    EXPECT_EQ (control.getButton (Part::second).getTooltip(), ""); // no name is set
-    EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "clicks leave the host its keyboard";
-}
-
 TEST (ABControl, ShowsWhatTheOwnerReports)
 {
     auto current = ABSlot::A;

@@ -82,31 +82,6 @@ TEST_F (SlideInOverlayTest, SlidesInFastThenSlowAndOutSlowThenFast)
     EXPECT_FALSE (overlay.isAnimating());
 }
 
-TEST_F (SlideInOverlayTest, AnotherContentWaitsUntilTheFirstIsOutAndTheFirstMayComeBack)
-{
-    open (first);
-    overlay.show (&second);
-    advance (80);
-    overlay.show (&first);
-    advance (0);
-    EXPECT_FLOAT_EQ (overlay.getProgress(), 0.875f); // from where it was
-    advance (200);
-    EXPECT_EQ (overlay.getContent(), &first);
-    EXPECT_FALSE (overlay.isAnimating()); // the other one is forgotten
-
-    overlay.show (&second);
-    advance (80);
-    EXPECT_EQ (overlay.getContent(), &first);
-    overlay.show (&second); // does not begin the way out again
-    advance (80);
-    EXPECT_EQ (overlay.getContent(), &second);
-    EXPECT_FALSE (first.isVisible());
-    EXPECT_EQ (overlay.getProgress(), 0.0f);
-    advance (200);
-    EXPECT_EQ (second.getBounds(), overlay.getLocalBounds());
-    EXPECT_EQ (opened.back(), &second);
-}
-
 TEST_F (SlideInOverlayTest, LendsItselfTheKeyboardAndKeepsTheTabKey)
 {
     juce::Component behind;

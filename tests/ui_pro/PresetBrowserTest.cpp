@@ -235,31 +235,6 @@ TEST (PresetBrowser, FiltersByMouseAndByKeys)
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr);
 }
 
-TEST (PresetBrowser, EachActionRunsItsHook)
-{
-    Rig rig;
-    rig.selector->openBrowser();
-    const std::array<juce::Point<int>, 6> buttons { { { 900, 480 }, { 900, 510 }, { 850, 550 }, { 950, 550 },
-        { 850, 590 }, { 950, 590 } } };
-
-    int called = 0;
-    const std::array<std::function<void()> PresetSelector::Hooks::*, 6> hooks { &PresetSelector::Hooks::saveAs,
-        &PresetSelector::Hooks::rename, &PresetSelector::Hooks::duplicate, &PresetSelector::Hooks::deletePreset,
-        &PresetSelector::Hooks::importPresets, &PresetSelector::Hooks::exportPresets };
-
-    for (std::size_t i = 0; i < hooks.size(); ++i)
-        rig.hooks.*hooks[i] = [&called, i] { called = called * 10 + static_cast<int> (i) + 1; };
-
-    rig.selector->setHooks (rig.hooks);
-
-    for (const auto& at : buttons)
-        rig.clickPopup (at.x, at.y);
-
-    EXPECT_EQ (called, 123456);
-    rig.selector->load (17);
-    EXPECT_TRUE (rig.isOpen()) << "no such preset";
-}
-
 TEST (PresetBrowser, OpensOnWhatIsInForceAndABareReturnLoadsNothing)
 {
     Rig rig;

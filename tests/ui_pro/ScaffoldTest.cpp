@@ -97,30 +97,6 @@ struct ScaffoldRig
     std::optional<EffectEditorScaffold> scaffold;
 };
 
-TEST (Scaffold, AKnobShowsItsParameterAndIsOneGesturePerDrag)
-{
-    ScaffoldRig rig;
-    auto& knob = rig.scaffold->getInputOutputPanel().getInput().getGain1();
-    EXPECT_EQ (knob.getValue(), 0.625f);
-    EXPECT_EQ (knob.getValueText(), "3.0 dB");
-    rig.processor.set ("gain", 0.25f);
-    EXPECT_EQ (knob.getValueText(), "-6.0 dB");
-    EXPECT_EQ (knob.getValue(), 0.25f);
-    rig.processor.take();
-
-    Mouse mouse (knob);
-    mouse.down ({ 10.0f, 50.0f });
-    mouse.drag ({ 10.0f, 15.0f });
-    mouse.drag ({ 10.0f, -20.0f });
-    mouse.up ({ 10.0f, -20.0f });
-    EXPECT_EQ (rig.processor.take(), "< begin 0.50 0.75 end >");
-    EXPECT_EQ (knob.getValueText(), "6.0 dB");
-
-    knob.triggerReset();
-    EXPECT_EQ (rig.processor.take(), "< begin 0.62 end >");
-    EXPECT_EQ (knob.getValueText(), "3.0 dB");
-}
-
 TEST (Scaffold, ASwitchIsOneGesturePerClickAndNoneWhenTheHostMovesIt)
 {
     ScaffoldRig rig;
@@ -186,20 +162,6 @@ TEST (Scaffold, WhatIsNotNamedStaysUnconnected)
     EXPECT_EQ (single.scaffold->getInputOutputPanel().getInput().getGain1().onDragStart, nullptr);
     EXPECT_EQ (single.scaffold->getGlobalPanel().getInput().getGain1().getValueText(), "3.0 dB")
         << "the one panel has the gains";
-}
-
-TEST (Scaffold, LanesShowAndSetTheChannelModeInPairs)
-{
-    ScaffoldRig rig;
-    auto& lanes = rig.scaffold->getLaneStack();
-    EXPECT_EQ (lanes.getModeSelector (1).getButtonText(), "STEREO");
-
-    lanes.getModeSelector (1).choose (controls::LaneMode::mid);
-    EXPECT_EQ (rig.processor.take(), "< begin 0.50 end >"); // the first lane's side
-    EXPECT_EQ (lanes.getModeSelector (0).getButtonText(), "SIDE");
-
-    lanes.getModeSelector (0).choose (controls::LaneMode::stereo);
-    EXPECT_EQ (rig.processor.get ("mode"), 1.0f);
 }
 
 } // namespace

@@ -46,22 +46,6 @@ TEST (SpectrumAxes, PlacesFrequenciesAndLevels)
     EXPECT_NEAR (binFrequency (511, 512), 20000.0, 1e-6);
 }
 
-TEST (SpectrumAxes, TellsSilenceAndFadesGains)
-{
-    std::array<float, 4> values { -84.0f, nan, -83.75f, std::numeric_limits<float>::infinity() };
-    EXPECT_TRUE (isSilent (values.data(), values.size()));
-    EXPECT_TRUE (isSilent (nullptr, 0));
-    values[1] = -83.7f;
-    EXPECT_FALSE (isSilent (values.data(), values.size()));
-
-    EXPECT_NEAR (shownGain (10.0f, 19000.0), 5.0f, 1e-5f);
-    EXPECT_EQ (shownGain (10.0f, 25000.0), 0.0f);
-    EXPECT_EQ (shownGain (30.0f, 1000.0), 18.0f);
-    EXPECT_EQ (shownGain (-30.0f, 1000.0), -18.0f);
-    EXPECT_EQ (shownGain (nan, 1000.0), 0.0f);
-    EXPECT_EQ (shownGainMagnitude (-6.0f, 1000.0), 0.0f);
-}
-
 /** The row of the strongest pixel of a column: the trace on a chart without a grid. */
 int traceRow (const juce::Image& picture, int x)
 {

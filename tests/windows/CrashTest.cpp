@@ -14,16 +14,12 @@ namespace
 
 HMODULE module = nullptr;
 
-void printStamp (const char* image)
-{
-    const auto offset = reinterpret_cast<const IMAGE_DOS_HEADER*> (image)->e_lfanew;
-    std::printf ("%08lx", reinterpret_cast<const IMAGE_NT_HEADERS*> (image + offset)->FileHeader.TimeDateStamp);
-}
-
 LONG WINAPI tellOfCrash (EXCEPTION_POINTERS* crash)
 {
     auto context = *crash->ContextRecord;
-    printStamp (reinterpret_cast<const char*> (module));
+    const auto* const start = reinterpret_cast<const char*> (module);
+    const auto* const headers = start + reinterpret_cast<const IMAGE_DOS_HEADER*> (start)->e_lfanew;
+    std::printf ("%08lx", reinterpret_cast<const IMAGE_NT_HEADERS*> (headers)->FileHeader.TimeDateStamp);
 
     while (context.Rip != 0)
     {
@@ -41,7 +37,6 @@ LONG WINAPI tellOfCrash (EXCEPTION_POINTERS* crash)
         RtlVirtualUnwind (UNW_FLAG_NHANDLER, image, context.Rip, function, &context, &data, &frame, nullptr);
     }
 
-    std::puts ("");
     std::fflush (stdout);
     ExitProcess (3);
 }
