@@ -157,12 +157,9 @@ TEST (KestrelEditor, PaintsNothingThatBackgroundOrChartCover)
     probes[1].setBounds (chart.getBounds().reduced (2));
     chart.getParentComponent()->addAndMakeVisible (probes[1], 0);
 
-    const auto picture = paintPicture (*rig.editor);
+    paintPicture (*rig.editor);
     EXPECT_EQ (probes[0].painted, 0);
     EXPECT_EQ (probes[1].painted, 0);
-
-    for (const auto corner : { picture.getBounds().getTopLeft(), picture.getBounds().getBottomRight() })
-        EXPECT_EQ (picture.getPixelAt (std::max (corner.x - 1, 0), std::max (corner.y - 1, 0)).getAlpha(), 255);
 }
 
 TEST (KestrelEditor, ProgramsWrapAround)
