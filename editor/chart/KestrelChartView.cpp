@@ -177,14 +177,21 @@ void KestrelChartView::paint (juce::Graphics& g)
 
 KestrelChartView::Pointed KestrelChartView::layOutPointed() const
 {
-    const auto readout = makeReadout();
+    const auto around = [] (juce::Point<float> centre, float reach)
+    { return juce::Rectangle<float> (2.0f * reach, 2.0f * reach).withCentre (centre); };
+    const auto node = chosenNode();
+    const auto readout = makeReadout(); // none over an open field
+    Pointed result;
 
-    if (! readout)
-        return {};
+    if (readout)
+        result.box = layOutReadout (axes, response.getCurve(), *readout, grid);
 
-    const auto reach = chosenNode() ? ChartNodes::radius + nodeHalo : chartMarkRadius;
-    return { layOutReadout (axes, response.getCurve(), *readout, grid),
-        juce::Rectangle<float> (2.0f * reach, 2.0f * reach).withCentre (readout->at) };
+    if (node)
+        result.spot = around (nodes.position (*node), ChartNodes::radius + nodeHalo);
+    else if (readout)
+        result.spot = around (readout->at, chartMarkRadius);
+
+    return result;
 }
 
 void KestrelChartView::repaintPointed()

@@ -263,8 +263,11 @@ TEST (ChartView, AMovedPointerRepaintsWhatItTellsAndNoMore)
     const std::array<juce::Point<float>, 5> way { { { 300.0f, 60.0f }, { 310.0f, 90.0f }, { 900.0f, 40.0f }, node,
         { 3.0f, 60.0f } } };
 
-    for (const auto scale : { 0.5f, 1.0f, 2.0f })
+    for (const auto& [scale, typing] : { std::pair (0.5f, false), { 1.0f, false }, { 2.0f, false }, { 1.0f, true } })
     {
+        if (typing)
+            rig.view->keyPressed (juce::KeyPress (juce::KeyPress::returnKey)); // the field
+
         auto before = paintPicture (*rig.view, scale);
 
         for (const auto at : way)
