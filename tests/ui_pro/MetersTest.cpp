@@ -174,26 +174,6 @@ TEST (MeterStrip, MarksCanBeReadAtHalfSize)
     EXPECT_GE (rows, 5) << "digits of 7.5 pixels' type";
 }
 
-TEST (MeterStrip, TitlesDoNotTouchAtAnyScale)
-{
-    MeterStrip strip;
-    strip.setSize (90, 196);
-    strip.setGainReduction (6.0f);
-    const auto layout = MeterStripLayout::of (strip.getLocalBounds(), true);
-
-    for (const auto scale : { 0.5f, 1.0f, 2.0f })
-    {
-        const auto picture = paintPicture (strip, scale);
-        const auto between = 0.5f * static_cast<float> (layout.bars[1].getRight() + layout.bars[2].getX()) * scale;
-        auto lit = 0;
-
-        for (auto y = juce::roundToInt (4.0f * scale); y < juce::roundToInt (17.0f * scale); ++y)
-            lit += picture.getPixelAt (static_cast<int> (between), y).getAlpha() > 24;
-
-        EXPECT_EQ (lit, 0) << scale;
-    }
-}
-
 TEST (MeterStrip, RepaintsOnlyWhatChanges)
 {
     MeterStrip strip;
