@@ -6,7 +6,6 @@
 #include "tests/support/Mouse.h"
 #include "tests/support/Signals.h"
 
-#include "ui_pro/controls/footer/FooterReadout.h"
 #include "ui_pro/controls/meters/MeterPair.h"
 
 #include <gtest/gtest.h>
@@ -142,21 +141,6 @@ TEST (KestrelEditor, AnUnknownHostIsToldByItsFile)
     const auto program = juce::File::getSpecialLocation (juce::File::hostApplicationPath).getFileName();
     EXPECT_EQ (makeSupportRecord (hosted.processor, manifest).host, "Unknown (" + program + ")");
     EXPECT_TRUE (makeSupportRecord (alone.processor, manifest).host.isEmpty());
-}
-
-TEST (KestrelEditor, ShowsTheLoadInPercent)
-{
-    EditorRig rig;
-    Stereo signal { whiteNoise (1, 20000), whiteNoise (2, 20000) };
-    rig.set ("breakMode", 1.0f);
-    rig.set ("airGain", 1.0f);
-    rig.processor.prepareToPlay (768000.0, 512);
-    rig.process (signal, 1); // a sample at a time, for a load that can be seen
-    rig.tick();
-    const auto load = rig.processor.getRenderLoad();
-    EXPECT_GT (load, 0.002);
-    auto& shown = *findTitled<quillon::ui_pro::controls::FooterReadout> (*rig.editor, "CPU");
-    EXPECT_NEAR (shown.getValueText().getDoubleValue(), 100.0 * std::min (load, 1.0), 0.06);
 }
 
 } // namespace
