@@ -91,20 +91,51 @@ Function .onInit
         StrCpy $Mode AllUsers
     ${EndIf}
 
-    ${GetParameters} $R0
-    ClearErrors
-    ${GetOptions} $R0 "/CurrentUser" $R1
-    ${IfNot} ${Errors}
-        StrCpy $Mode CurrentUser
-    ${EndIf}
-    ClearErrors
-    ${GetOptions} $R0 "/AllUsers" $R1
-    ${IfNot} ${Errors}
-        StrCpy $Mode AllUsers
-    ${EndIf}
+    Call ReadOptions
 
     ${If} ${Silent}
         Call RequirePossibleMode
+    ${EndIf}
+FunctionEnd
+
+!macro RefuseOptions text
+    !insertmacro FailWith ${REFUSED} "${text}$\r$\n$\r$\nThe options are /S (no window) and /AllUsers or /CurrentUser."
+!macroend
+
+; Sets $Mode by the command line, and refuses what it does not know: a slip must not install for somebody else.
+Function ReadOptions
+    ${GetParameters} $R0
+    StrCpy $R0 "$R0 "
+    StrCpy $R2 "" ; the word so far
+    StrCpy $R3 "" ; the mode that was asked for
+    ${DoWhile} $R0 != ""
+        StrCpy $R1 $R0 1
+        StrCpy $R0 $R0 "" 1
+        ${If} $R1 != " "
+            StrCpy $R2 "$R2$R1"
+        ${Else}
+            ${If} $R2 == "/AllUsers"
+            ${OrIf} $R2 == "/CurrentUser"
+                StrCpy $R2 $R2 "" 1
+                ${If} $R3 != ""
+                ${AndIf} $R3 != $R2
+                    !insertmacro RefuseOptions "/AllUsers and /CurrentUser exclude each other."
+                ${EndIf}
+                StrCpy $R3 $R2
+            ${ElseIf} $R2 != ""
+            ${AndIf} $R2 S!= "/S"
+            ${AndIf} $R2 S!= "/NCRC"
+            ${AndIf} $R2 != "/Elevated"
+                !insertmacro RefuseOptions "There is no option $R2."
+            ${EndIf}
+            StrCpy $R2 ""
+        ${EndIf}
+    ${Loop}
+
+    ${If} $R3 == AllUsers
+        StrCpy $Mode AllUsers
+    ${ElseIf} $R3 == CurrentUser
+        StrCpy $Mode CurrentUser
     ${EndIf}
 FunctionEnd
 
