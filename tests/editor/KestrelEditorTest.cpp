@@ -245,6 +245,8 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
     rig.press ('z', command);
     EXPECT_EQ (label(), "06  Lo-Fi Crunch");
     EXPECT_EQ (control.getSlot(), controls::ABSlot::B);
+    EXPECT_FALSE (control.getButton (controls::ToolPair::Part::first).getToggleState());
+    EXPECT_TRUE (control.getButton (controls::ToolPair::Part::second).getToggleState());
     rig.press ('z', command);
     EXPECT_EQ (label(), "01  Flat");
 
@@ -379,6 +381,17 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_TRUE (rig.editor->hasKeyboardFocus (false));
     EXPECT_NE (selector.getAccessibilityHandler(), nullptr);
     EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
+}
+
+TEST (KestrelEditor, ItsEndWithinAClickLeavesNoStepOpen)
+{
+    EditorRig rig;
+    rig.editor->getHeader().selectProgram (3); // something to undo
+    auto& scaffold = rig.editor->getScaffold();
+    scaffold.onLinkChanged = [&rig] { rig.editor.reset(); };
+    Mouse (scaffold.getGlobalPanel().getLink()).click ({ 5.0f, 5.0f });
+    EXPECT_EQ (rig.editor, nullptr);
+    EXPECT_TRUE (rig.processor.getCore().getHistory().undo());
 }
 
 TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)

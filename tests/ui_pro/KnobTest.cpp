@@ -1,5 +1,4 @@
 #include "tests/support/Mouse.h"
-#include "tests/support/RepaintWatch.h"
 
 #include "ui_pro/controls/knob/KnobControl.h"
 
@@ -134,29 +133,6 @@ TEST (Knob, AGestureNeverStaysOpen)
     recorded.mouse.down ({ 0.0f, 0.0f });
     recorded.knob.setVisible (false);
     EXPECT_EQ (recorded.take(), (Events { "start", "end" }));
-}
-
-TEST (Knob, RepaintsWhatChangedAndNothingElse)
-{
-    KnobControl knob;
-    RepaintWatch repaints (knob);
-    knob.setValue (0.25f);
-    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds().getUnion (knob.getValueBounds()));
-
-    knob.setValueText ("-12 dB");
-    repaints.takeArea();
-    knob.setValue (0.75f);
-    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds()) << "the text has not changed";
-    knob.setLabel ("GAIN");
-    EXPECT_EQ (repaints.takeArea(), knob.getLocalBounds());
-    repaints.takeCount();
-
-    knob.setValue (0.75f);
-    knob.setValueFromUser (0.75f);
-    knob.setValueText ("-12 dB");
-    knob.setLabel ("GAIN");
-
-    EXPECT_EQ (repaints.takeCount(), 0);
 }
 
 TEST (Knob, ScreenReadersAdjustItInOneGesture)
