@@ -123,6 +123,47 @@ TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
     EXPECT_EQ (meter(), playing);
 }
 
+TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)
+{
+    EditorRig rig;
+    auto& header = rig.editor->getHeader();
+    const auto late = [&rig] (const std::function<void()>& open)
+    {
+        rig.editor->grabKeyboardFocus();
+        rig.window.getPeer()->handleFocusLoss();
+        open();
+        rig.window.getPeer()->handleFocusGain();
+        pumpMessages (1);
+    };
+
+    late ([&] { header.getMenu().openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_EQ (header.getMenu().getPopup(), nullptr);
+
+    late ([&] { header.getPresetSelector().openBrowser(); });
+    EXPECT_TRUE (rig.window.pressKey ({ juce::KeyPress::spaceKey, {}, U' ' })) << "typed into the search";
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+
+    auto& oversampling = rig.editor->getFooter().getOversampling();
+    late ([&] { oversampling.openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_EQ (oversampling.getPopup(), nullptr);
+
+    late ([&] { rig.editor->openSupport(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+}
+
+TEST (KestrelEditor, ItsEndWithinAClickLeavesNoStepOpen)
+{
+    EditorRig rig;
+    rig.editor->getHeader().selectProgram (3); // something to undo
+    auto& scaffold = rig.editor->getScaffold();
+    scaffold.onLinkChanged = [&rig] { rig.editor.reset(); };
+    Mouse (scaffold.getGlobalPanel().getLink()).click ({ 5.0f, 5.0f });
+    EXPECT_EQ (rig.editor, nullptr);
+    EXPECT_TRUE (rig.processor.getCore().getHistory().undo());
+}
+
 TEST (KestrelEditor, AnUnknownHostIsToldByItsFile)
 {
     const ResourceManifest manifest (juce::String {});
