@@ -169,6 +169,8 @@ TEST_F (DropDownListTest, APressBesideItOnlyClosesAndOneOnADeadLineDoesNothing)
     list.open (items());
     window.click (middleOf (list, "Off"));
     window.click (middleOf (list, "first"));
+    window.sendMouse (middleOf (list, "Alpha"), juce::ModifierKeys::rightButtonModifier);
+    window.moveMouse (middleOf (list, "Alpha"));
     EXPECT_TRUE (list.isOpen());
     window.moveMouse (middleOf (list, "Beta"));
     EXPECT_EQ (highlighted(), "Beta");
@@ -244,6 +246,9 @@ TEST_F (DropDownListTest, SpeaksToScreenReaders)
     EXPECT_TRUE (beta->getCurrentState().isChecked());
     press (Key::downKey);
     EXPECT_TRUE (findTitled (list, "Bravo")->getAccessibilityHandler()->hasFocus (false));
+    findTitled (list, "first")->getAccessibilityHandler()->getActions().invoke (juce::AccessibilityActionType::press);
+    pumpMessages (1);
+    EXPECT_TRUE (list.isOpen()) << "a heading";
     beta->getActions().invoke (juce::AccessibilityActionType::focus);
     EXPECT_EQ (highlighted(), "Beta");
     beta->getActions().invoke (juce::AccessibilityActionType::press);

@@ -89,7 +89,9 @@ TEST_F (SlideInOverlayTest, LendsItselfTheKeyboardThroughAChangeOfContent)
     open (first);
     overlay.show (&second);
     advance (160);
-    EXPECT_TRUE (overlay.hasKeyboardFocus (true));
+    EXPECT_TRUE (overlay.hasKeyboardFocus (false));
+    EXPECT_TRUE (window.pressKey (juce::KeyPress (juce::KeyPress::tabKey)));
+    EXPECT_TRUE (second.hasKeyboardFocus (false)) << "on its way in, too";
     advance (200);
     EXPECT_TRUE (second.hasKeyboardFocus (false));
     overlay.close();

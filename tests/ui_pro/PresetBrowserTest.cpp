@@ -160,6 +160,17 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "the host's again";
 }
 
+/** As when the system gives a clicked window its keyboard late, and the window hands it to what had it last. */
+TEST (PresetBrowser, TakesTheKeyboardAgainFromWhatIsBehindIt)
+{
+    Rig rig;
+    rig.selector->openBrowser();
+    pumpMessages (1);
+    rig.selector->getComponentAt (150, 16)->grabKeyboardFocus();
+    pumpMessages (20);
+    EXPECT_TRUE (rig.popup().hasKeyboardFocus (true));
+}
+
 TEST (PresetBrowser, FiltersByMouseAndByKeys)
 {
     Rig rig;

@@ -201,9 +201,12 @@ TEST (EditorWindow, EveryControlIsReachedByTheTabKey)
     for (const auto& title : tabStops())
     {
         rig.window->press ("Tab");
-        auto* const focused = juce::Component::getCurrentlyFocusedComponent();
-        ASSERT_NE (focused, nullptr) << title;
-        ASSERT_EQ (focused->getTitle(), title);
+        const auto isThere = [&title]
+        {
+            auto* const focused = juce::Component::getCurrentlyFocusedComponent();
+            return focused != nullptr && focused->getTitle() == title;
+        };
+        ASSERT_TRUE (pumpMessagesUntil (isThere, 2000)) << title;
     }
 
     EXPECT_TRUE (rig.window->keys.isEmpty()) << "the host gets none of these";
