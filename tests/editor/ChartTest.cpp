@@ -9,7 +9,6 @@
 #include "tests/support/ProcessorRig.h"
 #include "tests/support/RepaintWatch.h"
 #include "tests/support/Signals.h"
-#include "ui_pro/controls/chart/CurvePainter.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
 
 #include <gtest/gtest.h>
@@ -292,26 +291,6 @@ TEST (ChartView, AMovedPointerRepaintsWhatItTellsAndNoMore)
             EXPECT_EQ (countDifferentPixels (before, outside, 0), 0) << at.toString() << " at " << scale;
             before = now;
         }
-    }
-}
-
-TEST (ResponsePath, NeedsFewPointsAndMissesNoneByMuch)
-{
-    using namespace quillon::ui_pro::controls;
-    std::vector<juce::Point<float>> points;
-    for (int i = 0; i < 281; ++i)
-        points.push_back ({ 3.9f * static_cast<float> (i),
-            100.0f - 60.0f * std::exp (-0.002f * static_cast<float> ((i - 140) * (i - 140))) });
-
-    const auto kept = thinCurve (points, 0.05f);
-    EXPECT_LT (kept.size(), 120u);
-
-    for (const auto& point : points)
-    {
-        const auto right = std::find_if (kept.begin() + 1, kept.end(), [&] (auto p) { return p.x >= point.x; });
-        const auto left = right[-1];
-        const auto y = left.y + (right->y - left.y) * (point.x - left.x) / (right->x - left.x);
-        EXPECT_NEAR (y, point.y, 0.051f);
     }
 }
 

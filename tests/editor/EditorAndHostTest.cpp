@@ -73,14 +73,7 @@ TEST (KestrelEditor, ARightClickOnANodeOpensTheHostsMenuAndMovesNothing)
     const auto at = [&] (int x, int y) // in design pixels; the window opens at half of them
     { return rig.editor->getControlParameterIndex (*rig.editor->getComponentAt (x / 2, y / 2)); };
     EXPECT_EQ (at (328 + 59, 78 + 537 + 24 + 60), static_cast<int> (indexOf (Parameter::sub)));
-    EXPECT_EQ (at (44 + 13, 156 + 13), static_cast<int> (indexOf (Parameter::laneABypass)));
     EXPECT_EQ (at (60, 34), -1) << "the logo";
-
-    for (auto* control :
-        std::initializer_list<juce::Component*> { &rig.editor->getScaffold().getGlobalPanel().getTrimKnob(),
-            &rig.editor->getScaffold().getGlobalPanel().getBypass(),
-            &rig.editor->getScaffold().getInputOutputPanel().getOutput().getAutoGain() })
-        EXPECT_GT (rig.editor->getControlParameterIndex (*control), 0);
 }
 
 TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
@@ -128,6 +121,47 @@ TEST (KestrelEditor, MetersAndSpectraEndWithTheAudio)
     rig.processor.setCurrentProgram (0);
     play();
     EXPECT_EQ (meter(), playing);
+}
+
+TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)
+{
+    EditorRig rig;
+    auto& header = rig.editor->getHeader();
+    const auto late = [&rig] (const std::function<void()>& open)
+    {
+        rig.editor->grabKeyboardFocus();
+        rig.window.getPeer()->handleFocusLoss();
+        open();
+        rig.window.getPeer()->handleFocusGain();
+        pumpMessages (1);
+    };
+
+    late ([&] { header.getMenu().openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_EQ (header.getMenu().getPopup(), nullptr);
+
+    late ([&] { header.getPresetSelector().openBrowser(); });
+    EXPECT_TRUE (rig.window.pressKey ({ juce::KeyPress::spaceKey, {}, U' ' })) << "typed into the search";
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+
+    auto& oversampling = rig.editor->getFooter().getOversampling();
+    late ([&] { oversampling.openPopup(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+    EXPECT_EQ (oversampling.getPopup(), nullptr);
+
+    late ([&] { rig.editor->openSupport(); });
+    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
+}
+
+TEST (KestrelEditor, ItsEndWithinAClickLeavesNoStepOpen)
+{
+    EditorRig rig;
+    rig.editor->getHeader().selectProgram (3); // something to undo
+    auto& scaffold = rig.editor->getScaffold();
+    scaffold.onLinkChanged = [&rig] { rig.editor.reset(); };
+    Mouse (scaffold.getGlobalPanel().getLink()).click ({ 5.0f, 5.0f });
+    EXPECT_EQ (rig.editor, nullptr);
+    EXPECT_TRUE (rig.processor.getCore().getHistory().undo());
 }
 
 TEST (KestrelEditor, AnUnknownHostIsToldByItsFile)

@@ -167,22 +167,13 @@ TEST (KestrelEditor, ProgramsWrapAround)
     EditorRig rig;
     auto& selector = rig.editor->getHeader().getPresetSelector();
     const auto parts = controls::PresetSelector::Parts::within (selector.getLocalBounds());
-    const auto click = [&] (juce::Rectangle<int> part)
-    {
-        rig.window.click (rig.window.getLocalPoint (&selector, part.getCentre()));
-        rig.tick();
-    };
-
-    click (parts.previous);
+    rig.click (selector, parts.previous.getCentre());
+    rig.tick();
     EXPECT_EQ (selector.getCurrentLabel(), "06  Lo-Fi Crunch");
-    EXPECT_EQ (rig.get ("breakMode"), 1.0f);
-    click (parts.next);
+    rig.click (selector, parts.next.getCentre());
+    rig.tick();
     EXPECT_EQ (selector.getCurrentLabel(), "01  Flat");
     EXPECT_EQ (rig.steps()[0], "Load preset: Flat");
-
-    rig.processor.setCurrentProgram (2); // the host
-    rig.tick();
-    EXPECT_EQ (selector.getCurrentLabel(), "03  Bass Boost");
 }
 
 TEST (KestrelEditor, TheLabelTellsWhatSounds)
@@ -245,6 +236,8 @@ TEST (KestrelEditor, TheLabelTellsWhatSounds)
     rig.press ('z', command);
     EXPECT_EQ (label(), "06  Lo-Fi Crunch");
     EXPECT_EQ (control.getSlot(), controls::ABSlot::B);
+    EXPECT_FALSE (control.getButton (controls::ToolPair::Part::first).getToggleState());
+    EXPECT_TRUE (control.getButton (controls::ToolPair::Part::second).getToggleState());
     rig.press ('z', command);
     EXPECT_EQ (label(), "01  Flat");
 
@@ -367,8 +360,6 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_EQ (rig.processor.getCurrentProgram(), 3);
     EXPECT_EQ (selector.getAccessibilityHandler(), nullptr);
     EXPECT_EQ (rig.editor->getLane (0).getKnob (0).getAccessibilityHandler(), nullptr);
-    const auto buttons = panel->getAccessibilityHandler()->getChildren();
-    EXPECT_GE (buttons.size(), 12u);
     rig.editor->setSize (1672, 858);
     EXPECT_EQ (panel->getBounds(), rig.editor->getLocalBounds());
 
@@ -379,36 +370,6 @@ TEST (KestrelEditor, OpensSupportAndClosesItWithEscape)
     EXPECT_TRUE (rig.editor->hasKeyboardFocus (false));
     EXPECT_NE (selector.getAccessibilityHandler(), nullptr);
     EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier));
-}
-
-TEST (KestrelEditor, APopupKeepsTheKeyboardWhenTheWindowIsToldLateThatItHasIt)
-{
-    EditorRig rig;
-    auto& header = rig.editor->getHeader();
-    const auto late = [&rig] (const std::function<void()>& open)
-    {
-        rig.editor->grabKeyboardFocus();
-        rig.window.getPeer()->handleFocusLoss();
-        open();
-        rig.window.getPeer()->handleFocusGain();
-        pumpMessages (1);
-    };
-
-    late ([&] { header.getMenu().openPopup(); });
-    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
-    EXPECT_EQ (header.getMenu().getPopup(), nullptr);
-
-    late ([&] { header.getPresetSelector().openBrowser(); });
-    EXPECT_TRUE (rig.window.pressKey ({ juce::KeyPress::spaceKey, {}, U' ' })) << "typed into the search";
-    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
-
-    auto& oversampling = rig.editor->getFooter().getOversampling();
-    late ([&] { oversampling.openPopup(); });
-    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
-    EXPECT_EQ (oversampling.getPopup(), nullptr);
-
-    late ([&] { rig.editor->openSupport(); });
-    EXPECT_TRUE (rig.press (juce::KeyPress::escapeKey, 0));
 }
 
 } // namespace

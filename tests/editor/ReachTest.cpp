@@ -1,5 +1,4 @@
 #include "tests/editor/ControlTable.h"
-#include "tests/editor/UsedRig.h"
 #include "tests/support/Components.h"
 
 #include "ui_pro/primitives/FaceButton.h"
@@ -15,7 +14,7 @@ using quillon::ui_pro::controls::KnobControl;
 using quillon::ui_pro::primitives::FaceButton;
 
 /** An editor that shows both lanes. */
-struct WideRig : UsedRig
+struct WideRig : EditorRig
 {
     WideRig()
     {
@@ -88,37 +87,6 @@ TEST (Reach, EveryKnobTakesByVoiceWhatItShows)
     }
 
     EXPECT_TRUE (rig.press ('z', juce::ModifierKeys::ctrlModifier)) << "a step like any other";
-}
-
-TEST (Reach, EveryNodeIsWorkedByMouseAndByKeysAndTellsItsValue)
-{
-    WideRig rig;
-
-    for (const auto& [lane, node, moved] : nodeRows())
-    {
-        SCOPED_TRACE (infoOf (moved).id);
-        auto& chart = rig.editor->getLane (lane).getChart();
-        const auto before = rig.get (infoOf (moved).id);
-        rig.pressAt (rig.placeOfNode (lane, node));
-        rig.moveBy (0, -20);
-        rig.check();
-        const auto dragged = rig.get (infoOf (moved).id);
-        EXPECT_GT (dragged, before + 0.1f);
-
-        rig.editor->grabKeyboardFocus();
-        for (int i = 0; i < 60 && ! chart.hasKeyboardFocus (false); ++i)
-            rig.press (juce::KeyPress::tabKey, 0);
-        while (chart.getFocusedNode() != node)
-            ASSERT_TRUE (rig.press (juce::KeyPress::rightKey, 0));
-        EXPECT_TRUE (rig.press (juce::KeyPress::upKey, 0));
-        EXPECT_NEAR (rig.get (infoOf (moved).id), dragged + 0.01f, 1e-5f);
-        EXPECT_FALSE (rig.press (juce::KeyPress::spaceKey, 0)) << "the host's";
-
-        const auto told = chart.getAccessibilityHandler()->getValueInterface()->getCurrentValueAsString();
-        EXPECT_TRUE (told.startsWith (
-            juce::String (laneKnobs[node].caption) + " " + rig.parameter (infoOf (moved).id).getCurrentValueAsText()))
-            << told;
-    }
 }
 
 TEST (Reach, TheTabKeyGoesToEveryButtonAsTheEyeGoesAndAClickTakesTheFocusToNone)

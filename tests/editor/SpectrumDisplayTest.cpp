@@ -1,5 +1,4 @@
 #include "editor/chart/SpectrumDisplay.h"
-#include "editor/chart/LaneAxes.h"
 
 #include <gtest/gtest.h>
 
@@ -10,21 +9,6 @@ namespace kestreleq::test
 {
 namespace
 {
-
-TEST (LaneAxes, LeaveTheLabelsTheirMarginsAndStopAtTheirEnds)
-{
-    const auto axes = makeLaneAxes (1120, 196);
-    EXPECT_EQ (axes.plot.getWidth(), 1089.0f);
-    EXPECT_EQ (axes.plot.getHeight(), 177.0f);
-    EXPECT_EQ (axes.xFor (1.0), axes.plot.getX());
-    EXPECT_EQ (axes.xFor (1e6), axes.plot.getRight());
-    EXPECT_NEAR (axes.xFor (std::sqrt (20.0 * 40000.0)), axes.plot.getCentreX(), 0.01f);
-    EXPECT_NEAR (axes.frequencyAt (axes.xFor (1234.0)), 1234.0, 0.1);
-    EXPECT_EQ (axes.yFor (30.0), axes.plot.getY());
-    EXPECT_EQ (axes.yFor (-18.0), axes.plot.getBottom());
-    EXPECT_NEAR (axes.yFor (9.0), axes.plot.getY() + axes.plot.getHeight() * 0.25f, 0.01f);
-    EXPECT_TRUE (makeLaneAxes (5, 5).plot.isEmpty());
-}
 
 TEST (SpectrumDisplay, RisesAtOnceAndFallsInItsTime)
 {

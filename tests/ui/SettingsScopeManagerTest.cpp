@@ -88,25 +88,6 @@ protected:
     const juce::File file = options.getDefaultFile();
 };
 
-TEST_F (SettingsScopeManagerTest, ReadsTheScopeOfTheFileInForce)
-{
-    EXPECT_FALSE (manager().isPerPluginScope());
-
-    for (const auto value : { 1, 2, 1, 0 })
-    {
-        write (value);
-        manager().setFileOptions (options);
-        EXPECT_EQ (manager().isPerPluginScope(), value == 1);
-    }
-
-    write (1);
-    SettingsScopeManager::setDefaultFileOptions (optionsIn (folder.getChildFile ("late"))); // ignored: there is one
-    deleteManager();
-    EXPECT_TRUE (manager().isPerPluginScope());
-    manager().setFileOptions (optionsIn (folder.getChildFile ("none")));
-    EXPECT_TRUE (manager().isPerPluginScope());
-}
-
 TEST_F (SettingsScopeManagerTest, NamesThePlacesOfAClient)
 {
     SettingsScopeManager::Options client;
@@ -128,28 +109,6 @@ TEST_F (SettingsScopeManagerTest, NamesThePlacesOfAClient)
     EXPECT_EQ (places(), "App-KestrelEQ Folder/App-KestrelEQ");
     manager().setPerPluginScope (false);
     EXPECT_EQ (places(), "App Folder/App Folder/App-KestrelEQ");
-}
-
-TEST_F (SettingsScopeManagerTest, NotifiesOfChangesOnly)
-{
-    int calls = 0;
-    EXPECT_EQ (manager().addListener ({}), 0);
-    EXPECT_EQ (manager().addListener ([&] { ++calls; }), 1);
-    EXPECT_EQ (manager().addListener ([&] { calls += 10; }), 2);
-
-    manager().setContext ("A");
-    manager().setContext ("A");
-    EXPECT_EQ (calls, 11);
-    manager().setPerPluginScope (true);
-    manager().setPerPluginScope (true);
-    EXPECT_EQ (calls, 22);
-
-    for (const auto id : { 0, 99, 1 })
-        manager().removeListener (id);
-
-    manager().setContext ("B");
-    EXPECT_EQ (calls, 32);
-    EXPECT_EQ (manager().addListener ([] {}), 3);
 }
 
 TEST_F (SettingsScopeManagerTest, RepeatsThePassForListenersThatChangeThings)

@@ -72,12 +72,13 @@ TEST (Knob, ADragIsVerticalAndStopsAtTheEnds)
     mouse.down ({ 10.0f, 100.0f }, juce::ModifierKeys::rightButtonModifier);
     mouse.drag ({ 300.0f, 100.0f });
     mouse.drag ({ 10.0f, 65.0f });
+    mouse.drag ({ 10.0f, 72.0f });
     mouse.drag ({ 10.0f, -100.0f });
     mouse.drag ({ 10.0f, -140.0f });
     mouse.drag ({ 10.0f, 1000.0f });
     mouse.up ({ 10.0f, 1000.0f });
     mouse.drag ({ 10.0f, 0.0f });
-    EXPECT_EQ (recorded.take(), (Events { "start", "75", "100", "0", "end" }));
+    EXPECT_EQ (recorded.take(), (Events { "start", "75", "70", "100", "0", "end" }));
 
     recorded.knob.setEnabled (false);
     mouse.down ({ 10.0f, 100.0f });
@@ -136,27 +137,16 @@ TEST (Knob, AGestureNeverStaysOpen)
     EXPECT_EQ (recorded.take(), (Events { "start", "end" }));
 }
 
-TEST (Knob, RepaintsWhatChangedAndNothingElse)
+TEST (Knob, RepaintsItsNumberWhenThatHasChanged)
 {
     KnobControl knob;
     RepaintWatch repaints (knob);
     knob.setValue (0.25f);
     EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds().getUnion (knob.getValueBounds()));
-
     knob.setValueText ("-12 dB");
     repaints.takeArea();
     knob.setValue (0.75f);
-    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds()) << "the text has not changed";
-    knob.setLabel ("GAIN");
-    EXPECT_EQ (repaints.takeArea(), knob.getLocalBounds());
-    repaints.takeCount();
-
-    knob.setValue (0.75f);
-    knob.setValueFromUser (0.75f);
-    knob.setValueText ("-12 dB");
-    knob.setLabel ("GAIN");
-
-    EXPECT_EQ (repaints.takeCount(), 0);
+    EXPECT_EQ (repaints.takeArea(), knob.getKnobBounds());
 }
 
 TEST (Knob, ScreenReadersAdjustItInOneGesture)

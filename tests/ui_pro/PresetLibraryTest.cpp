@@ -23,26 +23,6 @@ PresetEntry named (int id, const char* name, bool isLoaded = false)
     return entry;
 }
 
-TEST (PresetLibrary, CleansItsEntriesAndKeepsOneLoaded)
-{
-    PresetLibrary library;
-    auto blank = named (7, " \t ", true);
-    blank.author = "  Somebody ";
-    blank.tags = { "  ", " wide ", "" };
-    EXPECT_TRUE (library.setEntries ({ blank, named (-3, "Hidden", true), named (4, "Other", true) }));
-
-    const auto& entry = *library.find (7);
-    EXPECT_EQ (entry.name, "Untitled");
-    EXPECT_EQ (entry.author, "Somebody");
-    EXPECT_EQ (entry.tags, juce::StringArray ("wide"));
-    EXPECT_FALSE (entry.isLoaded);
-    EXPECT_EQ (library.getSelectedId(), 4);
-    EXPECT_EQ (library.getVisibleIds(), (Ids { 4, 7 })) << "a negative number is no preset";
-
-    library.setCurrent (6, 6, "Flat");
-    EXPECT_EQ (library.getCurrentLabel(), "--  No Preset");
-}
-
 TEST (PresetLibrary, FiltersBySearchCollectionCategoryAndAuthor)
 {
     PresetLibrary library;

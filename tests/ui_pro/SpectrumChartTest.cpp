@@ -1,7 +1,6 @@
 #include "tests/support/Pictures.h"
 #include "tests/support/RepaintWatch.h"
 
-#include "ui_pro/controls/chart/SpectrumAxes.h"
 #include "ui_pro/controls/chart/SpectrumChartComponent.h"
 #include "ui_pro/controls/chart/SpectrumChartFrame.h"
 #include "ui_pro/controls/chart/SpectrumPainter.h"
@@ -9,8 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cmath>
-#include <limits>
 
 namespace kestreleq::test
 {
@@ -19,68 +16,9 @@ namespace
 
 using namespace quillon::ui_pro::controls;
 
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
-
 SpectrumChartSnapshot flat (float db, std::uint64_t bins = 64)
 {
     return { true, 48000.0, bins, 0, [db] (std::uint64_t) { return db; } };
-}
-
-TEST (SpectrumAxes, PlacesFrequenciesAndLevels)
-{
-    const juce::Rectangle<float> area (10.0f, 20.0f, 300.0f, 108.0f);
-
-    for (const auto nowhere : { 0.0, -5.0, static_cast<double> (nan), 20.0, 3.0 })
-        EXPECT_EQ (frequencyToX (nowhere, area), 10.0f) << nowhere;
-
-    EXPECT_EQ (frequencyToX (40000.0, area), 310.0f);
-    EXPECT_NEAR (frequencyToX (632.4555, area), 160.0f, 1e-3f);
-
-    EXPECT_EQ (dbToY (24.0f, area, -84.0f, 24.0f), 20.0f);
-    EXPECT_EQ (dbToY (0.0f, area, -84.0f, 24.0f), 44.0f);
-    EXPECT_EQ (dbToY (nan, area, -84.0f, 24.0f), 128.0f);
-    EXPECT_EQ (dbToY (std::numeric_limits<float>::infinity(), area, -84.0f, 24.0f), 20.0f);
-
-    EXPECT_EQ (binFrequency (0, 1), 20.0);
-    EXPECT_NEAR (binFrequency (1, 3), 632.4555, 1e-3);
-    EXPECT_NEAR (binFrequency (511, 512), 20000.0, 1e-6);
-}
-
-/** The row of the strongest pixel of a column: the trace on a chart without a grid. */
-int traceRow (const juce::Image& picture, int x)
-{
-    int best = 0;
-
-    for (int y = 0; y < picture.getHeight(); ++y)
-        if (picture.getPixelAt (x, y).getAlpha() > picture.getPixelAt (x, best).getAlpha())
-            best = y;
-
-    return best;
-}
-
-TEST (SpectrumChart, DrawsTheTraceAndItsFillWhereTheyBelong)
-{
-    SpectrumChartComponent chart;
-    chart.setSize (200, 108);
-    chart.setVisibility ({ false, true, true });
-    chart.setSnapshot (flat (-30.5f));
-    auto picture = paintPicture (chart);
-    EXPECT_EQ (traceRow (picture, 100), 54);
-    EXPECT_EQ (picture.getPixelAt (100, 40).getAlpha(), 0);
-    EXPECT_GT (picture.getPixelAt (100, 60).getAlpha(), picture.getPixelAt (100, 100).getAlpha());
-    EXPECT_GT (picture.getPixelAt (100, 100).getAlpha(), 0);
-
-    // As a difference the fill lies between the curve and the centre, and the end fades out.
-    chart.setSpectrumScale (false);
-    chart.setSnapshot (flat (-9.2f, 512));
-    picture = paintPicture (chart);
-    EXPECT_EQ (traceRow (picture, 100), 81);
-    EXPECT_GT (picture.getPixelAt (100, 65).getAlpha(), 0);
-    EXPECT_EQ (picture.getPixelAt (100, 95).getAlpha(), 0);
-    EXPECT_LT (traceRow (picture, 199), 75);
-
-    chart.setFill (false);
-    EXPECT_EQ (paintPicture (chart).getPixelAt (100, 65).getAlpha(), 0);
 }
 
 TEST (SpectrumChart, RepaintsForANewPictureOnly)
@@ -91,28 +29,12 @@ TEST (SpectrumChart, RepaintsForANewPictureOnly)
 
     chart.setSnapshot (flat (-84.0f));
     chart.setSnapshot ({});
-    chart.setLineWidthScale (1.0f);
-    chart.setTraceConfig ({});
-    chart.clearExtraTraces();
     EXPECT_EQ (watch.takeCount(), 0) << "it waits for audio all the time";
 
     chart.setSnapshot (flat (-20.0f));
     EXPECT_EQ (watch.takeCount(), 1);
     chart.setSnapshot (flat (-20.0f));
     EXPECT_EQ (watch.takeCount(), 0);
-    auto asked = 0;
-    const auto ask = [&asked] (std::uint64_t)
-    {
-        ++asked;
-        return -20.0f;
-    };
-    chart.setSnapshot ({ true, 48000.0, 64, 0, ask });
-    paintPicture (chart);
-    EXPECT_EQ (asked, 64) << "once for every bin";
-    chart.setLineWidthScale (0.1f);
-    EXPECT_EQ (chart.getLineWidthScale(), 0.25f);
-    chart.setExtraTraces ({ { "", juce::Colours::red, 1.0f, [] (std::uint64_t) { return -3.0f; } } });
-    EXPECT_EQ (watch.takeCount(), 2);
 }
 
 /** Nothing but the lines of a grid, in opaque white. */
