@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <random>
@@ -77,15 +78,9 @@ TEST (Conformance, OpensAndClosesInAnyOrder)
     EXPECT_GE (module.getFactory()->release(), 1u);
 }
 
-TEST (Conformance, TellsWhoMadeItAndWhatItLooksLike)
+TEST (Conformance, TellsWhatItLooksLike)
 {
     Vst3Module module;
-    PFactoryInfo maker;
-    EXPECT_EQ (module.getFactory()->getFactoryInfo (&maker), kResultOk);
-    EXPECT_STREQ (maker.vendor, "Quillon");
-    EXPECT_STREQ (maker.url, "https://quillon.example/en");
-    EXPECT_STREQ (maker.email, "support@quillon.example");
-
     PClassInfo effect;
     EXPECT_EQ (module.getFactory()->getClassInfo (0, &effect), kResultOk);
     const auto id = juce::String::toHexString (effect.cid, sizeof (effect.cid), 0).toUpperCase();
@@ -105,53 +100,39 @@ TEST (Conformance, StandsCallsInAnyOrder)
     bool finite = true;
     auto prepared = 1024; // what the module's wrapper starts with
 
-    for (int i = 0; i < 3000; ++i)
+    const auto oneOf = [&random] (unsigned count) { return static_cast<int> (random() % count); };
+    const auto playNoise = [&]
     {
-        switch (random() % 11)
-        {
-            case 0:
-                prepared = 1 + static_cast<int> (random() % 4096);
-                instance.setUp (8000.0 * static_cast<double> (1 + random() % 96), prepared);
-                break;
-            case 1:
-                instance.setUp (random() % 2 == 0 ? 0.0 : std::numeric_limits<double>::quiet_NaN(), prepared);
-                break;
-            case 2:
-                instance.component->setActive (random() % 2 == 0);
-                break;
-            case 3:
-                instance.processor->setProcessing (random() % 2 == 0);
-                break;
-            case 4:
-                EXPECT_FALSE (instance.save().empty());
-                break;
-            case 5:
-                instance.restore (random() % 2 == 0 ? state : std::vector<char> (random() % 100, 'x'));
-                break;
-            case 6:
-                instance.component->activateBus (Vst::kAudio, random() % 2 == 0 ? Vst::kInput : Vst::kOutput, 0, true);
-                break;
-            case 7:
-            {
-                ParameterChanges changes;
-                changes.add (12345, 0.5); // none of ours
+        left = right = whiteNoise (static_cast<std::uint32_t> (random()), 4096, 0.5);
+        instance.process (left.data(), right.data(), oneOf (static_cast<unsigned> (prepared) + 1));
+        finite &= allFinite (left) && allFinite (right);
+    };
+    const auto automateAll = [&]
+    {
+        ParameterChanges changes;
+        changes.add (12345, 0.5); // none of ours
 
-                for (const auto& info : parameters)
-                    changes.add (info.id, static_cast<double> (random() % 1025) / 1024.0);
+        for (const auto& info : parameters)
+            changes.add (info.id, oneOf (1025) / 1024.0);
 
-                instance.process (nullptr, nullptr, 0, &changes);
-                break;
-            }
-            default:
-            {
-                left = whiteNoise (static_cast<std::uint32_t> (i), 4096, 0.5);
-                right = left;
-                instance.process (
-                    left.data(), right.data(), static_cast<int> (random() % static_cast<unsigned> (prepared + 1)));
-                finite &= allFinite (left) && allFinite (right);
-            }
-        }
-    }
+        instance.process (nullptr, nullptr, 0, &changes);
+    };
+    const std::function<void()> calls[] {
+        [&] { instance.setUp (8000.0 * (1 + oneOf (96)), prepared = 1 + oneOf (4096)); },
+        [&] { instance.setUp (oneOf (2) == 0 ? 0.0 : std::numeric_limits<double>::quiet_NaN(), prepared); },
+        [&] { instance.component->setActive (oneOf (2) == 0); },
+        [&] { instance.processor->setProcessing (oneOf (2) == 0); },
+        [&] { EXPECT_FALSE (instance.save().empty()); },
+        [&] { instance.restore (oneOf (2) == 0 ? state : std::vector<char> (random() % 100, 'x')); },
+        [&] { instance.component->activateBus (Vst::kAudio, oneOf (2) == 0 ? Vst::kInput : Vst::kOutput, 0, true); },
+        automateAll,
+        playNoise,
+        playNoise,
+        playNoise,
+    };
+
+    for (int i = 0; i < 3000; ++i)
+        calls[random() % std::size (calls)]();
 
     EXPECT_TRUE (finite);
     instance.start (48000.0, 512);
