@@ -19,8 +19,9 @@ struct MeasuredResponse
 {
     MeasuredResponse (const dsp::LaneParameters& lane, double sampleRate)
         : rate (sampleRate),
-          signal (impulse (static_cast<int> (sampleRate / 2.0)))
+          signal (static_cast<std::size_t> (sampleRate / 2.0))
     {
+        signal[0] = 1.0f;
         engine.prepare (rate);
         engine.setParameters ({ .lanes = { lane, lane } });
         auto other = signal;

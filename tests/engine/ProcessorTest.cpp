@@ -73,28 +73,6 @@ TEST (Processor, MeasuresLevelsByMode)
     EXPECT_EQ (rig.processor.getInputLevels()[1], -120.0f);
 }
 
-TEST (Processor, SilencesBlocksBeforeItIsPrepared)
-{
-    KestrelProcessor processor;
-    juce::MidiBuffer midi;
-    juce::AudioBuffer<float> buffer (2, 64);
-
-    for (const auto& [rate, size] : { std::pair { 0.0, 64 }, std::pair { -1.0, 64 }, std::pair { 48000.0, 0 },
-             std::pair { std::numeric_limits<double>::quiet_NaN(), 64 },
-             std::pair { std::numeric_limits<double>::infinity(), 64 } })
-    {
-        processor.prepareToPlay (rate, size);
-        juce::FloatVectorOperations::fill (buffer.getWritePointer (0), 0.5f, 64);
-        processor.processBlock (buffer, midi);
-        EXPECT_EQ (buffer.getMagnitude (0, 64), 0.0f);
-        EXPECT_TRUE (buffer.hasBeenCleared());
-    }
-
-    processor.prepareToPlay (48000.0, 64);
-    processor.processBlock (buffer, midi);
-    EXPECT_FALSE (buffer.hasBeenCleared());
-}
-
 TEST (Processor, TakesMonoThroughBothLanes)
 {
     const auto noise = whiteNoise (11, 512, 0.25);
