@@ -123,4 +123,16 @@ inline std::vector<std::pair<juce::String, Parameter>> knobRows()
     return rows;
 }
 
+/** Every node of the charts. The Tab key goes to its chart, Right to it, and voice tells its value. */
+inline std::vector<std::tuple<std::size_t, std::size_t, Parameter>> nodeRows()
+{
+    std::vector<std::tuple<std::size_t, std::size_t, Parameter>> rows;
+
+    for (std::size_t lane = 0; lane < numLanes; ++lane)
+        for (std::size_t node = 0; node < ChartNodes::count; ++node)
+            rows.emplace_back (lane, node, onLane (laneKnobs[node].parameter, lane));
+
+    return rows;
+}
+
 } // namespace kestreleq::test

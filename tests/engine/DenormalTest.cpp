@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 
 #if defined(__SSE2__)
@@ -15,30 +13,6 @@ namespace kestreleq::test
 {
 namespace
 {
-
-// Exactly, and on every processor: neither a dying filter nor what is hardly there lets a denormal out, whatever the
-// host's own setting, which is left as it was.
-TEST (Denormals, NoneComesOut)
-{
-    ProcessorRig rig;
-    rig.processor.setCurrentProgram (5);
-    rig.set ("airGain", 1.0f);
-    Stereo audio { whiteNoise (1, 4096, 0.9), whiteNoise (2, 4096, 0.9) };
-    rig.process (audio);
-
-    for (const auto input : { 1e-40f, 0.0f })
-    {
-        audio = { std::vector<float> (240000, input), std::vector<float> (240000, -input) };
-        rig.process (audio);
-
-        for (const auto& channel : audio)
-            EXPECT_TRUE (std::none_of (channel.begin(), channel.end(),
-                [] (float sample) { return std::fpclassify (sample) == FP_SUBNORMAL; }));
-    }
-
-    volatile auto tiny = std::numeric_limits<float>::min();
-    EXPECT_EQ (std::fpclassify (tiny / 2.0f), FP_SUBNORMAL) << "the host's setting has changed";
-}
 
 #if defined(__SSE2__)
 

@@ -7,9 +7,7 @@
 
 #include <atomic>
 #include <chrono>
-#include <cmath>
 #include <malloc.h>
-#include <memory>
 #include <thread>
 
 namespace kestreleq::test

@@ -11,7 +11,6 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
-#include <memory>
 #include <mutex>
 #include <random>
 #include <string>

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -14,19 +13,6 @@ namespace kestreleq::test
 {
 namespace
 {
-
-/** Any text in the wrapper that a host hands over. */
-juce::MemoryBlock wrapped (const std::string& text)
-{
-    juce::MemoryBlock block;
-    juce::MemoryOutputStream out (block, false);
-    out.writeInt (0x21324356);
-    out.writeInt (static_cast<int> (text.size()));
-    out.write (text.data(), text.size());
-    out.writeByte (0);
-    out.flush();
-    return block;
-}
 
 /** What the audio thread reads. */
 float heard (ProcessorRig& rig, const char* id)

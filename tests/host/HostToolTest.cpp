@@ -169,14 +169,11 @@ TEST (HostTool, ASavedStateSoundsTheSameInAFreshProcess)
     const auto same = [&] (const char* extension)
     { return juce::File (work.path ("a") + extension).hasIdenticalContentTo (work.path ("b") + extension); };
 
-    EXPECT_EQ (render (work, "a.wav",
-                   { "--program", "5", "--set", "link=0", "--set", "subR=0.9", "--set", "msMode=1", "--set",
-                       "airGainR=0.37", "--save-state", work.path ("a.state") })
-                   .exitCode,
-        0);
-    EXPECT_EQ (
-        render (work, "b.wav", { "--state", work.path ("a.state"), "--save-state", work.path ("b.state") }).exitCode,
-        0);
+    const juce::StringArray odd { "--program", "5", "--set", "link=0", "--set", "subR=0.9", "--set", "msMode=1",
+        "--set", "airGainR=0.37", "--save-state", work.path ("a.state") };
+    EXPECT_EQ (render (work, "a.wav", odd).exitCode, 0);
+    const juce::StringArray again { "--state", work.path ("a.state"), "--save-state", work.path ("b.state") };
+    EXPECT_EQ (render (work, "b.wav", again).exitCode, 0);
     EXPECT_TRUE (same (".wav"));
     EXPECT_TRUE (same (".state"));
 

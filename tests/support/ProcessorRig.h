@@ -6,10 +6,24 @@
 #include <array>
 #include <random>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace kestreleq::test
 {
+
+/** Any text in the wrapper that a host hands over. */
+inline juce::MemoryBlock wrapped (std::string_view text)
+{
+    juce::MemoryBlock block;
+    juce::MemoryOutputStream out (block, false);
+    out.writeInt (0x21324356);
+    out.writeInt (static_cast<int> (text.size()));
+    out.write (text.data(), text.size());
+    out.writeByte (0);
+    out.flush();
+    return block;
+}
 
 /** Left and right. */
 using Stereo = std::array<std::vector<float>, 2>;

@@ -22,16 +22,7 @@
 namespace
 {
 
-struct Counters
-{
-    bool armed;
-    int allocations;
-    int locks;
-    int systemCalls;
-    long pageFaults; // of this thread before the guard
-};
-
-thread_local Counters counters;
+using kestreleq::test::counters;
 
 [[maybe_unused]] void countAllocation()
 {
@@ -111,35 +102,20 @@ extern "C"
         __libc_free (block);
     }
 
-    int pthread_mutex_lock (pthread_mutex_t* mutex)
-    {
-        return countLock ("pthread_mutex_lock", mutex);
+#define KESTREL_COUNT_LOCK(name, parameters, ...)                                                                      \
+    int name parameters                                                                                                \
+    {                                                                                                                  \
+        return countLock (#name, __VA_ARGS__);                                                                         \
     }
 
-    int pthread_rwlock_rdlock (pthread_rwlock_t* lock)
-    {
-        return countLock ("pthread_rwlock_rdlock", lock);
-    }
-
-    int pthread_rwlock_wrlock (pthread_rwlock_t* lock)
-    {
-        return countLock ("pthread_rwlock_wrlock", lock);
-    }
-
-    int pthread_cond_wait (pthread_cond_t* condition, pthread_mutex_t* mutex)
-    {
-        return countLock ("pthread_cond_wait", condition, mutex);
-    }
-
-    int sem_wait (sem_t* semaphore)
-    {
-        return countLock ("sem_wait", semaphore);
-    }
-
-    int nanosleep (const timespec* duration, timespec* remaining)
-    {
-        return countLock ("nanosleep", duration, remaining);
-    }
+    // clang-format off
+    KESTREL_COUNT_LOCK (pthread_mutex_lock, (pthread_mutex_t* mutex), mutex)
+    KESTREL_COUNT_LOCK (pthread_rwlock_rdlock, (pthread_rwlock_t* lock), lock)
+    KESTREL_COUNT_LOCK (pthread_rwlock_wrlock, (pthread_rwlock_t* lock), lock)
+    KESTREL_COUNT_LOCK (pthread_cond_wait, (pthread_cond_t* condition, pthread_mutex_t* mutex), condition, mutex)
+    KESTREL_COUNT_LOCK (sem_wait, (sem_t* semaphore), semaphore)
+    KESTREL_COUNT_LOCK (nanosleep, (const timespec* duration, timespec* remaining), duration, remaining)
+    // clang-format on
 
 #pragma GCC visibility pop
 }
@@ -217,21 +193,6 @@ RealTimeGuard::~RealTimeGuard()
 {
     blockSystemCalls (false);
     counters.armed = false;
-}
-
-int RealTimeGuard::allocations() const
-{
-    return counters.allocations;
-}
-
-int RealTimeGuard::locks() const
-{
-    return counters.locks;
-}
-
-int RealTimeGuard::systemCalls() const
-{
-    return counters.systemCalls;
 }
 
 int RealTimeGuard::pageFaults() const

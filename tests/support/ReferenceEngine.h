@@ -1,6 +1,5 @@
 #pragma once
 
-#include "tests/support/ReferenceEq.h"
 #include "tests/support/ReferenceFilters.h"
 
 #include <algorithm>
@@ -271,6 +270,74 @@ struct Engine
                 x[k] = lanes[k].output.step (x[k]) * lanes[k].outputGain;
 
         return { x[0], x[1] };
+    }
+};
+
+struct Rider
+{
+    double fs;
+    Real gainDb = 0.0L;
+    Real line = 1.0L; ///< where the applied gain is, or where its way to 0 dB began
+    int falling = 0;  ///< samples left of that way
+
+    int wayLength() const { return static_cast<int> (std::lround (0.005 * fs)); }
+
+    void run (double* left, double* right, int n, bool active)
+    {
+        if (falling == 0 && active)
+            return ride (left, right, n);
+
+        if (falling == 0 && line != 1.0L)
+            falling = wayLength();
+
+        gainDb = 0.0L;
+
+        for (auto i = 0; i < n && falling > 0; ++i)
+        {
+            --falling;
+            apply (1.0L - (1.0L - line) * falling / wayLength(), left[i], right[i]);
+        }
+
+        if (falling == 0)
+            line = 1.0L;
+    }
+
+    void ride (double* left, double* right, int n)
+    {
+        Real sum = 0.0L;
+        auto counted = 0;
+
+        for (const auto* channel : { left, right })
+            for (auto i = 0; i < n; ++i)
+                if (std::isfinite (channel[i]))
+                {
+                    sum += static_cast<Real> (channel[i]) * channel[i];
+                    ++counted;
+                }
+
+        const auto level = sum > 0.0L ? 10.0L * std::log10 (sum / counted) : -100.0L;
+
+        if (level > -80.0L)
+        {
+            const auto desired = std::clamp (-18.0L - level, -80.0L, 24.0L);
+            const auto reach = 6.0L * n / fs;
+            gainDb = std::clamp (desired, gainDb - reach, gainDb + reach);
+        }
+
+        const auto from = std::exchange (line, fromDb (gainDb));
+
+        for (auto i = 0; i < n; ++i)
+            apply (from + (line - from) * (i + 1) / n, left[i], right[i]);
+    }
+
+    /** The gain and its products are single precision by definition. */
+    static void apply (Real gain, double& left, double& right)
+    {
+        for (auto* sample : { &left, &right })
+        {
+            const auto product = static_cast<float> (*sample) * static_cast<float> (gain);
+            *sample = static_cast<double> (std::isfinite (product) ? product : 0.0f);
+        }
     }
 };
 } // namespace kestreleq::test::reference

@@ -1,110 +1,14 @@
 #include "tests/support/ReferenceEq.h"
-#include "tests/support/ReferenceEngine.h"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <utility>
 
 namespace kestreleq::test
 {
-namespace
-{
 using namespace reference;
 
-struct Rider
-{
-    double fs;
-    Real gainDb = 0.0L;
-    Real line = 1.0L; ///< where the applied gain is, or where its way to 0 dB began
-    int falling = 0;  ///< samples left of that way
-
-    int wayLength() const { return static_cast<int> (std::lround (0.005 * fs)); }
-
-    void run (double* left, double* right, int n, bool active)
-    {
-        if (falling == 0 && active)
-            return ride (left, right, n);
-
-        if (falling == 0 && line != 1.0L)
-            falling = wayLength();
-
-        gainDb = 0.0L;
-
-        for (auto i = 0; i < n && falling > 0; ++i)
-        {
-            --falling;
-            apply (1.0L - (1.0L - line) * falling / wayLength(), left[i], right[i]);
-        }
-
-        if (falling == 0)
-            line = 1.0L;
-    }
-
-    void ride (double* left, double* right, int n)
-    {
-        Real sum = 0.0L;
-        auto counted = 0;
-
-        for (const auto* channel : { left, right })
-            for (auto i = 0; i < n; ++i)
-                if (std::isfinite (channel[i]))
-                {
-                    sum += static_cast<Real> (channel[i]) * channel[i];
-                    ++counted;
-                }
-
-        const auto level = sum > 0.0L ? 10.0L * std::log10 (sum / counted) : -100.0L;
-
-        if (level > -80.0L)
-        {
-            const auto desired = std::clamp (-18.0L - level, -80.0L, 24.0L);
-            const auto reach = 6.0L * n / fs;
-            gainDb = std::clamp (desired, gainDb - reach, gainDb + reach);
-        }
-
-        const auto from = std::exchange (line, fromDb (gainDb));
-
-        for (auto i = 0; i < n; ++i)
-            apply (from + (line - from) * (i + 1) / n, left[i], right[i]);
-    }
-
-    /** The gain and its products are single precision by definition. */
-    static void apply (Real gain, double& left, double& right)
-    {
-        for (auto* sample : { &left, &right })
-        {
-            const auto product = static_cast<float> (*sample) * static_cast<float> (gain);
-            *sample = static_cast<double> (std::isfinite (product) ? product : 0.0f);
-        }
-    }
-};
-} // namespace
-
-struct ReferenceEq::State
-{
-    explicit State (double sampleRate)
-        : fs (sampleRate),
-          engine (fs),
-          inputRider { fs >= 8000.0 ? fs : 48000.0 },
-          outputRider { inputRider.fs }
-    {
-    }
-
-    void read (const ReferenceParameters& p);
-    void begin (int n);
-    void runEngine (double* left, double* right, int n);
-
-    double fs;
-    Engine engine;
-    std::optional<Engine> outgoing; ///< by the settings before, while the output goes over
-    int fadeLength = 0, faded = 0;
-    bool cosine = false, first = true;
-    Settings wanted;
-    Rider inputRider, outputRider;
-};
-
-void ReferenceEq::State::read (const ReferenceParameters& p)
+void ReferenceEq::read (const ReferenceParameters& p)
 {
     wanted.bypass = p.isOn ("bypass");
     wanted.link = p.isOn ("link");
@@ -134,7 +38,7 @@ void ReferenceEq::State::read (const ReferenceParameters& p)
 }
 
 /** Takes the settings at the beginning of a block of n, unless the last ones are still on their way. */
-void ReferenceEq::State::begin (int n)
+void ReferenceEq::begin (int n)
 {
     const auto switched = wanted.switches() != engine.settings.switches();
 
@@ -155,7 +59,7 @@ void ReferenceEq::State::begin (int n)
     engine.take (wanted);
 }
 
-void ReferenceEq::State::runEngine (double* left, double* right, int n)
+void ReferenceEq::runEngine (double* left, double* right, int n)
 {
     begin (n);
 
@@ -182,23 +86,24 @@ void ReferenceEq::State::runEngine (double* left, double* right, int n)
 }
 
 ReferenceEq::ReferenceEq (double sampleRate)
-    : state (std::make_unique<State> (sampleRate))
+    : fs (sampleRate),
+      engine (fs),
+      inputRider { fs >= 8000.0 ? fs : 48000.0 },
+      outputRider { inputRider.fs }
 {
 }
-
-ReferenceEq::~ReferenceEq() = default;
 
 void ReferenceEq::process (const ReferenceParameters& parameters, double* left, double* right, int n)
 {
     if (n < 1)
         return;
 
-    state->read (parameters);
-    const auto& now = state->wanted;
+    read (parameters);
+    const auto& now = wanted;
     const auto riding = ! (now.bypass || now.lanes[0].bypassed || now.lanes[1].bypassed);
-    state->inputRider.run (left, right, n, riding && parameters.isOn ("inAutoGain"));
-    state->runEngine (left, right, n);
-    state->outputRider.run (left, right, n, riding && parameters.isOn ("outAutoGain"));
+    inputRider.run (left, right, n, riding && parameters.isOn ("inAutoGain"));
+    runEngine (left, right, n);
+    outputRider.run (left, right, n, riding && parameters.isOn ("outAutoGain"));
 }
 
 } // namespace kestreleq::test

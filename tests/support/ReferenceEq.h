@@ -1,8 +1,9 @@
 #pragma once
 
+#include "tests/support/ReferenceEngine.h"
 #include "tests/support/ReferenceParameters.h"
 
-#include <memory>
+#include <optional>
 
 namespace kestreleq::test
 {
@@ -14,13 +15,21 @@ class ReferenceEq
 public:
     /** Sample rate in Hz. */
     explicit ReferenceEq (double sampleRate);
-    ~ReferenceEq();
 
     /** One host block of n samples in place; an empty one is not noticed. */
     void process (const ReferenceParameters& parameters, double* left, double* right, int n);
 
 private:
-    struct State;
-    std::unique_ptr<State> state;
+    void read (const ReferenceParameters& parameters);
+    void begin (int n);
+    void runEngine (double* left, double* right, int n);
+
+    double fs;
+    reference::Engine engine;
+    std::optional<reference::Engine> outgoing; ///< by the settings before, while the output goes over
+    int fadeLength = 0, faded = 0;
+    bool cosine = false, first = true;
+    reference::Settings wanted;
+    reference::Rider inputRider, outputRider;
 };
 } // namespace kestreleq::test

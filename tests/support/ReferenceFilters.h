@@ -4,7 +4,6 @@
 #include <cmath>
 #include <numbers>
 #include <span>
-#include <utility>
 
 /** The reference's filters: analogue prototypes, the bilinear map and the plain recursion, in long double. */
 namespace kestreleq::test::reference

@@ -88,11 +88,6 @@ std::vector<float> logSweep (double from, double to, double sampleRate, int coun
         });
 }
 
-std::vector<float> impulse (int count, int position, double amplitude)
-{
-    return generate (count, [=] (int i) { return i == position ? amplitude : 0.0; });
-}
-
 std::vector<float> musicalMix (std::uint32_t seed, double sampleRate, int count)
 {
     Random random (seed);

@@ -12,7 +12,6 @@ std::vector<float> whiteNoise (std::uint32_t seed, int count, double amplitude =
 /** Frequencies and sample rates in Hz, amplitudes linear; every signal starts at phase 0. */
 std::vector<float> sine (double frequency, double sampleRate, int count, double amplitude = 1.0);
 std::vector<float> logSweep (double from, double to, double sampleRate, int count, double amplitude = 1.0);
-std::vector<float> impulse (int count, int position = 0, double amplitude = 1.0);
 
 /** Decaying harmonic notes under noise bursts, eight a second; the peak stays below 1. */
 std::vector<float> musicalMix (std::uint32_t seed, double sampleRate, int count);

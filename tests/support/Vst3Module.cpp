@@ -74,22 +74,27 @@ void connect (Vst::IComponent& component, Vst::IEditController& controller, bool
         shouldConnect ? one->connect (other) : one->disconnect (other);
 }
 
-} // namespace
-
-std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
+std::vector<Vst::ParameterInfo> listed (Vst::IEditController& controller, bool thatSelectPrograms)
 {
     std::vector<Vst::ParameterInfo> result;
 
     for (int32 i = 0; i < controller.getParameterCount(); ++i)
     {
         Vst::ParameterInfo info {};
+        const bool isThere = controller.getParameterInfo (i, info) == kResultOk;
 
-        if (controller.getParameterInfo (i, info) == kResultOk &&
-            (info.flags & Vst::ParameterInfo::kIsProgramChange) == 0)
+        if (isThere && ((info.flags & Vst::ParameterInfo::kIsProgramChange) != 0) == thatSelectPrograms)
             result.push_back (info);
     }
 
     return result;
+}
+
+} // namespace
+
+std::vector<Vst::ParameterInfo> parametersOf (Vst::IEditController& controller)
+{
+    return listed (controller, false);
 }
 
 Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id)
@@ -101,16 +106,7 @@ Vst::ParamID parameterId (Vst::IEditController& controller, std::string_view id)
 
 Vst::ParamID programParameterId (Vst::IEditController& controller)
 {
-    for (int32 i = 0; i < controller.getParameterCount(); ++i)
-    {
-        Vst::ParameterInfo info {};
-        controller.getParameterInfo (i, info);
-
-        if ((info.flags & Vst::ParameterInfo::kIsProgramChange) != 0)
-            return info.id;
-    }
-
-    throw std::out_of_range ("no parameter selects programs");
+    return listed (controller, true).at (0).id;
 }
 
 Vst3Instance::Vst3Instance (Vst3Module& module)

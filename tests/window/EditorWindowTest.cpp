@@ -150,15 +150,27 @@ struct TableRig : ScreenRig
         saved = save();
     }
 
-    void prepare (Prepare what)
+    void startAgain()
     {
         for (int i = 0; i < 2 && editor->findOpenPopup() != nullptr; ++i)
             window->press ("Escape");
         restore (saved);
         pumpMessages (120);
+    }
+
+    void prepare (Prepare what)
+    {
+        startAgain();
         what (*this);
         set ("link", 0.0f); // programs have switched it on
         pumpMessages (120);
+    }
+
+    /** A press there would do something: the Tab key passes by what is dimmed. */
+    void enableAll()
+    {
+        clipboardText = "something";
+        prepare (loadAndUndo);
     }
 
     juce::MemoryBlock saved;
@@ -178,25 +190,35 @@ TEST (EditorWindow, EveryControlIsWorkedByTheMouse)
         EXPECT_TRUE (pumpMessagesUntil ([&] { return row.state (rig) != before; }, 2000)) << row.title;
     }
 
-    rig.prepare (nothing);
+    rig.startAgain();
+    const auto drag = [&rig] (juce::Component& control, juce::Point<int> from, Parameter parameter)
+    {
+        rig.set (infoOf (parameter).id, 0.4f);
+        pumpMessages (120);
+        rig.window->drag (control, from, from.translated (0, -40));
+        EXPECT_GT (rig.get (infoOf (parameter).id), 0.5f) << infoOf (parameter).id;
+    };
 
     for (const auto& [title, parameter] : knobRows())
     {
         auto& knob = *findTitled<quillon::ui_pro::controls::KnobControl> (*rig.editor, title);
-        const auto from = knob.getLocalBounds().getCentre();
-        rig.set (infoOf (parameter).id, 0.4f);
-        pumpMessages (120);
-        rig.window->drag (knob, from, from.translated (0, -40));
-        EXPECT_GT (rig.get (infoOf (parameter).id), 0.5f) << infoOf (parameter).id;
+        drag (knob, knob.getLocalBounds().getCentre(), parameter);
+    }
+
+    for (const auto& [lane, node, parameter] : nodeRows())
+    {
+        rig.startAgain();
+        auto& chart = rig.editor->getLane (lane).getChart();
+        drag (chart, chart.getNodes().position (node).roundToInt(), parameter);
     }
 }
 
-TEST (EditorWindow, EveryControlIsReachedByTheTabKey)
+TEST (EditorWindow, EveryControlIsReachedByTheTabKeyAndWorkedByKeys)
 {
     TableRig rig;
-    rig.clipboardText = "something"; // the Tab key passes by what is dimmed
-    rig.prepare (loadAndUndo);
+    rig.enableAll();
     rig.window->click (*rig.editor, { 5, 200 });
+    std::size_t next = 0;
 
     for (const auto& title : tabStops())
     {
@@ -207,8 +229,33 @@ TEST (EditorWindow, EveryControlIsReachedByTheTabKey)
             return focused != nullptr && focused->getTitle() == title;
         };
         ASSERT_TRUE (pumpMessagesUntil (isThere, 2000)) << title;
+        auto* const focused = juce::Component::getCurrentlyFocusedComponent();
+
+        if (const auto& row = buttonRows[next % std::size (buttonRows)]; title == row.title)
+        {
+            rig.prepare (row.prepare);
+            focused->grabKeyboardFocus(); // which a button loses when it is dimmed
+            const auto before = row.state (rig);
+            rig.window->press (next++ % 2 == 0 ? "Return" : "space");
+            EXPECT_TRUE (pumpMessagesUntil ([&] { return row.state (rig) != before; }, 2000)) << title;
+            rig.enableAll();
+            focused->grabKeyboardFocus();
+            continue;
+        }
+
+        for (const auto& [lane, node, parameter] : nodeRows())
+        {
+            if (focused != &rig.editor->getLane (lane).getChart())
+                continue;
+
+            const auto before = rig.get (infoOf (parameter).id);
+            rig.window->press ("Up");
+            EXPECT_NEAR (rig.get (infoOf (parameter).id), before + 0.01f, 1e-5f) << infoOf (parameter).id;
+            rig.window->press ("Right");
+        }
     }
 
+    EXPECT_EQ (next, std::size (buttonRows));
     EXPECT_TRUE (rig.window->keys.isEmpty()) << "the host gets none of these";
 }
 

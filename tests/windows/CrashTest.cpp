@@ -1,13 +1,9 @@
 // Makes a mistake in the module's place that no module can survive, and tells what Windows tells of such a crash: the
 // module's time stamp and the offsets in it of the fault and, further, of where the calls under it return to.
 
-#include <pluginterfaces/base/ipluginbase.h>
-
-#include <windows.h>
+#include "tests/windows/LoadedModule.h"
 
 #include <cstdint>
-#include <cstdio>
-#include <cstring>
 
 namespace
 {
@@ -53,9 +49,8 @@ int wmain (int argc, wchar_t* argv[])
         return 2;
     }
 
-    Steinberg::IPluginFactory*(__stdcall * getFactory)() = nullptr;
-    const auto address = GetProcAddress (module, "GetPluginFactory");
-    std::memcpy (&getFactory, &address, sizeof (getFactory));
+    const auto getFactory =
+        kestreleq::test::find<Steinberg::IPluginFactory*(__stdcall*)()> (module, "GetPluginFactory");
     SetUnhandledExceptionFilter (tellOfCrash);
 
     // A description is asked for, into memory that there is not.

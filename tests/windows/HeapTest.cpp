@@ -29,37 +29,26 @@ struct Watch
 {
     static inline Result (*original) (Arguments...) = nullptr;
 
-    /** Freeing nothing is no work. */
-    static bool counts (Arguments... arguments)
-    {
-        if constexpr (std::is_void_v<Result>)
-            return (... && (arguments != nullptr));
-        else
-            return true;
-    }
-
     static Result call (Arguments... arguments)
     {
-        if (GetCurrentThreadId() == watchedThread && counts (arguments...))
+        // Freeing nothing is no work.
+        if (GetCurrentThreadId() == watchedThread && (! std::is_void_v<Result> || (... && (arguments != Arguments {}))))
             ++calls;
 
         return original (arguments...);
     }
 
-    static void* replace (void* function)
+    static ULONGLONG replace (ULONGLONG function)
     {
-        std::memcpy (&original, &function, sizeof (original));
-        auto* const own = &call;
-        void* result = nullptr;
-        std::memcpy (&result, &own, sizeof (result));
-        return result;
+        original = reinterpret_cast<decltype (original)> (function);
+        return reinterpret_cast<ULONGLONG> (&call);
     }
 };
 
 struct Watched
 {
     const char* name;
-    void* (*replace) (void*);
+    ULONGLONG (*replace) (ULONGLONG);
 };
 
 const std::array<Watched, 7> heap { {
@@ -104,29 +93,13 @@ int watch (HMODULE module)
                 {
                     DWORD access = 0;
                     VirtualProtect (&functions->u1.Function, sizeof (functions->u1.Function), PAGE_READWRITE, &access);
-                    auto* const own = replace (reinterpret_cast<void*> (functions->u1.Function));
-                    functions->u1.Function = reinterpret_cast<ULONGLONG> (own);
+                    functions->u1.Function = replace (functions->u1.Function);
                     ++found;
                 }
         }
     }
 
     return found;
-}
-
-template <typename Function>
-int heapCallsOfAFreshThread (const Function& function)
-{
-    calls = 0;
-    std::thread (
-        [&]
-        {
-            watchedThread = GetCurrentThreadId();
-            function();
-            watchedThread = 0;
-        })
-        .join();
-    return calls;
 }
 
 /** Blocks with every parameter automated; the first comes on a thread that the module has never seen. */
@@ -164,12 +137,19 @@ int test (const char* path)
     if (calls == 0)
         throw Failure ("the module's heap functions are not counted");
 
-    const auto preparing = calls.load();
-    int inBlocks = 0;
+    const auto preparing = calls.exchange (0);
 
-    for (int thread = 0; thread < 3; ++thread)
-        inBlocks += heapCallsOfAFreshThread ([&] { playBlocks (module); });
+    for (int i = 0; i < 3; ++i)
+        std::thread (
+            [&]
+            {
+                watchedThread = GetCurrentThreadId();
+                playBlocks (module);
+                watchedThread = 0;
+            })
+            .join();
 
+    const auto inBlocks = calls.load();
     std::printf ("%d calls of the heap while preparing, %d in 1200 blocks of 3 fresh threads\n", preparing, inBlocks);
     return inBlocks == 0 ? 0 : 1;
 }
