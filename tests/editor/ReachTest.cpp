@@ -156,6 +156,21 @@ void expectSpoken (juce::Component& component)
     }
 }
 
+TEST (Reach, EveryNodeTellsItsValue)
+{
+    WideRig rig;
+
+    for (const auto& [lane, node, parameter] : nodeRows())
+    {
+        auto& chart = rig.editor->getLane (lane).getChart();
+        for (chart.grabKeyboardFocus(); chart.getFocusedNode() != node;)
+            ASSERT_TRUE (rig.press (juce::KeyPress::rightKey, 0));
+        EXPECT_TRUE (chart.getAccessibilityHandler()->getValueInterface()->getCurrentValueAsString().startsWith (
+            juce::String (laneKnobs[node].caption) + " " +
+            rig.parameter (infoOf (parameter).id).getCurrentValueAsText()));
+    }
+}
+
 TEST (Reach, WhatIsHeardHasAKindAndANameAndDecorationIsNotHeard)
 {
     WideRig rig;

@@ -77,5 +77,14 @@ TEST (EngineDenormals, SilenceAfterLoudAudioMeetsNone)
 
 #endif
 
+TEST (Denormals, TheHostsSettingStaysAsItWas)
+{
+    ProcessorRig rig;
+    Stereo audio { whiteNoise (1, 512), whiteNoise (2, 512) };
+    rig.process (audio);
+    volatile auto tiny = std::numeric_limits<float>::min();
+    EXPECT_GT (tiny / 2.0f, 0.0f);
+}
+
 } // namespace
 } // namespace kestreleq::test
